@@ -1,0 +1,33 @@
+#pragma once
+// A large base for the benchmarks, made from the model base: 100 clubs,
+// 20,000 licences, 300,000 performances and 50,000 results.
+
+#include "frame/services.h"
+
+#include <QString>
+
+namespace plouvarine::bench {
+
+struct LargeBaseSize {
+    int clubs = 100;
+    int licences = 20000;
+    int performances = 300000;
+    int results = 50000;
+};
+
+// Writes the large base at `path` (replacing it) from the model base.
+void generate_large_base(const QString& model, const QString& path, const LargeBaseSize& size = {});
+
+// Services that answer every question with its default and show nothing.
+class SilentServices : public Services {
+public:
+    Button message_box(const Message& m) override { return m.yes_no ? m.default_button : Button::Ok; }
+    QString file_dialog(const FileDialogRequest&) override { return {}; }
+    QString browse_folder(const QString&) override { return {}; }
+    void show_report(const QString&, const std::vector<ReportLine>&) override {}
+    void set_status(int, const QString&) override {}
+    void push_wait_cursor() override {}
+    void pop_wait_cursor() override {}
+};
+
+}  // namespace plouvarine::bench

@@ -1,0 +1,29 @@
+#include "frame/app_context.h"
+
+#include "frame/files.h"
+
+namespace plouvarine {
+
+AppContext::AppContext(Services& ui_, QString app_dir) : ui(ui_), app_dir_(std::move(app_dir))
+{
+    db.set_services(&ui);
+}
+
+QString AppContext::app_file(const QString& name) const
+{
+    return path_join(app_dir_, name);
+}
+
+QString AppContext::tempo_dir() const
+{
+    return app_file(QStringLiteral("tempo"));
+}
+
+void AppContext::enable_menus(bool base_open)
+{
+    menus_base_open_ = base_open;
+    if (on_enable_menus)
+        on_enable_menus(base_open);
+}
+
+}  // namespace plouvarine

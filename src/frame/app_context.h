@@ -1,0 +1,63 @@
+#pragma once
+// The application: one object that the frame owns and every operation is given.
+// It holds the state, the one connection, the person's services and the clock.
+
+#include "frame/app_state.h"
+#include "frame/clock.h"
+#include "frame/services.h"
+#include "store/database.h"
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+namespace plouvarine {
+
+class AppContext;
+
+// The steps that later subsystems add to the opening of a base. Each is run in
+// its place by the open and new sequences when it is set.
+struct OpeningHooks {
+    // "Contrôle Club": declares the first club when the base has none.
+    std::function<void(AppContext&)> check_club;
+    // "Lecture profil": reads the current profile into the state.
+    std::function<void(AppContext&)> read_profile;
+    // "Mise à jour des compétitions", run at each opening.
+    std::function<void(AppContext&)> competitions_rollover;
+    // "Mise à jour des licences": the purge, then the yearly roll-over.
+    std::function<void(AppContext&)> licences_maintenance;
+    // Release of the performance monitor at the end of work.
+    std::function<void(AppContext&)> release_monitor;
+};
+
+class AppContext {
+public:
+    AppContext(Services& ui, QString app_dir);
+
+    AppState state;
+    Database db;
+    Services& ui;
+    Clock clock;
+    OpeningHooks hooks;
+
+    // The application folder: the folder of the executable.
+    const QString& app_dir() const { return app_dir_; }
+    QString app_file(const QString& name) const;
+    // The work folder "tempo" of the application folder.
+    QString tempo_dir() const;
+
+    // Sets the menus for a base open or closed. The frame listens to it.
+    void enable_menus(bool base_open);
+    bool menus_base_open() const { return menus_base_open_; }
+    std::function<void(bool)> on_enable_menus;
+
+    bool is_busy() const { return state.busy_count >= 1; }
+    void busy_inc() { ++state.busy_count; }
+    void busy_dec() { if (state.busy_count > 0) --state.busy_count; }
+
+private:
+    QString app_dir_;
+    bool menus_base_open_ = false;
+};
+
+}  // namespace plouvarine

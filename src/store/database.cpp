@@ -1,0 +1,355 @@
+#include "store/database.h"
+
+#include "frame/errors.h"
+#include "frame/services.h"
+#include "store/collation.h"
+#include "store/dialect.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace plouvarine {
+
+namespace {
+
+// A prepared statement that finalizes itself.
+class Statement {
+public:
+    Statement(sqlite3* db, const QString& sql)
+    {
+        const QByteArray utf8 = sql.toUtf8();
+        rc_ = sqlite3_prepare_v2(db, utf8.constData(), int(utf8.size()), &stmt_, nullptr);
+    }
+    ~Statement() { sqlite3_finalize(stmt_); }
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    int rc() const { return rc_; }
+    sqlite3_stmt* get() const { return stmt_; }
+
+private:
+    sqlite3_stmt* stmt_ = nullptr;
+    int rc_ = SQLITE_OK;
+};
+
+QString number_text(double d)
+{
+    // The plain form of a number: no exponent for the values a base holds,
+    // a point as the decimal separator, no trailing zeros.
+    QString s = QString::number(d, 'f', 10);
+    if (s.contains(QLatin1Char('.'))) {
+        while (s.endsWith(QLatin1Char('0'))) s.chop(1);
+        if (s.endsWith(QLatin1Char('.'))) s.chop(1);
+    }
+    if (s == QLatin1String("-0"))
+        s = QStringLiteral("0");
+    return s;
+}
+
+bool is_boolean_column(sqlite3_stmt* stmt, int column)
+{
+    const char* decl = sqlite3_column_decltype(stmt, column);
+    return decl && sqlite3_stricmp(decl, "BOOLEAN") == 0;
+}
+
+QString value_text(sqlite3_stmt* stmt, int column, bool boolean)
+{
+    switch (sqlite3_column_type(stmt, column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER: {
+        const sqlite3_int64 v = sqlite3_column_int64(stmt, column);
+        if (boolean)
+            return v ? QStringLiteral("Vrai") : QStringLiteral("Faux");
+        return QString::number(v);
+    }
+    case SQLITE_FLOAT: {
+        const double v = sqlite3_column_double(stmt, column);
+        if (boolean)
+            return v != 0 ? QStringLiteral("Vrai") : QStringLiteral("Faux");
+        return number_text(v);
+    }
+    default:
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, column)),
+                                 sqlite3_column_bytes(stmt, column));
+    }
+}
+
+}  // namespace
+
+Database::Database() = default;
+
+Database::~Database()
+{
+    close();
+}
+
+QString Database::lock_path(const QString& base_path)
+{
+    return base_path.left(base_path.size() - 3) + QStringLiteral("ldb");
+}
+
+bool Database::lock_held(const QString& base_path)
+{
+    const QString lock = lock_path(base_path);
+    if (!QFileInfo::exists(lock))
+        return false;
+    const int fd = ::open(QFile::encodeName(lock).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return true;  // there, but we cannot even look at it: count it as held
+    const bool held = ::flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(fd);
+    return held;
+}
+
+QStringList Database::sibling_files(const QString& base_path)
+{
+    return {base_path + QStringLiteral("-journal"), base_path + QStringLiteral("-wal"),
+            base_path + QStringLiteral("-shm")};
+}
+
+void Database::prepare_connection(sqlite3* db)
+{
+    register_collation(db);
+    sqlite3_extended_result_codes(db, 1);
+    sqlite3_busy_timeout(db, 2000);
+}
+
+void Database::open(const QString& path)
+{
+    close();
+    if (lock_held(path))
+        throw DbError(SQLITE_BUSY, QStringLiteral("La base est ouverte par une autre application."));
+
+    sqlite3* db = nullptr;
+    const QByteArray file = QFile::encodeName(path);
+    // No SQLITE_OPEN_CREATE: opening a missing file is an error, not a new base.
+    const int rc = sqlite3_open_v2(file.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX, nullptr);
+    if (rc != SQLITE_OK) {
+        const QString msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
+        sqlite3_close(db);
+        throw DbError(rc, msg + QStringLiteral(" (") + path + QLatin1Char(')'));
+    }
+    prepare_connection(db);
+    db_ = db;
+    path_ = path;
+    try {
+        // Reading the schema proves the file is a base; the write-ahead log keeps
+        // each statement's commit cheap, and a clean close folds it back.
+        exec_sql(QStringLiteral("PRAGMA journal_mode=WAL"));
+        exec_sql(QStringLiteral("PRAGMA synchronous=NORMAL"));
+        exec_sql(QStringLiteral("PRAGMA foreign_keys=OFF"));
+        if (sqlite3_db_readonly(db_, "main") == 1)
+            throw DbError(SQLITE_READONLY, QStringLiteral("La base est en lecture seule (") + path + QLatin1Char(')'));
+    } catch (...) {
+        sqlite3_close_v2(db_);
+        db_ = nullptr;
+        path_.clear();
+        throw;
+    }
+
+    const QByteArray lock = QFile::encodeName(lock_path(path));
+    lock_fd_ = ::open(lock.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    if (lock_fd_ >= 0 && ::flock(lock_fd_, LOCK_EX | LOCK_NB) != 0) {
+        ::close(lock_fd_);
+        lock_fd_ = -1;
+    }
+}
+
+void Database::close()
+{
+    if (db_) {
+        sqlite3_close_v2(db_);
+        db_ = nullptr;
+    }
+    if (lock_fd_ >= 0) {
+        ::unlink(QFile::encodeName(lock_path(path_)).constData());
+        ::close(lock_fd_);
+        lock_fd_ = -1;
+    }
+    path_.clear();
+}
+
+void Database::raise(const QString& context) const
+{
+    const int code = db_ ? sqlite3_extended_errcode(db_) : SQLITE_MISUSE;
+    QString text = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("Aucune base ouverte.");
+    if (!context.isEmpty())
+        text += QStringLiteral(" : ") + context;
+    throw DbError(code, text);
+}
+
+void Database::exec_sql(const QString& sql)
+{
+    if (!db_)
+        raise();
+    Statement stmt(db_, jet_to_sqlite(sql));
+    if (stmt.rc() != SQLITE_OK)
+        raise(sql);
+    int rc;
+    while ((rc = sqlite3_step(stmt.get())) == SQLITE_ROW) {
+    }
+    if (rc != SQLITE_DONE)
+        raise(sql);
+}
+
+Rows Database::load_rows(const QString& sql, bool doubled)
+{
+    if (!db_)
+        raise();
+    Statement stmt(db_, jet_to_sqlite(sql));
+    if (stmt.rc() != SQLITE_OK) {
+        try {
+            raise(sql);
+        } catch (const DbError& e) {
+            if (ui_)
+                msg_erreur(*ui_, QStringLiteral("La requête suivante n'a pu être exécutée : ") + sql, &e);
+            throw;
+        }
+    }
+    const int n = sqlite3_column_count(stmt.get());
+    QStringList names;
+    std::vector<bool> boolean(size_t(n > 0 ? n : 0));
+    for (int c = 0; c < n; ++c) {
+        names << QString::fromUtf8(sqlite3_column_name(stmt.get(), c));
+        boolean[size_t(c)] = is_boolean_column(stmt.get(), c);
+    }
+    Rows rows(names);
+    int rc;
+    while ((rc = sqlite3_step(stmt.get())) == SQLITE_ROW) {
+        for (int c = 0; c < n; ++c) {
+            QString v = value_text(stmt.get(), c, boolean[size_t(c)]);
+            if (doubled)
+                v.replace(QLatin1Char('\''), QStringLiteral("''"));
+            rows.append(c, v);
+        }
+    }
+    if (rc != SQLITE_DONE)
+        raise(sql);
+    return rows;
+}
+
+int Database::count_query(const QString& sql)
+{
+    if (!db_)
+        raise();
+    Statement stmt(db_, jet_to_sqlite(sql));
+    if (stmt.rc() != SQLITE_OK)
+        raise(sql);
+    const int rc = sqlite3_step(stmt.get());
+    if (rc == SQLITE_DONE)
+        throw DbError(SQLITE_NOTFOUND, QStringLiteral("Aucun enregistrement : ") + sql);
+    if (rc != SQLITE_ROW)
+        raise(sql);
+    return int(sqlite3_column_int64(stmt.get(), 0));
+}
+
+void Database::set_last_close(const QString& value)
+{
+    exec_sql(QStringLiteral("Update Info Set LastClose = ") + value);
+}
+
+void Database::clear_table(const QString& name)
+{
+    exec_sql(QStringLiteral("delete from ") + name);
+}
+
+QString Database::append_row(const QString& table, const std::vector<std::pair<QString, QVariant>>& fields,
+                             const QString& key_column)
+{
+    if (!db_)
+        raise();
+    QStringList columns, marks;
+    for (const auto& f : fields) {
+        columns << f.first;
+        marks << QStringLiteral("?");
+    }
+    QString sql = QStringLiteral("INSERT INTO ") + table;
+    sql += fields.empty() ? QStringLiteral(" DEFAULT VALUES")
+                          : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
+                                marks.join(QStringLiteral(", ")) + QLatin1Char(')');
+    Statement stmt(db_, sql);
+    if (stmt.rc() != SQLITE_OK)
+        raise(sql);
+    int i = 1;
+    for (const auto& f : fields) {
+        const QVariant& v = f.second;
+        int rc;
+        if (v.isNull())
+            rc = sqlite3_bind_null(stmt.get(), i);
+        else if (v.typeId() == QMetaType::Bool || v.typeId() == QMetaType::Int || v.typeId() == QMetaType::LongLong)
+            rc = sqlite3_bind_int64(stmt.get(), i, v.toLongLong());
+        else if (v.typeId() == QMetaType::Double)
+            rc = sqlite3_bind_double(stmt.get(), i, v.toDouble());
+        else {
+            const QByteArray t = v.toString().toUtf8();
+            rc = sqlite3_bind_text(stmt.get(), i, t.constData(), int(t.size()), SQLITE_TRANSIENT);
+        }
+        if (rc != SQLITE_OK)
+            raise(sql);
+        ++i;
+    }
+    if (sqlite3_step(stmt.get()) != SQLITE_DONE)
+        raise(sql);
+    const sqlite3_int64 rowid = sqlite3_last_insert_rowid(db_);
+    const Rows key = load_rows(QStringLiteral("SELECT ") + key_column + QStringLiteral(" FROM ") + table +
+                               QStringLiteral(" WHERE rowid = ") + QString::number(rowid));
+    return key.first().trimmed();
+}
+
+void Database::snapshot_to(const QString& target) const
+{
+    if (!db_)
+        raise();
+    sqlite3* out = nullptr;
+    const QByteArray file = QFile::encodeName(target);
+    int rc = sqlite3_open_v2(file.constData(), &out, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    if (rc == SQLITE_OK) {
+        prepare_connection(out);
+        sqlite3_backup* backup = sqlite3_backup_init(out, "main", db_, "main");
+        if (backup) {
+            rc = sqlite3_backup_step(backup, -1);
+            sqlite3_backup_finish(backup);
+            rc = rc == SQLITE_DONE ? SQLITE_OK : rc;
+        } else {
+            rc = sqlite3_errcode(out);
+        }
+        // The copy is a file at rest: no write-ahead log beside it.
+        if (rc == SQLITE_OK)
+            rc = sqlite3_exec(out, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
+    }
+    const QString msg = out ? QString::fromUtf8(sqlite3_errmsg(out)) : QString();
+    sqlite3_close_v2(out);
+    if (rc != SQLITE_OK) {
+        QFile::remove(target);
+        throw DbError(rc, msg + QStringLiteral(" (") + target + QLatin1Char(')'));
+    }
+}
+
+void Database::compact_file(const QString& source, const QString& target)
+{
+    sqlite3* db = nullptr;
+    int rc = sqlite3_open_v2(QFile::encodeName(source).constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
+    QString msg;
+    if (rc == SQLITE_OK) {
+        prepare_connection(db);
+        QString into = target;
+        into.replace(QLatin1Char('\''), QStringLiteral("''"));
+        const QByteArray sql = (QStringLiteral("VACUUM INTO '") + into + QLatin1Char('\'')).toUtf8();
+        rc = sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr);
+    }
+    if (rc != SQLITE_OK)
+        msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
+    sqlite3_close_v2(db);
+    if (rc != SQLITE_OK) {
+        QFile::remove(target);
+        throw DbError(rc, msg);
+    }
+}
+
+}  // namespace plouvarine

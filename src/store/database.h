@@ -1,0 +1,89 @@
+#pragma once
+// The one connection to the open base (`cn_base`).
+//
+// Rule: one thread. The application context owns the only Database; every read
+// and write of the system goes through it, statement by statement, with no
+// transaction. Statements arrive in the Jet dialect the commands compose and are
+// rewritten by jet_to_sqlite before they reach SQLite. A read brings its whole
+// result into a Rows value: nobody holds a cursor across calls.
+//
+// While a base is open its lock file (the path with "ldb" in place of the last
+// three characters) holds an advisory lock, so that another process can tell a
+// live base from what a crash left behind.
+
+#include "store/rows.h"
+
+#include <QString>
+#include <QVariant>
+#include <utility>
+#include <vector>
+
+struct sqlite3;
+
+namespace plouvarine {
+
+class Services;
+
+class Database {
+public:
+    Database();
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    // Opens the base file read-write and takes its lock. Throws DbError.
+    void open(const QString& path);
+    // Closes the connection as it stands (no write), releases and removes the lock.
+    void close();
+    bool is_open() const { return db_ != nullptr; }
+    const QString& path() const { return path_; }
+    sqlite3* handle() const { return db_; }
+
+    // Where `open_read` reports a statement that cannot run (may be null).
+    void set_services(Services* ui) { ui_ = ui; }
+
+    // Runs a statement that returns no rows. Throws DbError.
+    void exec_sql(const QString& sql);
+    // Reads a whole result as texts: null as the empty text, booleans as
+    // "Vrai"/"Faux", numbers in their plain form with a point. With `doubled`,
+    // apostrophes come back doubled, ready to be joined into another statement.
+    // A statement that cannot run is shown to the person ("La requête suivante
+    // n'a pu être exécutée : ") and the error goes on to the caller.
+    Rows load_rows(const QString& sql, bool doubled = false);
+    // The first field of the first row as a whole number; no row is an error.
+    int count_query(const QString& sql);
+    // "Update Info Set LastClose = " followed by the value, unquoted.
+    void set_last_close(const QString& value);
+    // "delete from " followed by the table name.
+    void clear_table(const QString& name);
+    // Adds one row with the given fields and gives back the key that the engine
+    // numbered, as text (the way a table opened for append reads it back).
+    QString append_row(const QString& table, const std::vector<std::pair<QString, QVariant>>& fields,
+                       const QString& key_column);
+
+    // Writes a consistent copy of the open base to `target` (online backup),
+    // whatever the journal holds. Throws DbError.
+    void snapshot_to(const QString& target) const;
+
+    // Writes a compacted copy of the base file `source` (not open) to `target`.
+    static void compact_file(const QString& source, const QString& target);
+
+    // The lock file of a base path, and whether a live process holds it.
+    static QString lock_path(const QString& base_path);
+    static bool lock_held(const QString& base_path);
+    // The engine's sibling files of a base path (journal, write-ahead log, shared memory).
+    static QStringList sibling_files(const QString& base_path);
+
+    // Registers the text comparison and the dialect's functions on a connection.
+    static void prepare_connection(sqlite3* db);
+
+private:
+    [[noreturn]] void raise(const QString& context = {}) const;
+
+    sqlite3* db_ = nullptr;
+    QString path_;
+    int lock_fd_ = -1;
+    Services* ui_ = nullptr;
+};
+
+}  // namespace plouvarine

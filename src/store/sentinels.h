@@ -1,0 +1,18 @@
+#pragma once
+// The two rows every base holds to stand for no swimmer and no pool, both named
+// "Null": the licence nulle fills an empty place of a relay, the piscine de
+// référence stands for a competition without a pool. Made when missing.
+
+#include <QString>
+
+namespace plouvarine {
+
+class AppContext;
+
+// Gives Licence.Num of the sentinel swimmer, creating it under the current club
+// when missing; the empty text after an error (already reported).
+QString check_licence_nulle(AppContext& app);
+// Creates the reference pool when missing.
+void check_piscine_reference(AppContext& app);
+
+}  // namespace plouvarine

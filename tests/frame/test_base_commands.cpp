@@ -1,0 +1,418 @@
+// The commands that make a base current and end the work with it, on real
+// files: opening controls, the save table, crash recovery and the close paths.
+
+#include "frame/base_commands.h"
+#include "frame/zip.h"
+#include "store/access.h"
+#include "store/save.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::ScriptedServices;
+
+namespace {
+
+const QString kCrashQuestion = QStringLiteral("La base n'a pas été correctement fermée lors de la dernière utilisation.\n"
+                                              "Reprendre la base depuis la dernière sauvegarde trouvée ?");
+const QString kLoseUnsaved = QStringLiteral("Les données non sauvegardées seront effacées. Continuer ?");
+
+QByteArray read_all(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+class BaseCommandsTest : public AppFixture {
+protected:
+    void open(const QString& path)
+    {
+        ui.files.push_back(path);
+        open_base_command(*app);
+    }
+    void add_pool(const QString& name)
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('%1');").arg(name));
+    }
+    QStringList pools()
+    {
+        return app->db.load_rows(QStringLiteral("select Nom from Piscine where Nom <> 'Null' order by Nom")).column(0);
+    }
+    QString flag() { return app->db.load_rows(QStringLiteral("select LastClose from Info")).first(); }
+
+    // Opens the base in a child process, runs `work` there and kills the child
+    // before anything closes: what a crash or a power cut leaves.
+    template <typename Work>
+    void crash_during(const QString& path, Work work)
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            ScriptedServices child_ui;
+            AppContext child_app(child_ui, app->app_dir());
+            child_ui.files.push_back(path);
+            open_base_command(child_app);
+            if (!child_app.db.is_open())
+                _exit(3);
+            work(child_app);
+            kill(getpid(), SIGKILL);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "child ended with " << status;
+    }
+
+    void set_version(const QString& path, const QString& version)
+    {
+        Database db;
+        db.open(path);
+        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
+        db.close();
+    }
+
+    void write_upgrade_file(const QString& content)
+    {
+        QFile f(app->app_file(QStringLiteral("maj_base.ini")));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content.toUtf8());
+    }
+};
+
+}  // namespace
+
+TEST_F(BaseCommandsTest, OpeningABaseAtVersionThree)
+{
+    const QString base = make_base();
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_TRUE(app->menus_base_open());
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    EXPECT_EQ(ui.file_requests.at(0).title, QStringLiteral("Ouvrir une Base"));
+    EXPECT_EQ(ui.file_requests.at(0).filter, QStringLiteral("Base de données (*.mdb)|*.mdb"));
+    // The captions in their order, the crash control before the version control.
+    const QStringList steps = ui.status_history;
+    EXPECT_LT(steps.indexOf(QStringLiteral("Contrôle Version Base")), steps.indexOf(QStringLiteral("Contrôle Club")));
+    EXPECT_LT(steps.indexOf(QStringLiteral("Lecture profil")), steps.indexOf(QStringLiteral("Contrôle Nageur et Piscine")));
+    EXPECT_LT(steps.indexOf(QStringLiteral("Mise à jour des licences")), steps.indexOf(QStringLiteral("Création sauvegarde")));
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
+
+    // The sentinels are made once, the licence nulle invisible with licence "1".
+    const Rows nulle = app->db.load_rows(QStringLiteral("select Num, Licence, Visible from Licence where Nom = 'Null'"));
+    ASSERT_EQ(nulle.size(), 1);
+    EXPECT_EQ(nulle.value(0, 0), app->state.num_lic_nulle);
+    EXPECT_EQ(nulle.value(0, 1), QStringLiteral("1"));
+    EXPECT_EQ(nulle.value(0, 2), QStringLiteral("Faux"));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom = 'Null'")), 1);
+    ASSERT_EQ(quit_command(*app), QuitOutcome::Stay);  // default No
+    ui.answers.push_back(Button::Yes);
+    ASSERT_EQ(quit_command(*app), QuitOutcome::Quit);
+    open(base);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence where Nom = 'Null'")), 1);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom = 'Null'")), 1);
+}
+
+TEST_F(BaseCommandsTest, OpeningRefusesWhatIsNotAnUsableBase)
+{
+    // An upper-case extension, though the file is a base.
+    const QString upper = make_base(QStringLiteral("x.MDB"));
+    open(upper);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Mauvais format de fichier.")});
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_EQ(app->state.base_path, upper);
+
+    // Fewer than five characters: the dialog was cancelled.
+    ui.clear();
+    app->state.base_path.clear();
+    open(QStringLiteral("a.md"));
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(app->state.base_path.isEmpty());
+
+    // A text file named like a base.
+    ui.clear();
+    const QString text = work_file(QStringLiteral("notes.mdb"));
+    {
+        QFile f(text);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("liste des nageurs\n");
+    }
+    open(text);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, QStringLiteral("Erreur lors de la connexion à la base."));
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(app->menus_base_open());
+    EXPECT_FALSE(QFile::exists(save_path(text)));
+}
+
+TEST_F(BaseCommandsTest, ABaseWithoutInfoIsClosedAgain)
+{
+    const QString base = make_base();
+    {
+        Database db;
+        db.open(base);
+        db.exec_sql(QStringLiteral("DROP TABLE Info"));
+        db.close();
+    }
+    open(base);
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(app->menus_base_open());
+    EXPECT_EQ(app->state.base_path, base);
+    ASSERT_FALSE(ui.messages.empty());
+    EXPECT_TRUE(ui.messages.back().text.endsWith(
+        QStringLiteral("Cette base n'est pas valide.\nImpossible de retrouver la version.")));
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+}
+
+TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 2]\nmaj1=CREATE TABLE Ajout_v3 (x INTEGER)\n"));
+    const QString base = make_base();
+    set_version(base, QStringLiteral("2.9"));
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    ASSERT_EQ(ui.reports.size(), 1u);
+    EXPECT_EQ(ui.reports[0].title, QStringLiteral("Mise à jour de la base"));
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select Version from Info")).first(), QStringLiteral("3"));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Ajout_v3")), 0);
+
+    // A version that starts with a letter reads as 0 and is upgraded too: with
+    // no section for 0 nothing runs and the version written is 0.
+    ui.clear();
+    const QString odd = make_base(QStringLiteral("odd.mdb"));
+    set_version(odd, QStringLiteral("'v3'"));
+    open(odd);
+    ASSERT_EQ(ui.reports.size(), 1u);
+}
+
+TEST_F(BaseCommandsTest, ABaseHeldByAnotherProcessIsRefused)
+{
+    const QString base = make_base();
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        Database db;
+        db.open(base);
+        char c = 1;
+        (void)!write(ready[1], &c, 1);
+        pause();
+        _exit(0);
+    }
+    char c;
+    ASSERT_EQ(read(ready[0], &c, 1), 1);
+    open(base);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Une connexion est déjà active sur la base.\n"
+                                                     "Vérifier qu'elle n'est pas ouverte dans une autre application.")});
+    EXPECT_FALSE(app->db.is_open());
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+}
+
+TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
+{
+    const QString base = make_base();
+    open(base);
+    add_pool(QStringLiteral("Avant"));
+    save_command(*app);
+    app->db.close();  // as if the window were gone: the flag stays false
+    const QByteArray saved = read_all(save_path(base));
+
+    crash_during(base, [](AppContext& a) {
+        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
+    });
+    ui.clear();
+    ui.answers.push_back(Button::Yes);
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    ASSERT_EQ(ui.titled(QStringLiteral("Confirmation")).size(), 1u);
+    const Message question = ui.titled(QStringLiteral("Confirmation"))[0];
+    EXPECT_EQ(question.text, kCrashQuestion);
+    EXPECT_EQ(question.default_button, Button::Yes);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Avant")});
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_EQ(read_all(save_path(base)), saved) << "a restored base keeps the save it came from";
+}
+
+TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredNo)
+{
+    const QString base = make_base();
+    open(base);
+    add_pool(QStringLiteral("Avant"));
+    save_command(*app);
+    app->db.close();
+
+    crash_during(base, [](AppContext& a) {
+        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
+    });
+    ui.clear();
+    ui.answers.push_back(Button::No);
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(pools(), (QStringList{QStringLiteral("Avant"), QStringLiteral("Pendant")}));
+    // The save now holds the crashed state.
+    ASSERT_TRUE(cancel_operations(*app));
+    EXPECT_EQ(pools(), (QStringList{QStringLiteral("Avant"), QStringLiteral("Pendant")}));
+}
+
+TEST_F(BaseCommandsTest, CrashWithTheSaveRemovedByHand)
+{
+    const QString base = make_base();
+    crash_during(base, [](AppContext& a) {
+        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
+    });
+    ASSERT_TRUE(QFile::remove(save_path(base)));
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("La base n'a pas été correctement fermée lors de la dernière utilisation\n"
+                                                     "La dernière sauvegarde n'a pas été trouvée.\n"
+                                                     "Il serait bon de reprendre la base depuis la dernière archive.")});
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Pendant")});
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+}
+
+TEST_F(BaseCommandsTest, CancelThenCrashGoesUnnoticed)
+{
+    const QString base = make_base();
+    crash_during(base, [](AppContext& a) {
+        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Annulé');"));
+        cancel_operations(a);
+        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Après annulation');"));
+    });
+    open(base);
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_TRUE(ui.titled(QStringLiteral("Confirmation")).empty());
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Après annulation")});
+}
+
+TEST_F(BaseCommandsTest, NewBaseFromTheModel)
+{
+    const QString target = work_file(QStringLiteral("nouvelle.mdb"));
+    {
+        QFile old(target);
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write("une ancienne base remplacée");
+    }
+    ui.files.push_back(target);
+    new_base_command(*app);
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
+    EXPECT_EQ(ui.file_requests.at(0).title, QStringLiteral("Nouvelle Base"));
+    EXPECT_TRUE(ui.file_requests.at(0).confirm_overwrite);
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_TRUE(QFile::exists(save_path(target)));
+    EXPECT_FALSE(app->state.num_lic_nulle.isEmpty());
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Club")), 0);
+    EXPECT_GT(app->db.count_query(QStringLiteral("select count(*) from Nage")), 0);
+}
+
+TEST_F(BaseCommandsTest, NewBaseWithoutTheModel)
+{
+    QFile::remove(app->app_file(QStringLiteral("modele_base.sav")));
+    const QString target = work_file(QStringLiteral("nouvelle.mdb"));
+    ui.files.push_back(target);
+    new_base_command(*app);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Modèle de base non trouvée.\n"
+                                                     "Impossible de continuer, le programme va être terminé.\n"
+                                                     "Contactez le fournisseur.")});
+    EXPECT_FALSE(QFile::exists(target));
+    EXPECT_FALSE(app->db.is_open());
+}
+
+TEST_F(BaseCommandsTest, TheCloseBoxSavesOrRestores)
+{
+    const QString base = make_base();
+    open(base);
+    add_pool(QStringLiteral("Gardé"));
+    ui.answers.push_back(Button::Yes);
+    ASSERT_TRUE(query_close(*app));
+    EXPECT_EQ(ui.messages.back().text, QStringLiteral("Sauvegarder les données ?"));
+    EXPECT_EQ(ui.messages.back().default_button, Button::No);
+    unload_main(*app);
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+
+    open(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
+    add_pool(QStringLiteral("Perdu"));
+    ui.answers.push_back(Button::No);
+    ASSERT_TRUE(query_close(*app));
+    unload_main(*app);
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    connect(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
+    EXPECT_EQ(flag(), QStringLiteral("Vrai"));
+}
+
+TEST_F(BaseCommandsTest, FermerRestoresAndQuitterKeeps)
+{
+    const QString base = make_base();
+    open(base);
+    add_pool(QStringLiteral("Perdu"));
+    ui.answers.push_back(Button::Yes);
+    close_command(*app);
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_TRUE(app->state.base_path.isEmpty());
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_FALSE(app->menus_base_open());
+
+    open(base);
+    EXPECT_TRUE(pools().isEmpty());
+    add_pool(QStringLiteral("Gardé malgré la question"));
+    ui.answers.push_back(Button::Yes);
+    EXPECT_EQ(quit_command(*app), QuitOutcome::Quit);
+    EXPECT_EQ(ui.messages.back().text, kLoseUnsaved);
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    connect(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé malgré la question")});
+    EXPECT_EQ(flag(), QStringLiteral("Vrai"));
+}
+
+TEST_F(BaseCommandsTest, OpenWindowsStopTheEndOfWork)
+{
+    const QString base = make_base();
+    open(base);
+    app->busy_inc();
+    ui.clear();
+    EXPECT_FALSE(query_close(*app));
+    close_command(*app);
+    EXPECT_EQ(quit_command(*app), QuitOutcome::Refused);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(app->db.is_open());
+    app->busy_dec();
+    EXPECT_FALSE(app->is_busy());
+}
+
+TEST_F(BaseCommandsTest, SaveAndCancelCommands)
+{
+    const QString base = make_base();
+    open(base);
+    app->db.exec_sql(QStringLiteral("INSERT INTO Licence_tempo (Num, Nom) VALUES (7, 'En attente');"));
+    add_pool(QStringLiteral("Enregistré"));
+    save_command(*app);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence_tempo")), 0);
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    add_pool(QStringLiteral("Annulé"));
+
+    int profile_reads = 0;
+    app->hooks.read_profile = [&](AppContext&) { ++profile_reads; };
+    cancel_command(*app);  // default No: nothing restored, the profile is read again
+    EXPECT_EQ(ui.messages.back().text, QStringLiteral("Annuler toutes les opérations depuis la dernière sauvegarde ?"));
+    EXPECT_EQ(pools().size(), 2);
+    EXPECT_EQ(profile_reads, 1);
+    ui.answers.push_back(Button::Yes);
+    cancel_command(*app);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Enregistré")});
+    EXPECT_EQ(profile_reads, 2);
+    EXPECT_EQ(flag(), QStringLiteral("Vrai"));
+}

@@ -1,0 +1,201 @@
+// Save, restore and cancel on real bases and real zip files.
+
+#include "frame/zip.h"
+#include "store/access.h"
+#include "store/database.h"
+#include "store/save.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::ScriptedServices;
+
+namespace {
+
+class SaveTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        base = make_base();
+        connect(base);
+        app->db.set_last_close(QStringLiteral("False"));
+    }
+
+    void add_pool(const QString& name)
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('%1');").arg(name));
+    }
+    QStringList pools() { return app->db.load_rows(QStringLiteral("select Nom from Piscine order by Nom")).column(0); }
+    QString flag() { return app->db.load_rows(QStringLiteral("select LastClose from Info")).first(); }
+
+    // Opens the base held in the save file, apart from the application.
+    QStringList pools_in_save(QString* flag_in_save = nullptr)
+    {
+        const QString out = work_file(QStringLiteral("inspect"));
+        QDir(out).removeRecursively();
+        EXPECT_TRUE(unzip_archive(save_path(base), out));
+        Database copy;
+        copy.open(QDir(out).filePath(QStringLiteral("club.mdb")));
+        if (flag_in_save)
+            *flag_in_save = copy.load_rows(QStringLiteral("select LastClose from Info")).first();
+        const QStringList names = copy.load_rows(QStringLiteral("select Nom from Piscine order by Nom")).column(0);
+        copy.close();
+        return names;
+    }
+
+    QString base;
+};
+
+}  // namespace
+
+TEST_F(SaveTest, TheSaveHoldsTheBaseAtRestUnderItsOwnName)
+{
+    add_pool(QStringLiteral("Bassin du matin"));
+    create_save(*app);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_EQ(zip_entries(save_path(base)), QStringList{QStringLiteral("club.mdb")});
+    QString saved_flag;
+    EXPECT_EQ(pools_in_save(&saved_flag), QStringList{QStringLiteral("Bassin du matin")});
+    EXPECT_EQ(saved_flag, QStringLiteral("Vrai"));
+    EXPECT_EQ(ui.max_wait_depth, 1);
+    EXPECT_EQ(ui.wait_depth, 0);
+    // The snapshot it was made from is gone.
+    EXPECT_EQ(QDir(work_dir()).entryList({QStringLiteral("*.snapshot")}, QDir::Files).size(), 0);
+}
+
+TEST_F(SaveTest, CancelTwiceGivesTheLastSaveBothTimes)
+{
+    add_pool(QStringLiteral("Gardé"));
+    create_save(*app);
+    add_pool(QStringLiteral("Perdu 1"));
+    ASSERT_TRUE(cancel_operations(*app));
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
+    EXPECT_EQ(flag(), QStringLiteral("Vrai"));  // nothing writes false on this path
+    add_pool(QStringLiteral("Perdu 2"));
+    ASSERT_TRUE(cancel_operations(*app));
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Restauration de la sauvegarde")));
+    EXPECT_TRUE(ui.status[2].isEmpty());
+}
+
+TEST_F(SaveTest, WorkTablesAreEmptiedInOrder)
+{
+    app->db.exec_sql(QStringLiteral("INSERT INTO Licence_tempo (Num, Nom) VALUES (4, 'A');"));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Engag_tempo (Num_compet, Code_epreuve, Num_Lic) VALUES (1, 2, 3);"));
+    clear_tempo_tables(*app);
+    for (const char* t : {"Licence_tempo", "Pcomp_tempo", "Rcomp_tempo", "Relais_tempo", "Engag_tempo"})
+        EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from %1").arg(QLatin1String(t))), 0) << t;
+}
+
+TEST_F(SaveTest, CancelWithoutSaveFileClosesTheBase)
+{
+    QFile::remove(save_path(base));
+    EXPECT_FALSE(cancel_operations(*app));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Sauvegarde de la base non trouvée.")});
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(app->menus_base_open());
+    EXPECT_EQ(app->state.base_path, base);
+}
+
+TEST_F(SaveTest, ACorruptSaveLeavesTheBaseUntouched)
+{
+    add_pool(QStringLiteral("Intact"));
+    close_base(*app);
+    QFile sav(save_path(base));
+    ASSERT_TRUE(sav.open(QIODevice::WriteOnly));
+    sav.write("PK\x03\x04 ceci n'est plus une archive");
+    sav.close();
+    EXPECT_FALSE(restore_save(*app));
+    const QStringList texts = ui.texts();
+    ASSERT_EQ(texts.size(), 2);
+    EXPECT_TRUE(texts[0].endsWith(QStringLiteral("Une erreur s'est produite lors de la décompression.")));
+    EXPECT_EQ(texts[1], QStringLiteral("La restauration de la sauvegarde a échoué.\n"
+                                       "Les opérations n'ont pas été annulées.\n"
+                                       "Vérifier l'espace sur le disque dur, les droits d'accès."));
+    connect(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Intact")});
+}
+
+TEST_F(SaveTest, AReadOnlyBaseCannotBeReplaced)
+{
+    create_save(*app);
+    close_base(*app);
+    QFile::setPermissions(base, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+    EXPECT_FALSE(restore_save(*app));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Erreur lors de la restauration de la sauvegarde.\n"
+                                                            "Impossible de supprimer la base ") + base + QStringLiteral("\n")));
+    // The save and the unpacked copy both remain.
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    EXPECT_TRUE(QFile::exists(QDir(app->tempo_dir()).filePath(QStringLiteral("club.mdb"))));
+    QFile::setPermissions(base, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
+TEST_F(SaveTest, RestoreNeverAppliesAStaleJournal)
+{
+    add_pool(QStringLiteral("Sauvé"));
+    create_save(*app);
+    add_pool(QStringLiteral("Après"));
+    // A journal left beside the base (as a crash leaves it) must not survive the restore.
+    const QString wal = base + QStringLiteral("-wal");
+    app->db.close();
+    QFile f(wal);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(QByteArray(4096, 'x'));
+    f.close();
+    ASSERT_TRUE(restore_save(*app));
+    EXPECT_FALSE(QFile::exists(wal));
+    connect(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Sauvé")});
+}
+
+TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
+{
+    add_pool(QStringLiteral("Première"));
+    create_save(*app);
+    const QByteArray good = [&] { QFile f(save_path(base)); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    // Enough rows that a copy of the base no longer fits under the limit.
+    app->db.exec_sql(QStringLiteral("CREATE TABLE Remplissage (x TEXT)"));
+    for (int i = 0; i < 40; ++i)
+        app->db.exec_sql(QStringLiteral("INSERT INTO Remplissage VALUES (hex(randomblob(4000)))"));
+    app->db.close();
+
+    const pid_t child = fork();
+    if (child == 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{64 * 1024, 64 * 1024};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        ScriptedServices child_ui;
+        AppContext child_app(child_ui, app->app_dir());
+        child_app.state.base_path = base;
+        if (!connect_base(child_app))
+            _exit(10);
+        create_save(child_app);
+        const QString f = child_app.db.load_rows(QStringLiteral("select LastClose from Info")).first();
+        const bool reported = !child_ui.titled(QStringLiteral("Erreur")).empty();
+        child_app.db.close();
+        _exit(f == QLatin1String("Faux") && reported ? 0 : 20);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "the failed save must be reported and leave the flag false";
+    QFile sav(save_path(base));
+    ASSERT_TRUE(sav.open(QIODevice::ReadOnly));
+    EXPECT_EQ(sav.readAll(), good);
+    connect(base);
+    EXPECT_EQ(pools_in_save(), QStringList{QStringLiteral("Première")});
+}
