@@ -1,5 +1,5 @@
 -- The federation's geography of France (tables Inter_Region, Region and
--- Departement) of the model base. A club code (Part 2.3) reads
+-- Departement) of the model base. A club code reads
 -- FRA i rr ddd nnnn: the inter-region digit i, the region rr, the department
 -- ddd, the federal number nnnn.
 --

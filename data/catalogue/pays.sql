@@ -5,7 +5,7 @@
 -- Switzerland, NED for the Netherlands, RSA for South Africa, not the ISO
 -- codes where they differ). Licence.Nationalite holds this code.
 -- Libelle: the French name in capitals, as the program shows it and compares
--- it ("FRANCE" for FRA, the name that Part 2.3 and the licence form test).
+-- it ("FRANCE" for FRA, the name that the club code view and the licence form test).
 -- Capitals keep their accents ("ÉTATS-UNIS", "CÔTE D'IVOIRE"): SansAccents is
 -- for family names only, and the base's NOCASE collation sorts an accented
 -- letter beside its plain letter, so the list ordered by Libelle reads in

@@ -59,7 +59,9 @@ void delete_base_command(AppContext& app)
         return;
     delete_file_forced(path);
     // What the engine or a crash left beside it goes too; the save file stays.
-    for (const QString& s : Database::sibling_files(path) << Database::lock_path(path))
+    QStringList leftovers = Database::sibling_files(path);
+    leftovers << Database::lock_path(path);
+    for (const QString& s : leftovers)
         if (QFileInfo::exists(s))
             delete_file_forced(s);
 }

@@ -46,7 +46,7 @@ public:
         QByteArray bytes = f.readAll();
         if (bytes.startsWith("\xEF\xBB\xBF"))
             bytes.remove(0, 3);
-        // Files written on the old platform are in its 8-bit code page.
+        // Files written by the old platform are in its 8-bit code page, read as Latin-1.
         QStringDecoder utf8(QStringDecoder::Utf8);
         QString text = utf8(bytes);
         if (utf8.hasError())
@@ -219,9 +219,12 @@ void run_tool_steps(AppContext& app, const QString& base, const QString& package
     }
     status_text(app.ui, QStringLiteral("Sauvegarde de la base"));
     create_save(app);
-    upgrade_base(app, base);
+    const bool upgraded = upgrade_base(app, base);
     status_text(app.ui, QStringLiteral("Déconnexion"));
     close_base(app);
+    // After a failed upgrade the save may be the one good copy of the base: it stays.
+    if (!upgraded)
+        return;
     status_text(app.ui, QStringLiteral("Suppression de la sauvegarde temporaire"));
     delete_save(app);
 }

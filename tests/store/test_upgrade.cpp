@@ -325,6 +325,27 @@ TEST_F(UpgradeFailureTest, NoKeepsTheHalfUpgradedBase)
     EXPECT_EQ(version(), QStringLiteral("1"));
 }
 
+TEST_F(UpgradeFailureTest, AFailedRestoreSpeaksForItself)
+{
+    save_then_work();
+    write_file(save_path(base), "PK\x03\x04 plus une archive");
+    ui.answers.push_back(Button::Yes);
+    EXPECT_FALSE(upgrade_base(*app, base));
+
+    ASSERT_GE(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[0].text, question());
+    EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
+    expect_failure_reported();
+    EXPECT_FALSE(report().contains(QStringLiteral("Restauration de la précédente sauvegarde de la base.")));
+    // The base is closed, as it stood, and the save is kept.
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(app->menus_base_open());
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    connect(base);
+    EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 1);
+}
+
 TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
 {
     ASSERT_FALSE(QFile::exists(save_path(base)));
@@ -356,6 +377,7 @@ TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("La version apportée par le package 9.0\n"
                                                      "n'est pas supérieure à celle déjà disponible.\n"
                                                      "L'installation du package sélectionné est annulée.")});
+    ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
     EXPECT_EQ(read_file(upgrade_file_path(*app)), installed);
     EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), model);
@@ -466,7 +488,8 @@ TEST_F(UpgradeTest, TheToolRestoresTheBaseAfterAFailedStatement)
     EXPECT_EQ(ui.titled(QStringLiteral("Confirmation")).size(), 1u);
     EXPECT_EQ(report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));
     EXPECT_FALSE(app->db.is_open());
-    EXPECT_FALSE(QFile::exists(save_path(base)));
+    // A failed upgrade keeps the save: it may be the one good copy of the base.
+    EXPECT_TRUE(QFile::exists(save_path(base)));
     connect(base);
     EXPECT_FALSE(table_exists(QStringLiteral("Partielle")));
     EXPECT_EQ(version(), QStringLiteral("1"));

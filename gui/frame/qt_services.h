@@ -1,0 +1,36 @@
+#pragma once
+// The interaction services on real Qt dialogs, in French.
+
+#include "frame/services.h"
+
+#include <functional>
+
+class QWidget;
+
+namespace plouvarine::gui {
+
+class QtServices : public Services {
+public:
+    // Dialogs are parented to the window that `parent` gives at the time of the call.
+    explicit QtServices(std::function<QWidget*()> parent = {}) : parent_(std::move(parent)) {}
+
+    Button message_box(const Message& message) override;
+    QString file_dialog(const FileDialogRequest& request) override;
+    QString browse_folder(const QString& prompt) override;
+    void show_report(const QString& title, const std::vector<ReportLine>& lines) override;
+    void set_status(int panel, const QString& text) override;
+    void push_wait_cursor() override;
+    void pop_wait_cursor() override;
+
+    // Where the status panels are drawn (set by the main window).
+    std::function<void(int, const QString&)> on_status;
+
+    // "Label (*.ext)|*.ext|Other (*.x)|*.x" as Qt's filter ("Label (*.ext);;Other (*.x)").
+    static QString qt_filter(const QString& filter);
+
+private:
+    QWidget* parent() const { return parent_ ? parent_() : nullptr; }
+    std::function<QWidget*()> parent_;
+};
+
+}  // namespace plouvarine::gui
