@@ -117,7 +117,8 @@ bool delete_file_forced(const QString& path)
     QFile file(path);
     if (!file.exists())
         return false;
-    // The read-only attribute is cleared first, as the platform's forced delete does.
+    // The read-only attribute is cleared first, as a forced delete does; where
+    // the file's own rights would refuse the delete, this lifts them.
     file.setPermissions(file.permissions() | QFileDevice::WriteOwner | QFileDevice::WriteUser);
     return file.remove();
 }

@@ -1,0 +1,214 @@
+// The component list and the information window, on a real application
+// folder: component files present, missing, or not plugins at all, and real
+// bases from the model at various versions.
+
+#include "frame/components.h"
+#include "frame/splash_view.h"
+#include "store/database.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QRegularExpression>
+
+#include <zipconf.h>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+// The components as the information window lists them, by their names in the list.
+const QStringList kListed{
+    QStringLiteral("calpts.dll"),   QStringLiteral("createdisk.dll"), QStringLiteral("expclub.dll"),
+    QStringLiteral("explic.dll"),   QStringLiteral("expperf.dll"),    QStringLiteral("rcpperf.dll"),
+    QStringLiteral("rcpres.dll"),   QStringLiteral("rcptclub.dll"),   QStringLiteral("rcptlic.dll"),
+    QStringLiteral("regmodele.dll"), QStringLiteral("sviprf.dll"),    QStringLiteral("vbuzip10.dll"),
+    QStringLiteral("vbzip10.dll"),  QStringLiteral("ziptools.dll")};
+// The two libraries of the system folder, which the zip library of the build answers for.
+const QStringList kSystemLibraries{QStringLiteral("vbuzip10.dll"), QStringLiteral("vbzip10.dll")};
+
+// A real Qt plugin of the system, whose metadata carry no version.
+QString qt_platform_plugin()
+{
+    return QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libqoffscreen.so");
+}
+
+class ComponentsTest : public AppFixture {
+protected:
+    QString app_path(const QString& name) const { return app->app_file(name); }
+
+    void write_text(const QString& path, const QByteArray& bytes)
+    {
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << path.toStdString();
+        f.write(bytes);
+    }
+
+    const ComponentRow* row(const std::vector<ComponentRow>& rows, const QString& listed)
+    {
+        const QString shown = kSystemLibraries.contains(listed) ? listed : component_file(listed);
+        for (const ComponentRow& r : rows)
+            if (r.file == shown)
+                return &r;
+        ADD_FAILURE() << "no row for " << listed.toStdString();
+        return nullptr;
+    }
+
+    static void set_version(const QString& path, const QString& version)
+    {
+        Database db;
+        db.open(path);
+        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
+        db.close();
+    }
+};
+
+}  // namespace
+
+// ---- Component files -----------------------------------------------------------
+
+TEST(ComponentFile, AComponentIsNamedWithThePlatformsPluginSuffix)
+{
+    EXPECT_EQ(component_file(QStringLiteral("calpts.dll")), QStringLiteral("calpts.so"));
+    EXPECT_EQ(component_file(QStringLiteral("ZipTools.DLL")), QStringLiteral("ZipTools.so"));
+    // Only the old suffix goes; a point inside the name stays.
+    EXPECT_EQ(component_file(QStringLiteral("calc.pts.dll")), QStringLiteral("calc.pts.so"));
+}
+
+TEST_F(ComponentsTest, WithNoComponentInstalledEveryRowSaysSoAndTheListIsComplete)
+{
+    const std::vector<ComponentRow> rows = component_rows(*app);
+    ASSERT_EQ(rows.size(), size_t(kListed.size()));
+    const QString libzip = QString::fromLatin1(LIBZIP_VERSION);
+    for (qsizetype i = 0; i < kListed.size(); ++i) {
+        const ComponentRow& r = rows[size_t(i)];
+        if (kSystemLibraries.contains(kListed[i])) {
+            EXPECT_EQ(r.file, kListed[i]);
+            EXPECT_EQ(r.version, libzip);
+        } else {
+            EXPECT_EQ(r.file, component_file(kListed[i]));
+            EXPECT_EQ(r.version, QStringLiteral("Erreur, dll non trouvée")) << r.file.toStdString();
+        }
+    }
+}
+
+TEST_F(ComponentsTest, AFileThatIsNoPluginOrHasNoVersionSaysVersionNonDisponible)
+{
+    // Bytes of any kind, an empty file, and a real Qt plugin without a version.
+    write_text(app_path(component_file(QStringLiteral("expclub.dll"))), "ceci n'est pas un composant\n");
+    write_text(app_path(component_file(QStringLiteral("rcpres.dll"))), QByteArray());
+    ASSERT_TRUE(QFile::exists(qt_platform_plugin())) << qt_platform_plugin().toStdString();
+    ASSERT_TRUE(QFile::copy(qt_platform_plugin(), app_path(component_file(QStringLiteral("explic.dll")))));
+    // Neither a folder of the component's name nor the file under its old name is the component.
+    ASSERT_TRUE(QDir(app->app_dir()).mkdir(component_file(QStringLiteral("sviprf.dll"))));
+    write_text(app_path(QStringLiteral("regmodele.dll")), "MZ");
+
+    const std::vector<ComponentRow> rows = component_rows(*app);
+    ASSERT_EQ(rows.size(), size_t(kListed.size()));
+    for (const QString& name : {QStringLiteral("expclub.dll"), QStringLiteral("rcpres.dll"), QStringLiteral("explic.dll")}) {
+        const ComponentRow* r = row(rows, name);
+        ASSERT_TRUE(r);
+        EXPECT_EQ(r->version, QStringLiteral("Version non disponible")) << name.toStdString();
+    }
+    for (const QString& name : {QStringLiteral("sviprf.dll"), QStringLiteral("regmodele.dll"), QStringLiteral("calpts.dll")}) {
+        const ComponentRow* r = row(rows, name);
+        ASSERT_TRUE(r);
+        EXPECT_EQ(r->version, QStringLiteral("Erreur, dll non trouvée")) << name.toStdString();
+    }
+}
+
+#ifdef PLOUVARINE_PLUGIN_FIXTURE
+TEST_F(ComponentsTest, APluginsVersionComesFromItsMetadata)
+{
+    // The fixture plugin declares the version 2.4.1 (plugin_fixture/version_plugin.json).
+    const QString fixture = QStringLiteral(PLOUVARINE_PLUGIN_FIXTURE);
+    ASSERT_TRUE(QFile::exists(fixture)) << fixture.toStdString();
+    ASSERT_TRUE(QFile::copy(fixture, app_path(component_file(QStringLiteral("calpts.dll")))));
+    ASSERT_TRUE(QFile::copy(fixture, app_path(component_file(QStringLiteral("ziptools.dll")))));
+
+    EXPECT_EQ(component_version(app_path(QStringLiteral("calpts.so"))), QStringLiteral("2.4.1"));
+    const std::vector<ComponentRow> rows = component_rows(*app);
+    EXPECT_EQ(row(rows, QStringLiteral("calpts.dll"))->version, QStringLiteral("2.4.1"));
+    EXPECT_EQ(row(rows, QStringLiteral("ziptools.dll"))->version, QStringLiteral("2.4.1"));
+    EXPECT_EQ(row(rows, QStringLiteral("createdisk.dll"))->version, QStringLiteral("Erreur, dll non trouvée"));
+
+    // A component replaced by a file that is no plugin is read afresh.
+    QFile::remove(app_path(QStringLiteral("calpts.so")));
+    write_text(app_path(QStringLiteral("calpts.so")), "remplacé");
+    EXPECT_EQ(component_version(app_path(QStringLiteral("calpts.so"))), QStringLiteral("Version non disponible"));
+}
+#endif
+
+// ---- The information window ------------------------------------------------------
+
+TEST_F(ComponentsTest, InformationWindowWithNoBaseSaysPasConnecte)
+{
+    const SplashView view(*app);
+    EXPECT_EQ(view.product_name(), QStringLiteral("Plouvarine"));
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^Version \\d+\\.\\d+\\.\\d+$")).match(view.version_text()).hasMatch())
+        << view.version_text().toStdString();
+    EXPECT_TRUE(view.version_text().startsWith(QStringLiteral("Version %1.").arg(PLOUVARINE_VERSION_MAJOR)));
+    EXPECT_EQ(view.needed_label(), QStringLiteral("Version de base nécessaire :"));
+    EXPECT_EQ(view.needed_value(), QStringLiteral("3"));
+    EXPECT_EQ(view.connected_label(), QStringLiteral("Version de la base connectée :"));
+    EXPECT_EQ(view.connected_value(), QStringLiteral("Pas connecté"));
+    EXPECT_FALSE(view.needed_in_red());
+    EXPECT_EQ(SplashView::close_caption(), QStringLiteral("&Fermer"));
+    EXPECT_TRUE(ui.messages.empty());
+
+    // The list draws the component rows, in order, under its two headers; a
+    // missing component does not stop the window.
+    const QStandardItemModel& list = view.Lst_DLL();
+    ASSERT_EQ(list.columnCount(), 2);
+    EXPECT_EQ(list.headerData(SplashView::ColumnDll, Qt::Horizontal).toString(), QStringLiteral("dll"));
+    EXPECT_EQ(list.headerData(SplashView::ColumnVersion, Qt::Horizontal).toString(), QStringLiteral("Version"));
+    ASSERT_EQ(list.rowCount(), kListed.size());
+    ASSERT_EQ(view.components().size(), size_t(kListed.size()));
+    for (int i = 0; i < list.rowCount(); ++i) {
+        EXPECT_EQ(list.item(i, SplashView::ColumnDll)->text(), view.components()[size_t(i)].file);
+        EXPECT_EQ(list.item(i, SplashView::ColumnVersion)->text(), view.components()[size_t(i)].version);
+        EXPECT_FALSE(list.item(i, SplashView::ColumnDll)->isEditable());
+    }
+    EXPECT_EQ(list.item(0, SplashView::ColumnDll)->text(), QStringLiteral("calpts.so"));
+    EXPECT_EQ(list.item(0, SplashView::ColumnVersion)->text(), QStringLiteral("Erreur, dll non trouvée"));
+}
+
+TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)
+{
+    struct Case {
+        QString stored;
+        bool red;
+    };
+    // The version compares as a number: "10" is above 3 though it sorts before it as text.
+    const Case cases[] = {{QStringLiteral("3"), false}, {QStringLiteral("2"), true},
+                          {QStringLiteral("2.9"), true}, {QStringLiteral("10"), false}};
+    int n = 0;
+    for (const Case& c : cases) {
+        const QString base = make_base(QStringLiteral("club%1.mdb").arg(n++));
+        set_version(base, c.stored);
+        connect(base);
+        const SplashView view(*app);
+        EXPECT_EQ(view.connected_value(), c.stored);
+        EXPECT_EQ(view.needed_in_red(), c.red) << c.stored.toStdString();
+        EXPECT_EQ(view.needed_value(), QStringLiteral("3"));
+        // Opening the window leaves the base as it was.
+        EXPECT_TRUE(app->db.is_open());
+        EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Version FROM Info")).first(), c.stored);
+    }
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(ComponentsTest, InformationWindowOpensOnABaseWhoseVersionCannotBeRead)
+{
+    const QString base = make_base();
+    connect(base);
+    app->db.exec_sql(QStringLiteral("DROP TABLE Info"));
+    const SplashView view(*app);
+    EXPECT_TRUE(view.connected_value().isEmpty());
+    EXPECT_TRUE(view.needed_in_red());
+    EXPECT_EQ(view.Lst_DLL().rowCount(), kListed.size());
+    // The failed read is shown once, by the read itself.
+    EXPECT_EQ(ui.messages.size(), 1u);
+}
