@@ -21,7 +21,7 @@ QString AppContext::tempo_dir() const
 
 void AppContext::enable_menus(bool base_open)
 {
-    menus_base_open_ = base_open;
+    menus.enable_menus(base_open);
     if (on_enable_menus)
         on_enable_menus(base_open);
 }

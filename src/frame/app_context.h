@@ -4,6 +4,7 @@
 
 #include "frame/app_state.h"
 #include "frame/clock.h"
+#include "frame/menu_state.h"
 #include "frame/services.h"
 #include "store/database.h"
 
@@ -39,6 +40,8 @@ public:
     Services& ui;
     Clock clock;
     OpeningHooks hooks;
+    // The main window's menu: base state and lock counters.
+    MenuState menus;
 
     // The application folder: the folder of the executable.
     const QString& app_dir() const { return app_dir_; }
@@ -46,9 +49,10 @@ public:
     // The work folder "tempo" of the application folder.
     QString tempo_dir() const;
 
-    // Sets the menus for a base open or closed. The frame listens to it.
+    // Sets the menus for a base open or closed (menus.enable_menus), then tells
+    // on_enable_menus.
     void enable_menus(bool base_open);
-    bool menus_base_open() const { return menus_base_open_; }
+    bool menus_base_open() const { return menus.base_open(); }
     std::function<void(bool)> on_enable_menus;
 
     bool is_busy() const { return state.busy_count >= 1; }
@@ -57,7 +61,6 @@ public:
 
 private:
     QString app_dir_;
-    bool menus_base_open_ = false;
 };
 
 }  // namespace plouvarine

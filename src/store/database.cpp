@@ -188,7 +188,7 @@ void Database::exec_sql(const QString& sql)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql));
+    Statement stmt(db_, jet_to_sqlite(sql, db_));
     if (stmt.rc() != SQLITE_OK)
         raise(sql);
     int rc;
@@ -202,7 +202,7 @@ Rows Database::load_rows(const QString& sql, bool doubled)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql));
+    Statement stmt(db_, jet_to_sqlite(sql, db_));
     if (stmt.rc() != SQLITE_OK) {
         try {
             raise(sql);
@@ -238,7 +238,7 @@ int Database::count_query(const QString& sql)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql));
+    Statement stmt(db_, jet_to_sqlite(sql, db_));
     if (stmt.rc() != SQLITE_OK)
         raise(sql);
     const int rc = sqlite3_step(stmt.get());

@@ -1,0 +1,125 @@
+#pragma once
+// What every list window shares. A list is a QStandardItemModel drawn as a
+// report-style list: one row per record, the row's text in column 0 and its
+// sub-items in the following columns. The record's key (Num, AutoNum...) rides
+// on the row's first item under kKeyRole, where the old lists kept a hidden
+// twin list in step.
+//
+// Row numbers: find_row and find_row_or_first count from 1 and answer 65535
+// for "no row", as every list caller expects; everything else counts from 0,
+// as Qt does, and answers std::nullopt for "no row".
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <Qt>
+#include <optional>
+#include <vector>
+
+class QAbstractItemModel;
+class QItemSelectionModel;
+class QStandardItemModel;
+
+namespace plouvarine {
+
+class Database;
+
+inline constexpr int kKeyRole = Qt::UserRole + 1;
+inline constexpr int kRowNotFound = 65535;
+
+// The key of a row (0-based), or the empty text.
+QString row_key(const QAbstractItemModel& model, int row);
+void set_row_key(QAbstractItemModel& model, int row, const QString& key);
+// The first row whose key is `key`.
+std::optional<int> find_key(const QAbstractItemModel& model, const QString& key);
+
+// Finds the first row, from row `start` (1-based) on, whose cell in `column`
+// holds `text`, without regard to case. `start` below 1 or beyond the count is
+// taken as 1. How a cell holds the text:
+//   partial: the cell begins with the text;
+//   whole (and not partial): the cell begins with the text as a whole word,
+//     that is, equals it or goes on with a character that is not a letter or digit;
+//   neither: the cell equals the text.
+// Gives the row (1-based) or kRowNotFound.
+int find_row(const QAbstractItemModel& model, const QString& text, int start = 1, bool whole = false,
+             bool partial = false, int column = 0);
+// The same, giving 1 when no row holds the text.
+int find_row_or_first(const QAbstractItemModel& model, const QString& text, int start = 1, bool whole = false,
+                      bool partial = false, int column = 0);
+// The same search from a 0-based row, for Qt callers.
+std::optional<int> find_row_index(const QAbstractItemModel& model, const QString& text, int from = 0,
+                                  bool whole = false, bool partial = false, int column = 0);
+
+// Makes `row` (0-based) the current and only selected row; the list view
+// scrolls to the current row. A row outside the list clears the selection.
+void select_row_at(QItemSelectionModel& selection, int row);
+// Finds the row that equals `text` in `column` and selects it; without one the
+// selection stays as it is.
+std::optional<int> select_row(QItemSelectionModel& selection, const QString& text, int column = 0);
+// After the removal of row `removed_row`: the row that took its place, or the
+// last row, or none when the list is empty.
+std::optional<int> row_after_removal(int removed_row, int row_count);
+// Selects that row (or clears the selection on an empty list).
+std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_row);
+
+// Ticks or unticks the first item of every row.
+void check_all(QAbstractItemModel& model, bool value);
+// The number of ticked rows.
+int count_checked(const QAbstractItemModel& model);
+// The rows that are ticked, in order (0-based), and their keys.
+std::vector<int> checked_rows(const QAbstractItemModel& model);
+QStringList checked_keys(const QAbstractItemModel& model);
+
+// One list that fill_collections fills.
+struct ListFill {
+    QStandardItemModel* model = nullptr;
+    // Result columns (0 for the first selected field): the first gives the
+    // row's text, the others its sub-items, in order.
+    std::vector<int> columns;
+    // The result column kept as the row's key, or -1.
+    int key_column = -1;
+    // Rows get a tick box, unticked.
+    bool checkable = false;
+};
+
+// Empties each list, runs `sql` through load_rows, and adds to each list one
+// row per result row, all lists in step. `remove`, when not empty, is cut out
+// of each row's text (every occurrence, as typed). Gives the number of rows.
+// The query's error goes to the caller (the lists stay empty); a column that
+// the result does not have is std::invalid_argument.
+int fill_collections(Database& db, const QString& sql, const std::vector<ListFill>& lists,
+                     const QString& remove = {});
+
+// The search of a list as the person types: the first row whose text in
+// `column` (read through `role`) begins with the trimmed typed text, without
+// regard to case. Empty typed text finds nothing, so the selection stays.
+std::optional<int> incremental_search(const QAbstractItemModel& model, const QString& typed, int column = 0,
+                                      int role = Qt::DisplayRole);
+// The same, selecting the row found; without one the selection stays.
+std::optional<int> incremental_select(QItemSelectionModel& selection, const QString& typed, int column = 0,
+                                      int role = Qt::DisplayRole);
+// Enter and Escape empty the search field; every other key runs the search.
+bool search_key_clears(int key_ascii);
+
+// The key filter of the digit-only fields: the digits "0" to "9" and the
+// control characters (Backspace, Enter, Escape) go through; every other
+// character is dropped. `key_ascii` is the typed character's code.
+bool digit_key_accepted(int key_ascii);
+
+// The minimum size of a window, in pixels.
+struct MinimumSize {
+    int width = 0;
+    int height = 0;
+
+    QSize size() const { return {width, height}; }
+    // The size a window keeps after a resize to `size`: each side at least its
+    // minimum. A minimized window is left as it is.
+    QSize corrected(const QSize& size, bool minimized = false) const;
+    // How far the window stands beyond its minimum: the controls that follow
+    // the right and bottom edges move by it, those that grow with them grow by it.
+    QSize excess(const QSize& size) const;
+
+    bool operator==(const MinimumSize&) const = default;
+};
+
+}  // namespace plouvarine

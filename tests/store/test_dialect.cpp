@@ -1,0 +1,906 @@
+// The Jet statements of the system on SQLite: first the rewrites as texts, form
+// by form, then real statements run on bases made from the model base, each
+// checked by the rows it leaves or reads.
+
+#include "frame/errors.h"
+#include "frame/text.h"
+#include "store/database.h"
+#include "store/dialect.h"
+#include "support/app_fixture.h"
+
+#include <QStringList>
+#include <sqlite3.h>
+#include <string>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+// Texts as standard strings, so that a failure shows them.
+std::string text(const QString& value)
+{
+    return value.toStdString();
+}
+
+std::string text(const QStringList& values)
+{
+    return values.join(QStringLiteral(" / ")).toStdString();
+}
+
+std::string rw(const char* sql)
+{
+    return jet_to_sqlite(QString::fromUtf8(sql)).toStdString();
+}
+
+// ---------------------------------------------------------------------------
+// The rewrites, as texts
+// ---------------------------------------------------------------------------
+
+TEST(JetToSqlite, DeleteLosesItsColumnSelection)
+{
+    EXPECT_EQ(rw("DELETE * from Engag WHERE Num_Lic in (select Num from Licence_tempo) AND "
+                 "Engag.Num_compet in (select Rcomp.AutoNum from Rcomp where Rcomp.Visible=True)"),
+              "DELETE from Engag WHERE Num_Lic in (select Num from Licence_tempo) AND "
+              "Engag.Num_compet in (select Rcomp.AutoNum from Rcomp where Rcomp.Visible=True)");
+    EXPECT_EQ(rw("delete Engag.* FROM Engag WHERE Num_compet = 3"), "delete FROM Engag WHERE Num_compet = 3");
+    EXPECT_EQ(rw("  DELETE   *   FROM Liffn"), "  DELETE   FROM Liffn");
+    EXPECT_EQ(rw("Delete from Profil where Num = 4 or Num = 7"), "Delete from Profil where Num = 4 or Num = 7");
+}
+
+TEST(JetToSqlite, AnAliasAfterTheTableTakesAs)
+{
+    EXPECT_EQ(rw("Delete FROM Engag Engag WHERE exists (SELECT Rcomp.AutoNum FROM Rcomp Rcomp "
+                 "WHERE Rcomp.AutoNum = Engag.Num_compet)"),
+              "Delete FROM Engag AS Engag WHERE exists (SELECT Rcomp.AutoNum FROM Rcomp Rcomp "
+              "WHERE Rcomp.AutoNum = Engag.Num_compet)");
+    EXPECT_EQ(rw("DELETE FROM Relais Relais WHERE Relais.Num_equipe > 2"),
+              "DELETE FROM Relais AS Relais WHERE Relais.Num_equipe > 2");
+    EXPECT_EQ(rw("UPDATE Engag_nageur Engag_nageur SET Equipe = 0 WHERE Engag_nageur.Equipe > 1"),
+              "UPDATE Engag_nageur AS Engag_nageur SET Equipe = 0 WHERE Engag_nageur.Equipe > 1");
+    // No alias: the word after the table is a clause.
+    EXPECT_EQ(rw("Update Dirigeant set Suppr = true where Code_federal = 'X'"),
+              "Update Dirigeant set Suppr = true where Code_federal = 'X'");
+    EXPECT_EQ(rw("UPDATE Info Set Version = 4"), "UPDATE Info Set Version = 4");
+    EXPECT_EQ(rw("delete from Licence_tempo"), "delete from Licence_tempo");
+}
+
+TEST(JetToSqlite, QualifiedColumnsLoseTheirTableOnTheLeftOfSetOnly)
+{
+    EXPECT_EQ(rw("UPDATE Engag_nageur Engag_nageur SET Engag_nageur.Equipe = 0, Engag_nageur.Equipe_m = false "
+                 "WHERE Engag_nageur.Equipe > 2 AND Engag_nageur.Equipe_m = false"),
+              "UPDATE Engag_nageur AS Engag_nageur SET Equipe = 0, Equipe_m = false "
+              "WHERE Engag_nageur.Equipe > 2 AND Engag_nageur.Equipe_m = false");
+    EXPECT_EQ(rw("UPDATE RecordClub Set RecordClub.Categorie = 9 WHERE RecordClub.Categorie in ( "
+                 "SELECT Categori_record_club.Num_cat from Categori_record_club);"),
+              "UPDATE RecordClub Set Categorie = 9 WHERE RecordClub.Categorie in ( "
+              "SELECT Categori_record_club.Num_cat from Categori_record_club);");
+    // Values that name columns keep their qualifier.
+    EXPECT_EQ(rw("update Engag_nageur set Old_equipe = Engag_nageur.Equipe, Old_equipe_m = (select max(t.x) from t) "
+                 "where Num_compet = 3"),
+              "update Engag_nageur set Old_equipe = Engag_nageur.Equipe, Old_equipe_m = (select max(t.x) from t) "
+              "where Num_compet = 3");
+}
+
+TEST(JetToSqlite, ANumberGluedToTheNextKeywordIsSetApart)
+{
+    EXPECT_EQ(rw("SELECT Nage.Libelle FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
+                 "AND Engag.Num_compet = 12AND Engag.Num_profil = 3AND Engag.Num_Lic = 41ORDER BY Engag.Num_equipe"),
+              "SELECT Nage.Libelle FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
+              "AND Engag.Num_compet = 12 AND Engag.Num_profil = 3 AND Engag.Num_Lic = 41 ORDER BY Engag.Num_equipe");
+    EXPECT_EQ(rw("where Num_profil = 2AND (Licence1 = 5 OR Licence2 = 5) "),
+              "where Num_profil = 2 AND (Licence1 = 5 OR Licence2 = 5) ");
+    EXPECT_EQ(rw("where Tps < 1.2345or Tps > 90group by Code_epreuve"),
+              "where Tps < 1.2345 or Tps > 90 group by Code_epreuve");
+    // Left alone: an exponent, a name that ends in digits, texts and bracketed names.
+    EXPECT_EQ(rw("select 1e5, Licence10 from Relais where Licence1AND = 2"),
+              "select 1e5, Licence10 from Relais where Licence1AND = 2");
+    EXPECT_EQ(rw("select [12AND] from t where Nom = '5AND 7ORDER'"), "select [12AND] from t where Nom = '5AND 7ORDER'");
+}
+
+TEST(JetToSqlite, TextsInQuotesAreNeverTouched)
+{
+    const char* untouched[] = {
+        "INSERT INTO Piscine (Nom) VALUES ('DELETE * FROM Engag');",
+        "UPDATE Licence SET Nom = 'O''BRIEN', Prenom = 'Anne' WHERE Nom = 'O''Brien'",
+        "Update Club Set Intitule = 'Club.Nom = x, Engag.* ' where Num = 4",
+        "SELECT Code_federal FROM Club where Intitule = 'DELETE Engag.* FROM Engag Engag' and Visible = true",
+        "select count(*) from Profil where Libelle ='l''équipe 2AND 3'",
+    };
+    for (const char* sql : untouched)
+        EXPECT_EQ(rw(sql), sql);
+    // Outside the quotes the rewrite still applies.
+    EXPECT_EQ(rw("DELETE * FROM Piscine WHERE Nom = 'DELETE * FROM Piscine'"),
+              "DELETE FROM Piscine WHERE Nom = 'DELETE * FROM Piscine'");
+    EXPECT_EQ(rw("UPDATE Licence Licence SET Licence.Nom = 'O''BRIEN' WHERE Licence.Nom = 'Licence.Nom = 1AND'"),
+              "UPDATE Licence AS Licence SET Nom = 'O''BRIEN' WHERE Licence.Nom = 'Licence.Nom = 1AND'");
+}
+
+TEST(JetToSqlite, StatementsSqliteTakesStayAsTheyAre)
+{
+    const char* statements[] = {
+        "select count(*) from Club where visible = true",
+        "INSERT INTO Licence (Code_Club, Licence, Nom, Visible, Date_suppr) VALUES ('FRA1234560001', '1', 'Null', "
+        "false, '');",
+        "INSERT INTO Rcomp_tempo SELECT Rcomp.* From Rcomp WHERE Rcomp.AutoNum IN (3, 4);",
+        "Update Licence Set Visible = true where Num in (select Num from Licence_tempo)",
+        "Update Licence set Tarif = '' where Code_club = 'X' and not Tarif in (select Intitule from Tarifs where "
+        "code_federal = 'X')",
+        "SELECT Code_federal, Intitule, Num FROM Club where Code_federal like 'FRA12%' and Visible = true order by "
+        "Intitule",
+        "SELECT Licence.*, Pays.Libelle FROM Pays Pays, Licence Licence WHERE Pays.Code = Licence.Nationalite AND "
+        "Licence.Num = 5",
+        "SELECT Relais.code_epreuve, Max(Relais.Num_Lic) AS MaxDeNum_Lic FROM Nage Nage, Relais Relais "
+        "WHERE Nage.Code_Nage = Relais.Code_epreuve group by Relais.code_epreuve",
+        "INSERT INTO Engag ( Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte ) "
+        "SELECT 4 AS Expr1, 2 AS Expr2, Engag_modele.Code_epreuve, Engag_modele.Num_Lic, Engag_modele.Num_equipe, "
+        "Engag_modele.Equipe_mixte FROM Nage Nage, Engag_modele Engag_modele WHERE (Nage.Code_Nage = "
+        "Engag_modele.Code_epreuve AND ((Engag_modele.Num_modele) = 7) AND ((Nage.Possible_50)=True));",
+        "SELECT Prres.Tps FROM Prres Prres WHERE (Prres.Type_course = 'F' or Prres.Type_course = 'J') ORDER BY "
+        "Prres.Tps",
+        "INSERT INTO Engag_equipe VALUES (4, 2, 0, 0, 0);", // needs the base's columns, see below
+    };
+    for (const char* sql : statements)
+        EXPECT_EQ(rw(sql), sql);
+}
+
+// ---------------------------------------------------------------------------
+// Real statements on a real base
+// ---------------------------------------------------------------------------
+
+constexpr const char* kClub = "FRA1234560001";
+constexpr const char* kSelection = "FRA1234560000";
+
+class DialectOnBase : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        app->state.club_code = QString::fromLatin1(kClub);
+        run(QStringLiteral(
+                "INSERT INTO Club (Code_federal, Intitule, Selection) VALUES ('%1', 'CN Plouvarine', false);")
+                .arg(club()));
+        run(QStringLiteral(
+                "INSERT INTO Club (Code_federal, Intitule, Selection) VALUES ('%1', 'Sélection du Finistère', true);")
+                .arg(selection()));
+        run(QStringLiteral("INSERT INTO Profil (Code_club, libelle) VALUES ('%1', 'Club');").arg(club()));
+        run(QStringLiteral("INSERT INTO Profil (Code_club, libelle) VALUES ('%1', 'Sélection');").arg(selection()));
+        profile = read(QStringLiteral("select Num from Profil where Libelle = 'Club'")).first();
+        sel_profile = read(QStringLiteral("select Num from Profil where Libelle = 'Sélection'")).first();
+        compet = add_competition(QStringLiteral("12"));
+        past = add_competition(QStringLiteral("13"));
+        run(QStringLiteral("Update Rcomp Set Visible = false where AutoNum IN (") + past + QLatin1Char(')'));
+    }
+
+    static QString club() { return QString::fromLatin1(kClub); }
+    static QString selection() { return QString::fromLatin1(kSelection); }
+
+    void run(const QString& sql) { app->db.exec_sql(sql); }
+    Rows read(const QString& sql) { return app->db.load_rows(sql); }
+    // Every row of a read, its fields joined with "|", for whole-result checks.
+    QStringList lines(const QString& sql)
+    {
+        const Rows rows = read(sql);
+        QStringList out;
+        for (int r = 0; r < rows.size(); ++r) {
+            QStringList fields;
+            for (int c = 0; c < rows.column_count(); ++c)
+                fields << rows.value(r, c);
+            out << fields.join(QLatin1Char('|'));
+        }
+        return out;
+    }
+
+    QString add_competition(const QString& num)
+    {
+        run(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, debut, fin, Lieu, Longueur, Nb_couloir, Codif_fede, "
+                           "Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES ('%1', 'I', 'Interclubs', "
+                           "'20990105', '20990105', 'Brest', 50, 8, 'Q', ' ', ' ', ' ', 0);")
+                .arg(num));
+        return read(QStringLiteral("select AutoNum from Rcomp where Num = '") + num + QLatin1Char('\'')).first();
+    }
+
+    QString add_swimmer(const QString& licence, const QString& nom, const QString& sexe)
+    {
+        run(QStringLiteral(
+                "INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe) VALUES ('%1', '%2', '%3', 'X', '%4');")
+                .arg(club(), licence, quote_sql(nom), sexe));
+        return read(QStringLiteral("select Num from Licence where Licence = '%1' and Code_Club = '%2'")
+                        .arg(licence, club()))
+            .first();
+    }
+
+    void add_entry(const QString& prof, const QString& comp, const QString& event, const QString& swimmer, int team = 0,
+                   const QString& tps = QStringLiteral("0.3012"))
+    {
+        run(QStringLiteral(
+                "INSERT INTO Engag (Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, Num_profil, Num_compet, "
+                "Tps_engagement, Date_perf, Lieu_perf, Bassin) VALUES (%1, %2, %3, false, %4, %5, %6, '', '', 25);")
+                .arg(event, swimmer)
+                .arg(team)
+                .arg(prof, comp, tps));
+    }
+
+    // One relay of the club profile, written by position as the relay window
+    // writes it; the places after the swimmers hold `nulle`.
+    void add_relay(const QString& event, int number, int team, const QStringList& swimmers, const QString& nulle)
+    {
+        QStringList places = swimmers;
+        while (places.size() < 10)
+            places << nulle;
+        run(QStringLiteral("INSERT INTO Relais VALUES (%1, %2, %3, %4, %5, false, 0, %6);")
+                .arg(profile, compet, event)
+                .arg(number)
+                .arg(team)
+                .arg(places.join(QStringLiteral(", "))));
+    }
+
+    QString event_code(const QString& condition)
+    {
+        return read(QStringLiteral("select Code_Nage from Nage where ") + condition +
+                    QStringLiteral(" order by Code_Nage"))
+            .first();
+    }
+
+    QString profile, sel_profile, compet, past;
+};
+
+// DELETE * FROM: the final deletion of the swimmers set aside in Licence_tempo
+// takes their entries in competitions still to come, and only those.
+TEST_F(DialectOnBase, DeleteStarTakesTheSetAsideSwimmersEntriesInVisibleCompetitions)
+{
+    const QString gone = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    const QString kept = add_swimmer(QStringLiteral("22222B"), QStringLiteral("O'BRIEN"), QStringLiteral("F"));
+    add_entry(profile, compet, QStringLiteral("51"), gone);
+    add_entry(profile, past, QStringLiteral("51"), gone);
+    add_entry(profile, compet, QStringLiteral("1"), kept);
+
+    run(QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) "
+                       "SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, Licence.Prenom "
+                       "From Licence WHERE (((Licence.Num) = ") +
+        gone + QStringLiteral("));"));
+    run(QStringLiteral("Update Licence Set Visible = false where Num = ") + gone);
+    run(QStringLiteral("DELETE * from Engag WHERE Num_Lic in (select Num from Licence_tempo) AND "
+                       "Engag.Num_compet in (select Rcomp.AutoNum from Rcomp where Rcomp.Visible=True)"));
+
+    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Num_compet from Engag order by Num_compet, Num_Lic"))),
+              text(QStringList({kept + QLatin1Char('|') + compet, gone + QLatin1Char('|') + past})));
+}
+
+// DELETE FROM t t WHERE exists (...): the entries of swimmers marked in a
+// selection go for the selection's profiles, in visible competitions.
+TEST_F(DialectOnBase, DeleteWithAnAliasTakesOnlyTheRowsItsSubqueriesName)
+{
+    const QString marked = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    const QString member = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
+    for (const QString& num : {marked, member})
+        run(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2);").arg(selection(), num));
+    run(QStringLiteral("Update Selection Set Suppr = true, Visible = false where Num_Lic = %1 and Code_Sel = '%2'")
+            .arg(marked, selection()));
+    add_entry(sel_profile, compet, QStringLiteral("51"), marked); // goes
+    add_entry(sel_profile, past, QStringLiteral("51"), marked); // hidden competition
+    add_entry(profile, compet, QStringLiteral("52"), marked); // the club's own profile
+    add_entry(sel_profile, compet, QStringLiteral("51"), member); // not marked
+
+    run(QStringLiteral("Delete FROM Engag Engag WHERE exists (SELECT Rcomp.AutoNum FROM Rcomp Rcomp WHERE "
+                       "Rcomp.Visible=True AND Rcomp.AutoNum = Engag.Num_compet) AND exists (SELECT Profil.Num "
+                       "FROM Profil Profil WHERE Profil.Code_club='%1' AND Profil.Num = Engag.Num_profil) AND "
+                       "exists (SELECT Selection.Num_Lic FROM Selection Selection WHERE Selection.Suppr = true AND "
+                       "Selection.Code_Sel = '%1' AND Selection.Num_Lic = Engag.Num_Lic)")
+            .arg(selection()));
+
+    const QStringList left = lines(QStringLiteral("select Num_profil, Num_compet, Num_Lic from Engag"));
+    EXPECT_EQ(left.size(), 3);
+    EXPECT_FALSE(left.contains(sel_profile + QLatin1Char('|') + compet + QLatin1Char('|') + marked));
+    EXPECT_TRUE(left.contains(sel_profile + QLatin1Char('|') + past + QLatin1Char('|') + marked));
+    EXPECT_TRUE(left.contains(profile + QLatin1Char('|') + compet + QLatin1Char('|') + marked));
+    EXPECT_TRUE(left.contains(sel_profile + QLatin1Char('|') + compet + QLatin1Char('|') + member));
+}
+
+// UPDATE t t SET t.col and DELETE FROM t t, as the team templates compose them:
+// lowering the men's count from 2 to 1 sends the men of team 2 to individual,
+// deletes their team-2 entries and the men's relays of team 2, and touches no
+// woman of a team 2 and no mixed team.
+TEST_F(DialectOnBase, LoweringTheMenCountTakesTheMenOfTheLastTeamOnly)
+{
+    const QString man1 = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    const QString man2 = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
+    const QString woman2 = add_swimmer(QStringLiteral("33333C"), QStringLiteral("O'BRIEN"), QStringLiteral("F"));
+    const QString mixed2 = add_swimmer(QStringLiteral("44444D"), QStringLiteral("TANGUY"), QStringLiteral("M"));
+    const auto assign = [&](const QString& num, int team, bool mixed) {
+        run(QStringLiteral("INSERT INTO Engag_nageur (Num_profil, Num_compet, Num_Lic, Equipe, Equipe_m) VALUES (%1, "
+                           "%2, %3, %4, %5);")
+                .arg(profile, compet, num)
+                .arg(team)
+                .arg(mixed ? QStringLiteral("true") : QStringLiteral("false")));
+    };
+    assign(man1, 1, false);
+    assign(man2, 2, false);
+    assign(woman2, 2, false);
+    assign(mixed2, 2, true);
+    add_entry(profile, compet, QStringLiteral("51"), man1, 1);
+    add_entry(profile, compet, QStringLiteral("51"), man2, 2);
+    add_entry(profile, compet, QStringLiteral("1"), woman2, 2);
+    const QString nulle = QStringLiteral("0");
+    const QString men_relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'M'"));
+    const QString women_relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'F'"));
+    add_relay(men_relay, 1, 1, {man1}, nulle);
+    add_relay(men_relay, 1, 2, {man2}, nulle);
+    add_relay(women_relay, 1, 2, {woman2}, nulle);
+
+    const auto template_run = [&](QString sql, const QString& table) {
+        const QString key = QStringLiteral("<TABLE>.Num_compet = %1 and <TABLE>.Num_profil = %2").arg(compet, profile);
+        sql.replace(QStringLiteral("<KEY>"), key);
+        sql.replace(QStringLiteral("<TABLE>"), table);
+        sql.replace(QStringLiteral("<NUM_TEAM>"), QStringLiteral("1"));
+        sql.replace(QStringLiteral("<SEXE_NAGEUR>"), QStringLiteral("M"));
+        run(sql);
+    };
+    template_run(QStringLiteral("UPDATE <TABLE> <TABLE> SET <TABLE>.Equipe = 0, <TABLE>.Equipe_m = false "
+                                "WHERE <TABLE>.Equipe > <NUM_TEAM> AND <TABLE>.Equipe_m = false AND <KEY> AND "
+                                "EXISTS (SELECT Licence.Num FROM Licence Licence WHERE Licence.Sexe = '<SEXE_NAGEUR>' "
+                                "AND Licence.Num = <TABLE>.Num_Lic)"),
+                 QStringLiteral("Engag_nageur"));
+    template_run(QStringLiteral("DELETE FROM <TABLE> <TABLE> WHERE <TABLE>.Num_equipe > <NUM_TEAM> AND "
+                                "<TABLE>.Equipe_mixte = false AND <KEY> AND EXISTS (SELECT Licence.Num FROM Licence "
+                                "Licence WHERE Licence.Sexe = '<SEXE_NAGEUR>' AND Licence.Num = <TABLE>.Num_Lic)"),
+                 QStringLiteral("Engag"));
+    template_run(
+        QStringLiteral("DELETE FROM Relais Relais WHERE Relais.Num_equipe > <NUM_TEAM> AND "
+                       "Relais.Equipe_mixte = False AND <KEY> AND EXISTS (SELECT Nage.Code_Nage FROM Nage Nage "
+                       "WHERE Nage.Sexe = '<SEXE_NAGEUR>' AND Nage.Code_Nage = Relais.Code_epreuve)"),
+        QStringLiteral("Relais"));
+
+    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Equipe, Equipe_m from Engag_nageur order by Num_Lic"))),
+              text(QStringList({man1 + QStringLiteral("|1|Faux"), man2 + QStringLiteral("|0|Faux"),
+                                woman2 + QStringLiteral("|2|Faux"), mixed2 + QStringLiteral("|2|Vrai")})));
+    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Num_equipe from Engag order by Num_Lic"))),
+              text(QStringList({man1 + QStringLiteral("|1"), woman2 + QStringLiteral("|2")})));
+    EXPECT_EQ(
+        text(lines(QStringLiteral("select Code_epreuve, Num_equipe from Relais order by Num_equipe, Code_epreuve"))),
+        text(QStringList({men_relay + QStringLiteral("|1"), women_relay + QStringLiteral("|2")})));
+}
+
+// UPDATE t SET t.col: the records of the old men's bands up to the new band's
+// highest age move to the new band; others stay where they are.
+TEST_F(DialectOnBase, QualifiedSetMovesTheRecordsOfTheMergedBands)
+{
+    const auto band = [&](const char* label, int from, int to, const char* sexe) {
+        run(QStringLiteral("INSERT INTO Categori_record_club  (Code_Club, Libelle, Age_inf, Age_sup, Sexe) "
+                           "VALUES ('%1', '%2', %3, %4, '%5')")
+                .arg(club(), QString::fromUtf8(label))
+                .arg(from)
+                .arg(to)
+                .arg(QString::fromUtf8(sexe)));
+        return read(QStringLiteral("select max(Num_cat) from Categori_record_club")).first();
+    };
+    const QString benjamins = band("Benjamins", 10, 11, "Homme");
+    const QString minimes = band("Minimes", 12, 13, "Homme");
+    const QString cadets = band("Cadets", 14, 15, "Homme");
+    const QString filles = band("Minimes filles", 12, 13, "Femme");
+    for (const QString& cat : {benjamins, minimes, cadets, filles})
+        run(QStringLiteral(
+                "INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom) VALUES (%1, 51, 25, 0.3012, 'X')")
+                .arg(cat));
+    run(QStringLiteral("UPDATE Categori_record_club SET Old = true where Code_Club = '") + club() + QLatin1Char('\''));
+    const QString jeunes = band("Jeunes", 10, 13, "Homme");
+    ASSERT_EQ(text(read(QStringLiteral("Select Num_cat, Age_sup, Sexe from Categori_record_club where Code_Club = '") +
+                        club() + QStringLiteral("' and Old = false order by age_inf"))
+                       .first()),
+              text(jeunes));
+
+    run(QStringLiteral("UPDATE RecordClub Set RecordClub.Categorie = %1 WHERE RecordClub.Categorie in ( "
+                       "SELECT Categori_record_club.Num_cat from Categori_record_club Where "
+                       "Categori_record_club.Code_Club = '%2' AND Categori_record_club.Old = True AND "
+                       "Categori_record_club.Sexe = 'Homme' AND Categori_record_club.Age_sup <= 13);")
+            .arg(jeunes, club()));
+
+    EXPECT_EQ(text(read(QStringLiteral("select Categorie from RecordClub order by Num_auto")).column(0)),
+              text(QStringList({jeunes, jeunes, cadets, filles})));
+}
+
+// A number glued to the next keyword, as the convocation and relay statements
+// join a key and the next piece: read as Jet reads them.
+TEST_F(DialectOnBase, NumbersGluedToKeywordsReadAsTwoTokens)
+{
+    const QString swimmer = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    const QString other = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
+    add_entry(profile, compet, QStringLiteral("52"), swimmer, 0, QStringLiteral("1.0523"));
+    add_entry(profile, compet, QStringLiteral("51"), swimmer, 0, QStringLiteral("0.2745"));
+    add_entry(profile, compet, QStringLiteral("51"), other);
+    add_entry(sel_profile, compet, QStringLiteral("53"), swimmer);
+
+    const QString engag =
+        QStringLiteral("SELECT Nage.Libelle, Engag.Tps_engagement, Engag.Num_equipe, Engag.Equipe_mixte "
+                       "FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
+                       "AND Engag.Num_compet = ") +
+        compet + QStringLiteral("AND Engag.Num_profil = ") + profile + QStringLiteral("AND Engag.Num_Lic = ") +
+        swimmer + QStringLiteral("ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, Engag.Code_epreuve");
+    const QString label51 = read(QStringLiteral("select Libelle from Nage where Code_Nage = 51")).first();
+    const QString label52 = read(QStringLiteral("select Libelle from Nage where Code_Nage = 52")).first();
+    EXPECT_EQ(
+        text(lines(engag)),
+        text(QStringList({label51 + QStringLiteral("|0.2745|0|Faux"), label52 + QStringLiteral("|1.0523|0|Faux")})));
+
+    const QString relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'M'"));
+    add_relay(relay, 1, 1, {swimmer}, QStringLiteral("0"));
+    add_relay(relay, 2, 1, {other}, QStringLiteral("0"));
+    add_relay(relay, 3, 1, {other, swimmer}, QStringLiteral("0"));
+    add_relay(relay, 1, 2, {other}, QStringLiteral("0"));
+    const QString counts = QStringLiteral("SELECT Relais.code_epreuve, Max(Relais.Num_Lic) AS MaxDeNum_Lic "
+                                          "FROM Nage Nage, Relais Relais WHERE Nage.Code_Nage = Relais.Code_epreuve "
+                                          "AND Relais.Num_compet = ") +
+        compet + QStringLiteral("AND Relais.Num_profil = ") + profile +
+        QStringLiteral("AND Relais.Num_equipe = 1 and Nage.Sexe = 'M' group by Relais.code_epreuve");
+    EXPECT_EQ(text(lines(counts)), text(QStringList({relay + QStringLiteral("|3")})));
+
+    QString condition;
+    for (int n = 1; n <= 10; ++n)
+        condition += QStringLiteral(" OR Licence%1 = %2").arg(n).arg(swimmer);
+    condition = condition.mid(4);
+    const QString relays = QStringLiteral("SELECT Nage.Libelle, Relais.Num_Lic, Relais.Num_equipe, Relais.Equipe_mixte "
+                                          "FROM Nage Nage, Relais Relais WHERE Nage.Code_Nage = Relais.Code_epreuve "
+                                          "AND Relais.Num_compet = ") +
+        compet + QStringLiteral("AND Relais.Num_profil = ") + profile + QStringLiteral("AND (") + condition +
+        QStringLiteral(") ORDER BY Relais.Num_equipe, Relais.Equipe_mixte, Relais.Code_epreuve");
+    QStringList numbers = read(relays).column(1);
+    numbers.sort();
+    EXPECT_EQ(text(numbers), text(QStringList({QStringLiteral("1"), QStringLiteral("3")})));
+}
+
+// INSERT INTO t VALUES with fewer values than t has columns: the values go to
+// the first columns and the snapshot columns take their defaults.
+TEST_F(DialectOnBase, PositionalInsertNamesTheFirstColumnsOfTheTable)
+{
+    const QString sql = QStringLiteral("INSERT INTO Engag_equipe VALUES (%1, %2, 0, 0, 0);").arg(compet, profile);
+    EXPECT_EQ(jet_to_sqlite(sql, app->db.handle()).toStdString(),
+              QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme, Eq_Femme, Eq_Mixte) "
+                             "VALUES (%1, %2, 0, 0, 0);")
+                  .arg(compet, profile)
+                  .toStdString());
+    // As many values as columns, a column list, a SELECT, no connection, an
+    // unknown table: nothing to complete.
+    const QString full = QStringLiteral("INSERT INTO Activite_licence VALUES (4, 'Natation');");
+    const QString named = QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('X', 4);");
+    const QString select = QStringLiteral("INSERT INTO Relais SELECT Relais_tempo.* From Relais_tempo");
+    const QString unknown = QStringLiteral("INSERT INTO Absente VALUES (1)");
+    for (const QString& same : {full, named, select, unknown})
+        EXPECT_EQ(jet_to_sqlite(same, app->db.handle()).toStdString(), same.toStdString());
+    EXPECT_EQ(jet_to_sqlite(sql, nullptr).toStdString(), sql.toStdString());
+    // Values are counted at the top level, texts and parentheses as one value each.
+    EXPECT_EQ(
+        jet_to_sqlite(QStringLiteral("insert into Activites values ('a, b', ('c,d'))"), app->db.handle()).toStdString(),
+        "insert into Activites (Code_federal, Activite) values ('a, b', ('c,d'))");
+
+    app->db.exec_sql(jet_to_sqlite(sql, app->db.handle()));
+    EXPECT_EQ(text(lines(QStringLiteral("select * from Engag_equipe"))),
+              text(QStringList({compet + QLatin1Char('|') + profile + QStringLiteral("|0|0|0|0|0|0")})));
+}
+
+// An order on a yes/no column comes out as under Jet, where true is -1.
+TEST_F(DialectOnBase, OrdersOnBooleanColumnsRunAsUnderJet)
+{
+    const auto turned = [&](const char* sql) {
+        return jet_to_sqlite(QString::fromUtf8(sql), app->db.handle()).toStdString();
+    };
+    EXPECT_EQ(turned("SELECT Libelle, Code_Nage FROM Nage ORDER BY Mixte DESC, Sexe, Nb_nageurs, Code_nage"),
+              "SELECT Libelle, Code_Nage FROM Nage ORDER BY Mixte ASC, Sexe, Nb_nageurs, Code_nage");
+    EXPECT_EQ(turned("SELECT Nage.Libelle FROM Nage Nage, Liffn_relais Liffn_relais WHERE Nage.Code_Nage = "
+                     "Liffn_relais.Code_epreuve ORDER BY Nage.Mixte DESC, Nage.Sexe, Liffn_relais.Date_perf desc"),
+              "SELECT Nage.Libelle FROM Nage Nage, Liffn_relais Liffn_relais WHERE Nage.Code_Nage = "
+              "Liffn_relais.Code_epreuve ORDER BY Nage.Mixte ASC, Nage.Sexe, Liffn_relais.Date_perf desc");
+    EXPECT_EQ(turned("SELECT Nage.Libelle FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
+                     "ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, Engag.Code_epreuve"),
+              "SELECT Nage.Libelle FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
+              "ORDER BY Engag.Num_equipe, Engag.Equipe_mixte DESC, Engag.Code_epreuve");
+    EXPECT_EQ(turned("select Num from Licence order by visible asc;"),
+              "select Num from Licence order by visible desc;");
+    // Left as they are: keys on other columns, expressions, an unknown table,
+    // an order inside a subquery, and no connection.
+    const char* same[] = {
+        "SELECT Num, Nom FROM Licence WHERE Visible = true order by Nom DESC, Prenom",
+        "SELECT Code_Nage FROM Nage ORDER BY -Mixte, 1",
+        "SELECT x FROM Absente ORDER BY Mixte DESC",
+        "SELECT Nom FROM Licence WHERE Num IN (SELECT Num_Lic FROM Selection ORDER BY Visible DESC)",
+    };
+    for (const char* sql : same)
+        EXPECT_EQ(turned(sql), sql);
+    EXPECT_EQ(jet_to_sqlite(QStringLiteral("SELECT Code_Nage FROM Nage ORDER BY Mixte DESC")).toStdString(),
+              "SELECT Code_Nage FROM Nage ORDER BY Mixte DESC");
+}
+
+// The statements that need the tables, through the access layer.
+TEST_F(DialectOnBase, TheAccessLayerRunsTheFormsThatNeedTheTables)
+{
+    const QString swimmer = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    run(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte) "
+                       "VALUES (%1, %2, 51, %3, 1, false)")
+            .arg(compet, profile, swimmer));
+    run(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte) "
+                       "VALUES (%1, %2, 52, %3, 1, true)")
+            .arg(compet, profile, swimmer));
+    // The catalogue order: the mixed relays come last.
+    const QStringList mixed =
+        read(QStringLiteral("select Code_Nage from Nage where Mixte = true order by Code_Nage")).column(0);
+    ASSERT_FALSE(mixed.isEmpty());
+    const QStringList listed =
+        read(QStringLiteral("SELECT Libelle, Code_Nage FROM Nage ORDER BY Mixte DESC, Sexe, Nb_nageurs, Code_nage"))
+            .column(1);
+    EXPECT_EQ(text(listed.mid(listed.size() - mixed.size())), text(mixed));
+    // The entry slip's order: within a team number, the mixed team first.
+    EXPECT_EQ(
+        text(read(QStringLiteral("SELECT Nage.Code_Nage, Engag.Equipe_mixte FROM Nage Nage, Engag Engag WHERE "
+                                 "Nage.Code_Nage = Engag.Code_epreuve ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, "
+                                 "Nage.Code_Nage"))
+                 .column(1)),
+        text(QStringList({QStringLiteral("Vrai"), QStringLiteral("Faux")})));
+
+    ASSERT_EQ(app->db.count_query(
+                  QStringLiteral("select count(*) from Engag_equipe where Num_compet = %1 and Num_profil = %2")
+                      .arg(compet, profile)),
+              0);
+    run(QStringLiteral("INSERT INTO Engag_equipe VALUES (%1, %2, 0, 0, 0);").arg(compet, profile));
+    run(QStringLiteral("Update Engag_equipe Set Eq_Homme = 3, Eq_Femme = 1, Eq_Mixte = 0 where Num_compet = %1 and "
+                       "Num_profil = %2")
+            .arg(compet, profile));
+    run(QStringLiteral(
+            "update Engag_equipe set Old_Eq_Homme = Eq_Homme, Old_Eq_Femme = Eq_Femme, Old_Eq_Mixte = Eq_Mixte "
+            "where Num_compet = %1 and Num_profil = %2")
+            .arg(compet, profile));
+    EXPECT_EQ(text(lines(QStringLiteral("select * from Engag_equipe"))),
+              text(QStringList({compet + QLatin1Char('|') + profile + QStringLiteral("|3|1|0|3|1|0")})));
+
+    run(QStringLiteral("INSERT INTO Engag_equipe_modele VALUES (7, 0, 0, 0);"));
+    EXPECT_EQ(text(lines(QStringLiteral("select * from Engag_equipe_modele"))),
+              text(QStringList({QStringLiteral("7|0|0|0|0|0|0")})));
+}
+
+// Every shape of statement that the system composes, with its keys filled in,
+// prepares on the model base once rewritten: the survey of the dialect, and a
+// check that the tables have the columns the statements name.
+TEST_F(DialectOnBase, EveryStatementShapePreparesOnTheModelBase)
+{
+    const char* statements[] = {
+        // Frame, profiles, clubs, geography
+        "select count(*) from Club where visible = true",
+        "SELECT Club.Code_federal, Club.Intitule, Club.Selection, Profil.Libelle, Profil.Num, Profil.lgPosXSuivi, "
+        "Profil.lgPosYSuivi, Profil.lgIntervalSuivi, Profil.bAlwaysVisibleSuivi FROM Club Club, Profil Profil "
+        "WHERE Profil.LastUse = true and Club.Code_federal = Profil.Code_club",
+        "UPDATE Profil SET lgPosXSuivi = 10, lgPosYSuivi = 20, lgIntervalSuivi = 1000, bAlwaysVisibleSuivi = False "
+        "WHERE Num = 1",
+        "SELECT Libelle, LastUse, Num, Code_club from Profil",
+        "select count(*) from Club where Code_federal = 'FRA1234560001'and not num in (3)",
+        "Update Club Set Code_federal = 'FRA1234560002', Intitule = 'L''Aviron', Selection = false where Num = 1",
+        "Update Club Set Code_federal = Num, Visible = false where Num = 4 or Num = 7",
+        "UPDATE Selection Set Visible = false where Num_Lic IN (select Num from Licence where Code_Club = '4' or "
+        "Code_Club = '7')",
+        "Delete from Engag_nageur where Num_Lic IN (select Num from Licence where Code_club = Code_Club = '4' or "
+        "Code_Club = '7')",
+        "SELECT count(*) FROM Inter_Region Inter_Region, Region Region WHERE Inter_Region.Code = Region.CodeInter "
+        "AND Region.Code = '11' and Inter_Region.Code = 1",
+        "SELECT count(*) FROM Region Region, Departement Departement WHERE Region.Code = Departement.Region AND "
+        "Departement.Code = '029' AND region.code = '11'",
+        "SELECT Region.Libelle FROM Region Region, Pays Pays WHERE (Region.Code = Pays.Code_Reg AND "
+        "Pays.Libelle='BELGIQUE' AND NOT (Region.Libelle = 'Null'))",
+        "SELECT Libelle FROM Inter_Region WHERE not (Libelle = 'Null') ORDER BY Libelle",
+        "Update Club Set Adresse = 'a', Code_Postal = '29000', Ville = 'Q', Telephone = '', Fax = '', Mail = '' "
+        "where Num = 1",
+        "SELECT Fonction, Nom, Tel1, Tel2, Mail FROM Dirigeant WHERE Code_federal='X' and suppr = false "
+        "ORDER BY Fonction, Nom",
+        "insert into Dirigeant (Code_federal, Fonction, Nom, Tel1, Tel2, Mail) values ('X', 'a', 'b', '', '', '')",
+        "insert into Activites (Code_federal, Activite, Responsable) values ('X', 'a', 'b')",
+        "delete from Tarifs where Suppr = true",
+        "Update Piscine set Nom = 'P', Adresse = '', Code_Postal = '', Ville = '', NbCouloir = 8, Bassin = 25 "
+        "where Num = 1",
+        "Update Rcomp Set Num_Piscine = 1 where Num_Piscine = 3 or Num_Piscine = 9",
+        // Licences
+        "INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe, Date_Naissance, Nationalite, Adresse, "
+        "Suite_adresse, Code_Postal, Localite, Telephone, Sportive, Synchro, Water_Polo, Plongeon, Dirigeant, "
+        "Maitre, Date_Depot, Date_obliteration, Type_licence, Nature, Code_unique, Tel2, Mail, Tarif, Medecin, "
+        "Date_Ctrl_Medical) VALUES ('X', '12345A', 'N', 'P', 'M', '20100101', 'FRA', '', '', '', '', '', 'O', '', "
+        "'', '', '', '', '20240916', '20240916', 'N', 'N', '', '', '', '', '', '')",
+        "UPDATE Licence SET Licence = '12345A', Nom = 'N', Tarif = '', Date_Ctrl_Medical = '' WHERE Num = 2",
+        "SELECT Licence.*, Pays.Libelle FROM Pays Pays, Licence Licence WHERE Pays.Code = Licence.Nationalite "
+        "AND Licence.Num = 2",
+        "INSERT INTO Activite_licence VALUES (2, 'Natation')",
+        "SELECT distinct Activite FROM Activite_licence WHERE Num_lic = 2",
+        "SELECT Licence.Num, Licence.Licence, Licence.Nom, Licence.Prenom, Club.Intitule, Licence.Date_Naissance "
+        "FROM Club Club, Licence Licence WHERE Club.Code_federal = Licence.Code_Club AND Licence.Code_Club like "
+        "'FRA12%' AND Licence.Visible = true ORDER BY Licence.Nom, Licence.Prenom",
+        "SELECT Licence.Num, Licence.Licence, Licence.Nom, Licence.Prenom, Club.Intitule, Licence.Date_Naissance "
+        "FROM Club Club, Licence Licence, Selection Selection WHERE (Licence.Tarif = ' ' OR Licence.Tarif is null) "
+        "AND Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic and Selection.Code_Sel = 'X' "
+        "and Selection.Visible = true and Licence.Visible = true ORDER BY Club.Intitule DESC, Licence.Nom, "
+        "Licence.Prenom",
+        "SELECT Intitule FROM Tarifs WHERE Code_federal = 'X' ORDER BY Intitule",
+        "DELETE FROM Engag_nageur_modele Engag_nageur_modele WHERE exists (SELECT Modele_engag.Num_profil FROM "
+        "Modele_engag Modele_engag, Profil Profil WHERE Profil.Num = Modele_engag.Num_profil AND Profil.Code_club = "
+        "'X' AND Modele_engag.NumAuto = Engag_nageur_modele.Num_modele) AND exists (SELECT Selection.Num_Lic FROM "
+        "Selection Selection WHERE Selection.Code_Sel = 'X' AND Selection.Suppr = True AND "
+        "Engag_nageur_modele.Num_Lic = Selection.Num_Lic)",
+        "UPDATE Licence SET Licence = Num WHERE Visible = false AND Date_suppr < '20230101'",
+        "UPDATE Licence SET Date_Depot = '20240916', Date_obliteration = '20240916', Type_licence = 'R' "
+        "WHERE Date_Depot < '20240916'",
+        "UPDATE Info SET LastUpdtLic = '20240916'",
+        "UPDATE Relais SET Licence1 = 9 WHERE Licence1 IN (select Num from Licence_tempo) AND Num_compet in "
+        "(select AutoNum from RComp where deroule = false)",
+        // Competitions and programmes
+        "Update Rcomp Set Num = '1', Type = 'C', Nom = 'n', Debut = '20990101', Fin = '20990102', Lieu = 'l', "
+        "Longueur = 50, Nb_couloir = 8, Codif_fede = 'Q', Codif_inter = 'R', Codif_reg = 'A', Codif_depar = ' ', "
+        "Num_Piscine = 1 where AutoNum = 1",
+        "UPDATE Rcomp SET Deroule = true, Visible = false WHERE Deroule = false AND Visible = true AND "
+        "Debut <= '20240101'",
+        "SELECT Rcomp.*, Piscine.Nom FROM Piscine Piscine, Rcomp Rcomp WHERE Piscine.Num = Rcomp.Num_Piscine and "
+        "AutoNum = 1",
+        "select AutoNum, Num, Nom, Debut, Fin, Lieu from Rcomp where Deroule = false and visible = true order by Debut",
+        "SELECT Num_compet FROM Prres GROUP BY Num_compet",
+        "UPDATE Pcomp SET JourCourse = 1, Num_ordre = 0 where JourCourse > 2 and Num_compet = 1",
+        "SELECT Libelle, Code_Nage FROM Nage WHERE Possible_50 = true ORDER BY Mixte DESC, Sexe, Nb_nageurs, Code_nage",
+        "SELECT Pcomp_modele.Code_epreuve, Pcomp_modele.JourCourse, Pcomp_modele.Type, Pcomp_modele.Nb_finales, "
+        "Pcomp_modele.Type_finale, Pcomp_modele.Num_ordre FROM Nage Nage, Pcomp_modele Pcomp_modele WHERE "
+        "Nage.Code_Nage = Pcomp_modele.Code_epreuve AND Pcomp_modele.Num_modele = 1 AND Nage.Possible_50 = true",
+        "INSERT INTO Pcomp_tempo (Num_compet, Code_epreuve, JourCourse, Type, nb_finales, Type_finale, num_ordre) "
+        "VALUES (1, 3, 1, '1', '0', ' ', 0);",
+        "SELECT Nage.Libelle, Pcomp_tempo.JourCourse, Pcomp_tempo.Num_ordre, Pcomp_tempo.Type, "
+        "Pcomp_tempo.Nb_finales, Pcomp_tempo.Type_finale FROM Nage Nage, Pcomp_tempo Pcomp_tempo WHERE "
+        "Nage.Code_Nage = Pcomp_tempo.Code_epreuve AND Pcomp_tempo.Num_compet = 1 AND Pcomp_tempo.Num_ordre <> 0 "
+        "ORDER BY Pcomp_tempo.JourCourse, Pcomp_tempo.Num_ordre, Pcomp_tempo.Code_epreuve",
+        "SELECT Rcomp.AutoNum, Rcomp.Num, Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu FROM Rcomp Rcomp, Pcomp Pcomp "
+        "WHERE Rcomp.AutoNum = Pcomp.Num_compet AND Rcomp.Deroule = True GROUP BY Rcomp.AutoNum, Rcomp.Num, "
+        "Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu ORDER BY Rcomp.Debut",
+        // Entries
+        "select Code_epreuve, Tps_engagement, Lieu_perf, Date_perf, Bassin from Engag where Num_compet = 1 and "
+        "Num_Lic = 2 and Num_profil = 1 and Num_equipe = 0 and Equipe_mixte = false",
+        "SELECT Tps, Lieu, Date_perf, Code_epreuve, Type_bassin From Liffn Where Num_lic = 2 AND Date_perf >= "
+        "'20230916' ORDER BY Code_epreuve, Tps",
+        "update Engag_nageur_modele set Old_equipe = Equipe, Old_equipe_m = Equipe_m where Num_modele = 1",
+        "update Engag_equipe_modele set Old_Eq_Homme = Eq_Homme, Old_Eq_Femme = Eq_Femme, Old_Eq_Mixte = Eq_Mixte "
+        "where Num_modele = 1",
+        "SELECT Licence.Licence, Licence.Nom, Licence.Prenom, Licence.Num, Club.Intitule FROM Club Club, Licence "
+        "Licence, Selection Selection WHERE Club.Code_federal = Licence.Code_club and Licence.Num = "
+        "Selection.Num_Lic and Selection.Code_Sel =  'X' and Selection.Visible = true and Licence.Visible = true "
+        "AND NOT (Licence.Num IN (SELECT Num_Lic FROM Engag_nageur WHERE Num_compet = 1 and Num_profil = 1 AND NOT "
+        "(Engag_nageur.Equipe = 0 AND Engag_nageur.Equipe_m = false) AND not (Engag_nageur.Equipe = 1 AND "
+        "Engag_nageur.Equipe_m = false))) and Sexe = 'M' order by Nom, Prenom",
+        "INSERT INTO Engag_equipe_modele VALUES (1, 0, 0, 0);",
+        "UPDATE Engag_nageur_modele SET Equipe = 0, Equipe_m = false WHERE Equipe > 1 AND Equipe_m = true AND "
+        "Num_modele = 1",
+        "select Tps, Licence1, Licence2, Licence3, Licence4, Licence5, Licence6, Licence7, Licence8, Licence9, "
+        "Licence10 from Relais where Num_profil = 1 and Num_compet = 1 and Code_epreuve = 57 and Num_Lic = 1 and "
+        "Num_equipe = 1 and Equipe_mixte = false",
+        "SELECT Min(Tps) AS MinDeTps FROM Liffn WHERE ((Code_epreuve = 1 Or Code_epreuve = 51) AND Num_Lic = 2 AND "
+        "Type_bassin = 50 AND Date_perf >= '20230916')",
+        "Update Relais Set Tps = 1.5432, Licence1 = 2, Licence2 = 9, Licence3 = 9, Licence4 = 9, Licence5 = 9, "
+        "Licence6 = 9, Licence7 = 9, Licence8 = 9, Licence9 = 9, Licence10 = 9 where Num_profil = 1 and "
+        "Num_compet = 1 and Code_epreuve = 57 and Num_Lic = 1 and Num_equipe = 1 and Equipe_mixte = false",
+        "INSERT INTO Relais_tempo SELECT Relais.* From Relais WHERE (((Relais.Num_profil) = 1) AND "
+        "((Relais.Num_compet)= 1));",
+        "INSERT INTO Engag_tempo SELECT Engag.* From Engag WHERE (((Engag.Num_profil) = 1) AND "
+        "((Engag.Num_compet)= 1));",
+        "SELECT Nage.Code_Nage, Nage.Libelle, Nage.Nb_nageurs, Max(Relais.Num_Lic) AS MaxDeNum_Lic, Nage.Sexe FROM "
+        "Nage Nage, Relais Relais WHERE Nage.Code_Nage = Relais.Code_epreuve AND Relais.Num_compet = 1AND "
+        "Relais.Num_profil = 1AND Relais.Num_equipe = 1 and Relais.Equipe_mixte = true GROUP BY Nage.Libelle, "
+        "Nage.Code_Nage, Nage.Sexe, Nage.distance, Nage.Nb_nageurs order by Nage.Sexe, Nage.distance, Nage.Code_nage",
+        "INSERT INTO Engag_modele ( Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, Num_modele ) SELECT "
+        "Engag.Code_epreuve, Engag.Num_Lic, Engag.Num_equipe, Engag.Equipe_mixte, 3 AS Expr1 FROM Engag WHERE "
+        "Engag.Num_compet = 1 and Engag.Num_profil = 1",
+        "INSERT INTO Engag_equipe_modele ( Eq_Homme, Eq_Femme, Eq_Mixte, Num_modele ) SELECT Engag_equipe.Eq_Homme, "
+        "Engag_equipe.Eq_Femme, Engag_equipe.Eq_Mixte, 3 AS Expr1 FROM Engag_equipe WHERE Engag_equipe.Num_compet = "
+        "1 and Engag_equipe.Num_profil = 1",
+        "INSERT INTO Engag_tempo ( Num_compet, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte ) SELECT "
+        "Engag_modele.Num_modele, Engag_modele.Code_epreuve, Engag_modele.Num_Lic, Engag_modele.Num_equipe, "
+        "Engag_modele.Equipe_mixte FROM Engag_modele WHERE Engag_modele.Num_modele = 3",
+        "INSERT INTO Engag ( Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte ) SELECT 1 AS "
+        "Expr1, 1 AS Expr2, Engag_modele.Code_epreuve, Engag_modele.Num_Lic, Engag_modele.Num_equipe, "
+        "Engag_modele.Equipe_mixte FROM Nage Nage, Engag_modele Engag_modele WHERE (Nage.Code_Nage = "
+        "Engag_modele.Code_epreuve AND ((Engag_modele.Num_modele) = 3) AND ((Nage.Possible_50)=True));",
+        "INSERT INTO Engag_nageur ( Num_compet, Num_profil, Num_Lic, Equipe, Equipe_m ) SELECT 1 AS Expr1, 1 AS "
+        "Expr2, Engag_nageur_modele.Num_Lic, Engag_nageur_modele.Equipe, Engag_nageur_modele.Equipe_m From "
+        "Engag_nageur_modele WHERE (((Engag_nageur_modele.Num_modele) = 3));",
+        "update Modele_engag set Suppr = true where NumAuto IN (1, 2)",
+        "UPDATE Modele_prog SET Nom_modele = 'Eté' where NumAuto = 1",
+        // Reports
+        "SELECT Licence.Nom, Licence.Prenom, Licence.Licence, Licence.Sexe, Nage.Libelle, Engag.Tps_engagement, "
+        "Engag.Num_equipe, Engag.Equipe_mixte, Licence.Num FROM Nage Nage, Engag Engag, Licence Licence WHERE "
+        "Licence.Num = Engag.Num_Lic AND Nage.Code_Nage = Engag.Code_epreuve AND Engag.Num_compet = 1 And "
+        "Engag.Num_profil = 1 ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, Licence.Sexe, Licence.Nom, "
+        "Licence.Prenom, Nage.Code_Nage",
+        "SELECT Nage.Libelle, Relais.Num_Lic, Relais.Tps, Relais.Num_equipe, Relais.Equipe_mixte, Nage.Sexe, "
+        "Relais.Licence1, Relais.Licence2, Relais.Licence3, Relais.Licence4, Relais.Licence5, Relais.Licence6, "
+        "Relais.Licence7, Relais.Licence8, Relais.Licence9, Relais.Licence10 FROM Nage Nage, Relais Relais WHERE "
+        "Nage.Code_Nage = Relais.Code_epreuve AND Relais.Num_compet = 1 AND Relais.Num_profil = 1 ORDER BY "
+        "Relais.Num_equipe, Relais.Equipe_mixte, Nage.Sexe, Nage.Code_nage, Relais.Num_Lic",
+        "SELECT Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu, Rcomp.Longueur, Piscine.Nom, Piscine.Adresse, "
+        "Piscine.Code_Postal, Piscine.Ville FROM Piscine Piscine, Rcomp Rcomp WHERE Piscine.Num = Rcomp.Num_Piscine "
+        "AND Rcomp.AutoNum = 1",
+        "SELECT Nage.Libelle, Pcomp.JourCourse FROM Nage Nage, Pcomp Pcomp WHERE Nage.Code_Nage = Pcomp.Code_epreuve "
+        "AND Pcomp.Num_compet = 1 ORDER BY Pcomp.JourCourse, Pcomp.Num_ordre",
+        "SELECT Licence.Nom, Licence.Prenom, Licence.Licence, Licence.Num, Club.Intitule, Club.Code_federal FROM Club "
+        "Club, Licence Licence, Engag_nageur Engag_nageur WHERE Club.Code_federal = Licence.Code_Club AND "
+        "Licence.Num = Engag_nageur.Num_Lic AND Engag_nageur.Num_compet = 1 AND Engag_nageur.Num_profil = 1 AND "
+        "Licence.Visible = true ORDER BY Licence.Nom, Licence.Prenom, Licence.licence",
+        // Results, performances, records
+        "SELECT Rcomp.AutoNum, Rcomp.Num, Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu FROM Rcomp Rcomp, Prres Prres "
+        "WHERE Rcomp.AutoNum = Prres.Num_compet AND Rcomp.Deroule = true AND Rcomp.Visible = true GROUP BY "
+        "Rcomp.AutoNum, Rcomp.Num, Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu ORDER BY Rcomp.Debut DESC",
+        "SELECT Pcomp.Code_epreuve, Pcomp.JourCourse, Pcomp.Num_ordre, Nage.Libelle, Nage.Nb_nageurs, Nage.Distance "
+        "FROM Nage Nage, Pcomp Pcomp WHERE Nage.Code_Nage = Pcomp.Code_epreuve AND Pcomp.Num_compet = 1 ORDER BY "
+        "Pcomp.Num_ordre",
+        "SELECT Licence.Nom, Licence.Prenom, Licence.Date_Naissance, Club.Intitule, Prres.Num_equipe, Prres.Tps, "
+        "Prres.Cotation_FFN, Prres.Type_course, Prres.Numero_serie, Prres.Numero_couloir, Club.Code_federal, "
+        "Licence.Nationalite, Prres.Num_categorie, Prres.Inter1, Prres.Inter2, Prres.Inter3, Prres.Inter4, "
+        "Prres.Inter5, Prres.Inter6, Prres.Inter7, Prres.Inter8, Prres.Inter9, Prres.Inter10, Prres.Inter11, "
+        "Prres.Inter12, Prres.Inter13, Prres.Inter14 FROM Licence Licence, Club Club, Prres Prres WHERE Licence.Num = "
+        "Prres.Num_Lic AND Prres.Code_club = Club.Code_federal AND Prres.Num_compet = 1 AND Prres.Code_epreuve = 51 "
+        "AND (Prres.Type_course = 'F' or Prres.Type_course = 'J') ORDER BY Prres.Type_course, Prres.Num_categorie, "
+        "Prres.Numero_serie, Prres.Numero_couloir, Prres.Numero_ordre_couloir",
+        "SELECT Prres_relais.Num_Lic, Club.Intitule, Prres_relais.Num_equipe, Prres_relais.Tps, "
+        "Prres_relais.Cotation_FFN, Prres_relais.Type_course, Prres_relais.Numero_serie, Prres_relais.Numero_couloir, "
+        "Club.Code_federal, Prres_relais.Num_categorie  FROM Club Club, Prres_relais Prres_relais WHERE "
+        "Club.Code_federal = Prres_relais.Code_club AND Prres_relais.Num_compet = 1 AND Prres_relais.Code_epreuve = "
+        "57 AND Prres_relais.Type_course = 'S' ORDER BY Prres_relais.Tps",
+        "SELECT Categori.Libelle FROM Rcomp Rcomp, Categori Categori WHERE Rcomp.AutoNum = Categori.Num_compet AND "
+        "Rcomp.AutoNum = 1 AND Categori.Num_cat = 2",
+        "SELECT Licence.Num, Licence.Nom, Licence.Prenom, Licence.Licence, Club.Intitule, Licence.Date_Naissance FROM "
+        "Club Club, Licence Licence, Liffn Liffn , Selection Selection WHERE Club.Code_federal = Licence.Code_Club AND "
+        "Licence.Num = Liffn.Num_Lic AND Licence.Num = Selection.Num_Lic AND Selection.Code_Sel ='X' GROUP BY "
+        "Licence.Num, Licence.Nom, Licence.Prenom, Licence.Licence, Club.Intitule, Licence.Date_Naissance ORDER BY "
+        "Licence.Nom, Licence.Prenom",
+        "SELECT Nage.Libelle, Liffn.Num_compet, Liffn.Tps, Liffn.Lieu, Liffn.Date_perf, Liffn.Type_bassin, "
+        "Liffn.Codif_Fede, Liffn.Codif_Inter, Liffn.Codif_Reg, Liffn.Codif_Depart, Liffn.Passage_relais, "
+        "Liffn.Tps_inter, Liffn.NumManuel FROM Nage Nage, Liffn Liffn WHERE Nage.Code_Nage = Liffn.Code_epreuve AND "
+        "Liffn.Num_Lic = 2 AND Liffn.Tps_inter = false AND Liffn.Passage_relais <> 'R' AND Liffn.Code_club = 'X' "
+        "ORDER BY liffn.Code_epreuve, liffn.Date_perf DESC",
+        "SELECT Nage.Libelle, Liffn_relais.Num_compet, Liffn_relais.Tps, Liffn_relais.Lieu, Liffn_relais.Date_perf, "
+        "Liffn_relais.Type_bassin, Liffn_relais.Codif_Fede, Liffn_relais.Codif_Inter, Liffn_relais.Codif_Reg, "
+        "Liffn_relais.Codif_Depart, Liffn_relais.Num_Lic, Liffn_relais.NumManuel FROM Nage Nage, Liffn_relais "
+        "Liffn_relais WHERE Nage.Code_Nage = Liffn_relais.Code_epreuve AND Liffn_relais.Code_club = 'X' ORDER BY "
+        "Nage.Mixte DESC, Nage.Sexe, Nage.Nb_nageurs, Nage.Distance, Nage.Code_Nage , Liffn_relais.Tps",
+        "Select Nom, Debut from Rcomp where AutoNum = 0",
+        "Delete from Liffn_relais where Num_compet = 0 and NumManuel = 2",
+        "SELECT Max(NumManuel) FROM Liffn WHERE Num_compet = 0",
+        "INSERT INTO Liffn VALUES (51, 'X', 2, 25, '20240101', 0.3012, 'Brest', 'Q', 'R', 'A', ' ', ' ', false, 14, "
+        "0, 1)",
+        "INSERT INTO Liffn_relais VALUES (57, 'X', 1, 25, '20240101', 1.5012, 'Brest', 2, 3, 4, 5, 9, 9, 9, 9, 9, 9, "
+        "'Q', 'R', 'A', ' ', 0, 1)",
+        "SELECT Code_Nage, Libelle, Possible_50, Sexe, Nb_nageurs from Nage WHERE Nb_nageurs > 1 ORDER BY Sexe, "
+        "distance, Code_nage",
+        "SELECT Libelle, Age_inf, Age_sup, Sexe FROM Categori_record_club WHERE Code_Club = 'X' ORDER BY Age_inf, Sexe",
+        "DELETE from Categori_record_club where Code_Club = 'X' and Old = true and Sexe = 'Homme' and Age_sup <= 13",
+        "SELECT Num_auto, Code_nage, Bassin, Date_perf, Tps FROM RecordClub WHERE Categorie =3 ORDER BY Bassin, "
+        "Code_nage, Tps, Date_perf",
+        "DELETE from RecordClub WHERE Num_auto IN (1, 2)",
+        "SELECT Libelle, Num_cat FROM Categori_record_club Where Code_Club = 'X' and Sexe = 'Mixte'",
+        "SELECT Categori_record_club.Libelle, RecordClub.Nom, RecordClub.Prenom, RecordClub.Tps, RecordClub.Date_perf, "
+        "RecordClub.Lieu , Rel1, Rel2, Rel3, Rel4, Rel5, Rel6, Rel7, Rel8, Rel9, Rel10 FROM Categori_record_club "
+        "Categori_record_club, RecordClub RecordClub WHERE Categori_record_club.Num_cat = RecordClub.Categorie AND "
+        "Categori_record_club.Code_Club = 'X' AND RecordClub.Code_nage = 51 AND RecordClub.Bassin = 25 ORDER BY "
+        "Categori_record_club.Num_cat, RecordClub.Tps, RecordClub.Date_perf",
+        "UPDATE RecordClub Set Tps = 1.0523, Nom = 'a', Prenom = 'b', Date_perf = '20240101', Lieu = 'c', Rel1 = "
+        "'x', Rel2 = ' ' WHERE Num_auto = 1",
+        "SELECT Engag.Code_epreuve, Nage.Libelle, Engag.Tps_engagement, Licence.Nom, Licence.Prenom FROM Nage Nage, "
+        "Licence Licence, Engag Engag Where Nage.Code_Nage = Engag.Code_epreuve AND Engag.Num_Lic = Licence.Num AND "
+        "Engag.Num_equipe = 1 AND Engag.Equipe_mixte = true AND Engag.Num_compet = 1 AND Engag.Num_profil = 1 AND "
+        "Licence.Sexe = '<SEXE_NAGEUR>' ORDER BY Engag.Code_epreuve",
+        "SELECT Relais.Code_epreuve, Nage.Libelle, Relais.Num_Lic, Relais.Tps FROM Nage Nage, Relais Relais WHERE "
+        "Nage.Code_Nage = Relais.Code_epreuve AND Relais.Num_equipe = 1 AND Relais.Equipe_mixte = true AND "
+        "Relais.Num_profil = 1 AND Relais.Num_compet = 1 ORDER BY Relais.Code_epreuve;",
+        "SELECT AutoNum, Num, Nom FROM Rcomp WHERE Type = 'I' and visible = true and Deroule = false",
+        "SELECT Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu, Rcomp.Longueur FROM Rcomp WHERE AutoNum = 1",
+    };
+    sqlite3* db = app->db.handle();
+    for (const char* jet : statements) {
+        const QByteArray sql = jet_to_sqlite(QString::fromUtf8(jet), db).toUtf8();
+        sqlite3_stmt* stmt = nullptr;
+        const int rc = sqlite3_prepare_v2(db, sql.constData(), int(sql.size()), &stmt, nullptr);
+        EXPECT_EQ(rc, SQLITE_OK) << sqlite3_errmsg(db) << "\n  " << jet;
+        sqlite3_finalize(stmt);
+    }
+}
+
+// ---------------------------------------------------------------------------
+// The statements of the catalogue and the access layer
+// ---------------------------------------------------------------------------
+
+TEST_F(DialectOnBase, SentinelStatementsMakeEachRowOnce)
+{
+    const QString find = QStringLiteral("select Num from Licence where Nom = 'Null'");
+    ASSERT_TRUE(read(find).empty());
+    run(QStringLiteral("INSERT INTO Licence (Code_Club, Licence, Nom, Visible, Date_suppr) VALUES ('") + club() +
+        QStringLiteral("', '1', 'Null', false, '');"));
+    const Rows nulle = read(find);
+    ASSERT_EQ(nulle.size(), 1);
+    EXPECT_EQ(text(lines(QStringLiteral("select Code_club, Licence, Visible, Date_suppr from Licence where Num = ") +
+                         nulle.first())),
+              text(QStringList({club() + QStringLiteral("|1|Faux|")})));
+    EXPECT_EQ(text(read(find).first()), text(nulle.first()));
+
+    const QString count = QStringLiteral("select count(*) from Piscine where Nom = 'Null'");
+    ASSERT_EQ(app->db.count_query(count), 0);
+    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null');"));
+    EXPECT_EQ(app->db.count_query(count), 1);
+    // Texts compare without regard to case, as under Jet: a pool typed "NULL" is
+    // taken for the reference pool too, and hidden from the pool list.
+    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('NULL');"));
+    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Kerlann');"));
+    EXPECT_EQ(app->db.count_query(count), 2);
+    EXPECT_EQ(text(read(QStringLiteral("SELECT * from Piscine where Nom <> 'Null' order by Nom")).column(1)),
+              text(QStringList({QStringLiteral("Kerlann")})));
+}
+
+TEST_F(DialectOnBase, TheCleanCloseFlagTakesTheBooleanWordsInAnyCase)
+{
+    const QString flag = QStringLiteral("select LastClose from Info");
+    for (const char* value : {"False", "true", "false", "True"}) {
+        app->db.set_last_close(QString::fromLatin1(value));
+        const bool expected = QString::fromLatin1(value).toLower() == QLatin1String("true");
+        EXPECT_EQ(text(read(flag).first()), text(expected ? QStringLiteral("Vrai") : QStringLiteral("Faux"))) << value;
+    }
+    app->db.set_last_close(QStringLiteral("False"));
+    EXPECT_EQ(text(read(flag).first().toLower()), text(QStringLiteral("faux")));
+
+    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("3")));
+    run(QStringLiteral("UPDATE Info Set Version = 4"));
+    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("4")));
+}
+
+TEST_F(DialectOnBase, WorkTablesTakeRowsAsideGiveThemBackAndEmpty)
+{
+    const QString swimmer = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
+    run(QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) "
+                       "SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, Licence.Prenom "
+                       "From Licence WHERE (((Licence.Num) = ") +
+        swimmer + QStringLiteral("));"));
+    run(QStringLiteral("Update Licence Set Visible = false where Num = ") + swimmer);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence where Visible = true")), 1);
+    run(QStringLiteral("Update Licence Set Visible = true where Num in (select Num from Licence_tempo)"));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence where Visible = true")), 2);
+
+    run(QStringLiteral("INSERT INTO Rcomp_tempo SELECT Rcomp.* From Rcomp WHERE Rcomp.AutoNum IN (") + compet +
+        QStringLiteral(");"));
+    run(QStringLiteral("Update Rcomp Set Visible = false where AutoNum IN (") + compet + QLatin1Char(')'));
+    EXPECT_EQ(text(lines(QStringLiteral("select AutoNum, Nom, Visible from Rcomp_tempo"))),
+              text(QStringList({compet + QStringLiteral("|Interclubs|Vrai")})));
+    run(QStringLiteral("Update Rcomp Set Visible = true where AutoNum in (select AutoNum from Rcomp_tempo)"));
+    EXPECT_EQ(text(read(QStringLiteral("select Visible from Rcomp where AutoNum = ") + compet).first()),
+              text(QStringLiteral("Vrai")));
+
+    for (const char* table : {"Licence_tempo", "Rcomp_tempo"}) {
+        app->db.clear_table(QString::fromLatin1(table));
+        EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from ") + QString::fromLatin1(table)), 0)
+            << table;
+    }
+}
+
+// Forms SQLite takes as written, where a different reading would go unnoticed.
+TEST_F(DialectOnBase, FormsTakenAsWrittenReadAsUnderJet)
+{
+    // A fee that no longer exists is cleared; one spelled in another case stays.
+    const QString kept = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
+    const QString cleared = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
+    run(QStringLiteral("insert into Tarifs (Code_federal, Intitule, Tarif) values ('%1', 'Adulte', 120.5)")
+            .arg(club()));
+    run(QStringLiteral("Update Licence set Tarif = 'ADULTE' where Num = ") + kept);
+    run(QStringLiteral("Update Licence set Tarif = 'Enfant' where Num = ") + cleared);
+    run(QStringLiteral("Update Licence set Tarif = '' where Code_club = '%1' and not Tarif in "
+                       "(select Intitule from Tarifs where code_federal = '%1')")
+            .arg(club()));
+    EXPECT_EQ(text(lines(QStringLiteral("select Num, Tarif from Licence order by Num"))),
+              text(QStringList({kept + QStringLiteral("|ADULTE"), cleared + QLatin1Char('|')})));
+
+    // The prefix of a selection finds its clubs with "%", in any case.
+    const QString prefix = selection().left(9).toLower();
+    EXPECT_EQ(text(read(QStringLiteral("SELECT Code_federal, Intitule, Num FROM Club where Code_federal like '") +
+                        prefix + QStringLiteral("%' and Visible = true order by Intitule"))
+                       .column(0)),
+              text(QStringList({club(), selection()})));
+
+    // The doubled WHERE of the relay swimmers' read fails, as it always did.
+    EXPECT_THROW(read(QStringLiteral("SELECT Licence.Nom FROM Club Club, Licence Licence, Selection Selection "
+                                     "WHERE WHERE Club.Code_federal = Licence.Code_Club")),
+                 DbError);
+}
+
+} // namespace
