@@ -163,4 +163,20 @@ qint64 folder_size(const QString& path)
     return total;
 }
 
+std::optional<QString> safe_relative_path(const QString& name)
+{
+    QString n = name;
+    n.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (n.startsWith(QLatin1Char('/')) || (n.size() >= 2 && n.at(1) == QLatin1Char(':') && n.at(0).isLetter()))
+        return std::nullopt;
+    QStringList parts;
+    for (const QString& part : n.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+        if (part == QLatin1String(".."))
+            return std::nullopt;
+        if (part != QLatin1String("."))
+            parts << part;
+    }
+    return parts.join(QLatin1Char('/'));
+}
+
 }  // namespace plouvarine

@@ -8,6 +8,7 @@
 
 #include <QString>
 #include <QtGlobal>
+#include <optional>
 
 namespace plouvarine {
 
@@ -50,5 +51,10 @@ bool is_zip(const QString& path);
 bool enough_space(const QString& file, const QString& folder);
 // The total size in bytes of the files below the folder, at any depth.
 qint64 folder_size(const QString& path);
+
+// A path given in an archive or a list, relative to the folder it goes into,
+// or nothing when it would land outside: an absolute name, a drive letter or a
+// ".." step. Backslashes count as separators, as Windows tools write them.
+std::optional<QString> safe_relative_path(const QString& name);
 
 }  // namespace plouvarine

@@ -207,24 +207,6 @@ QString entry_name(zip_t* z, zip_uint64_t index, const QString& archive)
     return QString::fromUtf8(name);
 }
 
-// The entry's path relative to the extraction folder, or nothing when it
-// would land outside: an absolute name, a drive letter, or a ".." step.
-// Backslashes count as separators, as some Windows tools wrote them.
-std::optional<QString> safe_relative(const QString& name)
-{
-    QString n = name;
-    n.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    if (n.startsWith(QLatin1Char('/')) || (n.size() >= 2 && n.at(1) == QLatin1Char(':') && n.at(0).isLetter()))
-        return std::nullopt;
-    QStringList parts;
-    for (const QString& part : n.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        if (part == QLatin1String(".."))
-            return std::nullopt;
-        if (part != QLatin1String("."))
-            parts << part;
-    }
-    return parts.join(QLatin1Char('/'));
-}
 
 bool inside(const QString& root, const QString& folder)
 {
@@ -320,7 +302,7 @@ bool unzip_archive(const QString& archive, const QString& folder)
     targets.reserve(size_t(count));
     for (zip_int64_t i = 0; i < count; ++i) {
         const QString name = entry_name(z.get(), zip_uint64_t(i), archive);
-        const std::optional<QString> relative = safe_relative(name);
+        const std::optional<QString> relative = safe_relative_path(name);
         if (!relative)
             fail(kAccessError, archive, QStringLiteral("entrée hors du dossier de destination refusée : ") + name);
         targets.push_back({*relative, name.endsWith(QLatin1Char('/')) || name.endsWith(QLatin1Char('\\'))});

@@ -58,20 +58,10 @@ QString read_list_file(const QString& path)
 // count as separators, as packages made on Windows write them.
 std::optional<QString> relative_name(const QString& name)
 {
-    QString n = name;
-    n.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    if (n.startsWith(QLatin1Char('/')) || (n.size() >= 2 && n.at(1) == QLatin1Char(':') && n.at(0).isLetter()))
+    const std::optional<QString> path = safe_relative_path(name);
+    if (!path || path->isEmpty())
         return std::nullopt;
-    QStringList parts;
-    for (const QString& part : n.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        if (part == QLatin1String(".."))
-            return std::nullopt;
-        if (part != QLatin1String("."))
-            parts << part;
-    }
-    if (parts.isEmpty())
-        return std::nullopt;
-    return parts.join(QLatin1Char('/'));
+    return path;
 }
 
 // The caption of the step in progress, kept for the error message.
