@@ -1,15 +1,30 @@
 // Plouvarine: builds the application and shows the main window.
 
+#include "frame/app_context.h"
+#include "frame/main_window.h"
+#include "frame/qt_services.h"
+
 #include <QApplication>
-#include <QMainWindow>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 int main(int argc, char** argv)
 {
     QApplication qapp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Plouvarine"));
-    QMainWindow window;
-    window.setWindowTitle(QStringLiteral("Plouvarine"));
-    window.resize(800, 600);
+    QApplication::setOrganizationName(QStringLiteral("Plouvarine"));
+
+    // Qt's own dialogs and standard buttons read in French.
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    QTranslator qt_french;
+    if (qt_french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qt_french);
+
+    plouvarine::gui::QtServices services([] { return QApplication::activeWindow(); });
+    plouvarine::AppContext app(services, QApplication::applicationDirPath());
+    plouvarine::gui::MainWindow window(app);
+    services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
     window.show();
     return QApplication::exec();
 }

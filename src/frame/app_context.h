@@ -6,6 +6,7 @@
 #include "frame/clock.h"
 #include "frame/menu_state.h"
 #include "frame/services.h"
+#include "frame/window_registry.h"
 #include "store/database.h"
 
 #include <QString>
@@ -42,6 +43,8 @@ public:
     OpeningHooks hooks;
     // The main window's menu: base state and lock counters.
     MenuState menus;
+    // The open windows, one instance each, with their callers and locks.
+    WindowRegistry windows{*this};
 
     // The application folder: the folder of the executable.
     const QString& app_dir() const { return app_dir_; }

@@ -1,0 +1,252 @@
+#include "frame/main_window.h"
+
+#include "frame/app_context.h"
+#include "frame/base_commands.h"
+#include "frame/splash_window.h"
+#include "frame/upgrade_window.h"
+#include "frame/window_settings.h"
+#include "store/base_files.h"
+#include "store/software_update.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace plouvarine::gui {
+
+MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), app_(app)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Plouvarine"));
+
+    mdi_ = new QMdiArea(this);
+    mdi_->setObjectName(QStringLiteral("mdiArea"));
+    setCentralWidget(mdi_);
+
+    for (const MenuEntry* top : app_.menus.children(QString())) {
+        if (!top->visible) {
+            // The fee menu is a context menu of the licence list, never in the bar.
+            tarifs_ = new QMenu(top->caption, this);
+            tarifs_->setObjectName(top->name);
+            actions_.insert(top->name, tarifs_->menuAction());
+            continue;
+        }
+        auto* menu = menuBar()->addMenu(top->caption);
+        menu->setObjectName(top->name);
+        menu->menuAction()->setObjectName(top->name);
+        actions_.insert(top->name, menu->menuAction());
+        build_menu(menu, top->name);
+    }
+    rebuild_tarifs();
+
+    statusBar()->setObjectName(QStringLiteral("sbStatusBar"));
+    for (int i = 0; i < 2; ++i) {
+        panels_[i] = new QLabel(this);
+        panels_[i]->setObjectName(QStringLiteral("sbStatusBarPanel%1").arg(i + 1));
+        panels_[i]->setMinimumWidth(120);
+        statusBar()->addPermanentWidget(panels_[i], i == 0 ? 1 : 2);
+    }
+
+    // After a resize the status bar is drawn again once the sizes settle.
+    resize_timer_ = new QTimer(this);
+    resize_timer_->setObjectName(QStringLiteral("Timer1"));
+    resize_timer_->setSingleShot(true);
+    connect(resize_timer_, &QTimer::timeout, this, [this] {
+        status_text(app_.ui, QStringLiteral("Resize"));
+        status_text(app_.ui, QString());
+    });
+
+    app_.menus.on_changed = [this] { refresh_actions(); };
+    app_.menus.on_tarifs_changed = [this] { rebuild_tarifs(); };
+    app_.windows.set_main_window(this);
+    app_.windows.on_bring_to_front = [this](const QString& name) {
+        for (QMdiSubWindow* sub : mdi_->subWindowList()) {
+            if (sub->objectName() == name) {
+                mdi_->setActiveSubWindow(sub);
+                return;
+            }
+        }
+        for (QWidget* top : QApplication::topLevelWidgets()) {
+            if (top->objectName() == name && top->isVisible()) {
+                top->raise();
+                top->activateWindow();
+                return;
+            }
+        }
+    };
+
+    plug_frame_commands();
+
+    const QScreen* screen = QApplication::primaryScreen();
+    setGeometry(read_main_geometry(screen ? screen->logicalDotsPerInch() : 96.0));
+    app_.enable_menus(false);
+    refresh_actions();
+}
+
+MainWindow::~MainWindow()
+{
+    app_.menus.on_changed = nullptr;
+    app_.menus.on_tarifs_changed = nullptr;
+    app_.windows.on_bring_to_front = nullptr;
+    app_.windows.set_main_window(nullptr);
+}
+
+void MainWindow::build_menu(QMenu* menu, const QString& parent)
+{
+    for (const MenuEntry* entry : app_.menus.children(parent)) {
+        if (entry->kind == MenuKind::Menu) {
+            QMenu* sub = menu->addMenu(entry->caption);
+            sub->setObjectName(entry->name);
+            sub->menuAction()->setObjectName(entry->name);
+            actions_.insert(entry->name, sub->menuAction());
+            build_menu(sub, entry->name);
+        } else {
+            add_entry(menu, entry->name);
+        }
+    }
+}
+
+QAction* MainWindow::add_entry(QMenu* menu, const QString& name)
+{
+    const MenuEntry* entry = app_.menus.entry(name);
+    QAction* action = entry->kind == MenuKind::Separator ? menu->addSeparator() : menu->addAction(entry->caption);
+    action->setObjectName(name);
+    action->setCheckable(entry->checkable);
+    actions_.insert(name, action);
+    if (entry->kind == MenuKind::Command)
+        connect(action, &QAction::triggered, this, [this, name] { trigger(name); });
+    return action;
+}
+
+void MainWindow::refresh_actions()
+{
+    for (auto it = actions_.cbegin(); it != actions_.cend(); ++it) {
+        it.value()->setEnabled(app_.menus.is_enabled(it.key()));
+        if (it.value()->isCheckable())
+            it.value()->setChecked(app_.menus.is_checked(it.key()));
+    }
+}
+
+void MainWindow::rebuild_tarifs()
+{
+    if (!tarifs_)
+        return;
+    tarifs_->clear();
+    const QStringList& lines = app_.menus.tarifs();
+    for (int i = 0; i < lines.size(); ++i) {
+        QAction* line = tarifs_->addAction(lines[i]);
+        line->setObjectName(QStringLiteral("mnuTarifsSel_%1").arg(i));
+        line->setCheckable(true);
+        line->setChecked(i == app_.menus.checked_tarif());
+        connect(line, &QAction::triggered, this, [this, i] {
+            if (on_tarif_chosen)
+                on_tarif_chosen(i);
+        });
+    }
+}
+
+void MainWindow::set_command(const QString& command, std::function<void()> run)
+{
+    commands_.insert(command, std::move(run));
+}
+
+void MainWindow::trigger(const QString& command)
+{
+    if (!app_.menus.is_enabled(command))
+        return;
+    const auto it = commands_.constFind(command);
+    if (it != commands_.cend() && *it)
+        (*it)();
+}
+
+QAction* MainWindow::action(const QString& name) const
+{
+    return actions_.value(name, nullptr);
+}
+
+QMdiSubWindow* MainWindow::show_child(QWidget* window)
+{
+    QMdiSubWindow* sub = mdi_->addSubWindow(window);
+    sub->setObjectName(window->objectName());
+    sub->setAttribute(Qt::WA_DeleteOnClose);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    sub->show();
+    mdi_->setActiveSubWindow(sub);
+    return sub;
+}
+
+void MainWindow::show_status(int panel, const QString& text)
+{
+    if (panel < 1 || panel > 2)
+        return;
+    panels_[panel - 1]->setText(text);
+    // Long steps run on this thread: draw the caption before they go on.
+    panels_[panel - 1]->repaint();
+}
+
+QString MainWindow::status_panel(int panel) const
+{
+    return panel >= 1 && panel <= 2 ? panels_[panel - 1]->text() : QString();
+}
+
+void MainWindow::plug_frame_commands()
+{
+    AppContext& app = app_;
+    set_command(QStringLiteral("mnuBaseNew"), [&app] { new_base_command(app); });
+    set_command(QStringLiteral("mnuBaseOpen"), [&app] { open_base_command(app); });
+    set_command(QStringLiteral("mnuBaseSave"), [&app] { save_command(app); });
+    set_command(QStringLiteral("mnuBaseAnnuler"), [&app] { cancel_command(app); });
+    set_command(QStringLiteral("mnuBaseClose"), [&app] { close_command(app); });
+    set_command(QStringLiteral("mnuBaseSuppr"), [&app] { delete_base_command(app); });
+    set_command(QStringLiteral("mnuBaseCompacter"), [&app] { compact_command(app); });
+    set_command(QStringLiteral("mnuBaseArchive"), [&app] { archive_command(app); });
+    set_command(QStringLiteral("mnuExit"), [this] { quit(); });
+    set_command(QStringLiteral("mnuHelpInfo"), [this] { SplashWindow(app_, this).exec(); });
+    set_command(QStringLiteral("mnuMajBase"), [this] { UpgradeWindow(app_, this).exec(); });
+    set_command(QStringLiteral("mnuMajLogiciel"), [&app] { software_update_command(app); });
+}
+
+void MainWindow::quit()
+{
+    if (quit_command(app_) != QuitOutcome::Quit)
+        return;
+    quitting_ = true;
+    close();
+    QCoreApplication::quit();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    // Quitter has done its own ending; the close box and the system ask first.
+    if (!quitting_ && !query_close(app_)) {
+        event->ignore();
+        return;
+    }
+    unload();
+    event->accept();
+}
+
+void MainWindow::unload()
+{
+    if (unloaded_)
+        return;
+    unloaded_ = true;
+    if (!isMinimized())
+        write_main_geometry(geometry());
+    unload_main(app_);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    resize_timer_->start(10);
+}
+
+}  // namespace plouvarine::gui

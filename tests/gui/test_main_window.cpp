@@ -1,0 +1,277 @@
+// The main window on Qt's offscreen platform: its menu actions are clicked as
+// the person would, with the messages and file dialogs scripted.
+
+#include "frame/main_window.h"
+#include "frame/window_registry.h"
+#include "store/save.h"
+#include "support/app_fixture.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+using namespace plouvarine;
+using plouvarine::gui::MainWindow;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+const QString kLoseUnsaved = QStringLiteral("Les données non sauvegardées seront effacées. Continuer ?");
+
+// One application for the whole program, its settings kept in a folder of its own.
+void ensure_application()
+{
+    static QTemporaryDir config;
+    static int argc = 1;
+    static char name[] = "test_gui";
+    static char* argv[] = {name, nullptr};
+    if (!QApplication::instance()) {
+        qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+        new QApplication(argc, argv);
+    }
+}
+
+QRect stored_geometry()
+{
+    QSettings s(QStringLiteral("Plouvarine"), QStringLiteral("Plouvarine"));
+    s.beginGroup(QStringLiteral("Settings"));
+    return QRect(s.value(QStringLiteral("MainLeft")).toInt(), s.value(QStringLiteral("MainTop")).toInt(),
+                 s.value(QStringLiteral("MainWidth")).toInt(), s.value(QStringLiteral("MainHeight")).toInt());
+}
+
+class MainWindowTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        AppFixture::SetUp();
+        window = std::make_unique<MainWindow>(*app);
+        window->show();
+    }
+    void TearDown() override
+    {
+        window.reset();
+        AppFixture::TearDown();
+    }
+
+    // The action as the menu bar holds it, clicked.
+    void click(const QString& name)
+    {
+        QAction* action = window->menuBar()->findChild<QAction*>(name);
+        if (!action)
+            action = window->findChild<QAction*>(name);
+        ASSERT_NE(action, nullptr) << name.toStdString();
+        action->trigger();
+    }
+    bool enabled(const QString& name) const { return window->action(name)->isEnabled(); }
+
+    // The commands that lead somewhere: enabled, with every menu above enabled too.
+    QStringList reachable_commands() const
+    {
+        QStringList names;
+        for (const MenuEntry& e : app->menus.entries()) {
+            if (e.kind != MenuKind::Command || !e.visible)
+                continue;
+            bool ok = window->action(e.name)->isEnabled();
+            for (QString p = e.parent; ok && !p.isEmpty(); p = app->menus.entry(p)->parent)
+                ok = window->action(p)->isEnabled();
+            if (ok)
+                names << e.name;
+        }
+        return names;
+    }
+
+    QStringList pools()
+    {
+        return app->db.load_rows(QStringLiteral("select Nom from Piscine where Nom <> 'Null' order by Nom")).column(0);
+    }
+
+    std::unique_ptr<MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABase)
+{
+    // Every entry of the tree is drawn, with its caption.
+    for (const MenuEntry& e : app->menus.entries()) {
+        QAction* action = window->action(e.name);
+        ASSERT_NE(action, nullptr) << e.name.toStdString();
+        if (e.kind != MenuKind::Separator) {
+            EXPECT_EQ(action->text(), e.caption);
+        }
+    }
+    EXPECT_EQ(window->menuBar()->actions().size(), 8);
+    EXPECT_EQ(window->menuBar()->actions().first()->text(), QStringLiteral("&Base"));
+    EXPECT_FALSE(window->menuBar()->actions().contains(window->tarifs_menu()->menuAction()));
+
+    const QStringList no_base{"mnuBaseNew",         "mnuBaseOpen",       "mnuBaseSuppr",
+                              "mnuExit",            "mnuPerfOrdiAffiche", "mnuPerfOrdiMasquer",
+                              "mnuPerfOrdiParam",   "mnuPerfOrdiTjsVisible", "mnuMajLogiciel",
+                              "mnuMajBase",         "mnuHelpInfo"};
+    EXPECT_EQ(reachable_commands(), no_base);
+
+    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    const QStringList with_base = reachable_commands();
+    EXPECT_FALSE(with_base.contains(QStringLiteral("mnuBaseNew")));
+    EXPECT_FALSE(with_base.contains(QStringLiteral("mnuBaseOpen")));
+    for (const char* name : {"mnuBaseSave", "mnuBaseAnnuler", "mnuBaseClose", "mnuBaseCompacter", "mnuLicListe",
+                             "mnuEngagBordereau", "mnuOutilsCalculPointEquipe", "mnuPerfRecConsult", "mnuHelpInfo"})
+        EXPECT_TRUE(with_base.contains(QLatin1String(name))) << name;
+}
+
+TEST_F(MainWindowTest, NewThenSaveThenCancelThenClose)
+{
+    const QString base = work_file(QStringLiteral("club.mdb"));
+    ui.files.push_back(base);
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+
+    app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Enregistrée');"));
+    click(QStringLiteral("mnuBaseSave"));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Annulée');"));
+    ui.answers.push_back(Button::Yes);
+    click(QStringLiteral("mnuBaseAnnuler"));
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Enregistrée")});
+
+    ui.clear();
+    ui.answers.push_back(Button::Yes);
+    click(QStringLiteral("mnuBaseClose"));
+    EXPECT_EQ(ui.texts(), QStringList{kLoseUnsaved});
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_TRUE(enabled(QStringLiteral("mnuBaseOpen")));
+    EXPECT_FALSE(enabled(QStringLiteral("mnuBaseSave")));
+    // A disabled command does nothing when clicked.
+    ui.clear();
+    click(QStringLiteral("mnuBaseSave"));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(MainWindowTest, QuitterWithABaseOpen)
+{
+    const QString base = work_file(QStringLiteral("club.mdb"));
+    ui.files.push_back(base);
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Gardée');"));
+
+    ui.answers.push_back(Button::No);
+    click(QStringLiteral("mnuExit"));
+    EXPECT_EQ(ui.messages.back().text, kLoseUnsaved);
+    EXPECT_EQ(ui.messages.back().default_button, Button::No);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(app->db.is_open());
+
+    window->setGeometry(140, 120, 700, 520);
+    const int asked = int(ui.messages.size());
+    ui.answers.push_back(Button::Yes);
+    click(QStringLiteral("mnuExit"));
+    // Quitter asks once and goes: not the close box's question after it.
+    EXPECT_EQ(int(ui.messages.size()), asked + 1);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_EQ(stored_geometry().size(), window->geometry().size());
+    connect(base);
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardée")});
+}
+
+TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)
+{
+    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+
+    auto* child = new QWidget;
+    child->setObjectName(QStringLiteral("Frm_liste_club"));
+    ASSERT_TRUE(app->windows.opened(child->objectName(), WindowRegistry::kMainWindow,
+                                    {whole_group(LockGroup::Club)}));
+    window->show_child(child);
+    EXPECT_FALSE(enabled(QStringLiteral("mnuBaseClubListe")));
+    EXPECT_TRUE(enabled(QStringLiteral("mnuLicListe")));
+
+    ui.clear();
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(ui.messages.empty());
+    click(QStringLiteral("mnuBaseClose"));
+    click(QStringLiteral("mnuExit"));
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(app->db.is_open());
+
+    // A second click on an open list brings it to the front with its message.
+    window->mdi_area()->activateNextSubWindow();
+    EXPECT_TRUE(app->windows.check_window_open(QStringLiteral("Frm_liste_club")));
+    EXPECT_EQ(ui.messages.back().text, WindowRegistry::already_open_message());
+    EXPECT_EQ(window->mdi_area()->activeSubWindow()->objectName(), QStringLiteral("Frm_liste_club"));
+
+    app->windows.closed(child->objectName());
+    EXPECT_TRUE(enabled(QStringLiteral("mnuBaseClubListe")));
+    ui.answers.push_back(Button::Yes);
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(ui.messages.back().text, QStringLiteral("Sauvegarder les données ?"));
+    EXPECT_FALSE(app->db.is_open());
+}
+
+TEST_F(MainWindowTest, OpeningRefusesAnUpperCaseExtension)
+{
+    const QString base = make_base(QStringLiteral("x.MDB"));
+    ui.files.push_back(base);
+    click(QStringLiteral("mnuBaseOpen"));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Mauvais format de fichier.")});
+    EXPECT_EQ(ui.messages.back().title, QStringLiteral("Erreur"));
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(enabled(QStringLiteral("mnuBaseSave")));
+}
+
+TEST_F(MainWindowTest, TheInformationWindowWithNoBase)
+{
+    QString connected;
+    int rows = -1;
+    QTimer::singleShot(0, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            return;
+        if (auto* label = dialog->findChild<QLabel*>(QStringLiteral("lbl_connected")))
+            connected = label->text();
+        if (auto* list = dialog->findChild<QAbstractItemView*>(QStringLiteral("Lst_DLL")))
+            rows = list->model()->rowCount();
+        dialog->close();
+    });
+    click(QStringLiteral("mnuHelpInfo"));
+    EXPECT_EQ(connected, QStringLiteral("Pas connecté"));
+    EXPECT_GE(rows, 0);
+}
+
+TEST_F(MainWindowTest, TheFeeMenuAndTheStatusPanels)
+{
+    app->menus.set_tarifs({QStringLiteral("Adulte"), QStringLiteral("Jeune")});
+    app->menus.set_checked_tarif(2);
+    QStringList lines;
+    for (QAction* a : window->tarifs_menu()->actions())
+        lines << a->text() + (a->isChecked() ? QStringLiteral("*") : QString());
+    EXPECT_EQ(lines, (QStringList{"Aucun", "Adulte", "Jeune*"}));
+    int chosen = -1;
+    window->on_tarif_chosen = [&](int i) { chosen = i; };
+    window->tarifs_menu()->actions().at(1)->trigger();
+    EXPECT_EQ(chosen, 1);
+
+    window->show_status(1, QStringLiteral("Profil : Secrétariat (ASN)"));
+    window->show_status(2, QStringLiteral("Compactage"));
+    window->show_status(3, QStringLiteral("ignoré"));
+    EXPECT_EQ(window->status_panel(1), QStringLiteral("Profil : Secrétariat (ASN)"));
+    EXPECT_EQ(window->status_panel(2), QStringLiteral("Compactage"));
+}
