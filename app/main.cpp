@@ -3,6 +3,7 @@
 #include "frame/app_context.h"
 #include "frame/main_window.h"
 #include "frame/qt_services.h"
+#include "frame/window_factory.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -21,10 +22,12 @@ int main(int argc, char** argv)
     if (qt_french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&qt_french);
 
+    plouvarine::gui::register_all_windows();
     plouvarine::gui::QtServices services([] { return QApplication::activeWindow(); });
     plouvarine::AppContext app(services, QApplication::applicationDirPath());
     plouvarine::gui::MainWindow window(app);
     services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
+    services.show_child = [&window](QWidget* child) { window.show_child(child); };
     window.show();
     return QApplication::exec();
 }

@@ -3,6 +3,7 @@
 // 20,000 licences, 300,000 performances and 50,000 results.
 
 #include "frame/services.h"
+#include "frame/view.h"
 
 #include <QString>
 
@@ -28,6 +29,9 @@ public:
     void set_status(int, const QString&) override {}
     void push_wait_cursor() override {}
     void pop_wait_cursor() override {}
+    void show_modal(View& view) override { view.close(); }
+    void show_window(std::unique_ptr<View> view) override { view->close(); }
+    bool print_document(const QString&, const QTextDocument&) override { return false; }
 };
 
 }  // namespace plouvarine::bench

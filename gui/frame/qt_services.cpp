@@ -1,11 +1,18 @@
 #include "frame/qt_services.h"
 
 #include "frame/report_window.h"
+#include "frame/view.h"
+#include "frame/view_window.h"
+#include "frame/window_factory.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
+#include <QTextDocument>
+#include <stdexcept>
 
 namespace plouvarine::gui {
 
@@ -75,6 +82,57 @@ void QtServices::set_status(int panel, const QString& text)
 {
     if (on_status)
         on_status(panel, text);
+}
+
+void QtServices::show_modal(View& view)
+{
+    if (view.is_closed())
+        return;
+    std::unique_ptr<ViewWindow> window(make_window(view, parent()));
+    if (!window)
+        throw std::logic_error("no window drawn for " + view.name().toStdString());
+    // The wait cursor of the command that opens the window is not the window's.
+    int waits = 0;
+    while (QApplication::overrideCursor()) {
+        QApplication::restoreOverrideCursor();
+        ++waits;
+    }
+    window->exec();
+    view.close();
+    while (waits-- > 0)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void QtServices::show_window(std::unique_ptr<View> view)
+{
+    View* owned = view.release();
+    ViewWindow* window = make_window(*owned, nullptr);
+    if (!window) {
+        owned->close();
+        delete owned;
+        throw std::logic_error("no window drawn for a child view");
+    }
+    // The view goes with its window, closed first so that its locks come back.
+    QObject::connect(window, &QObject::destroyed, [owned] {
+        owned->close();
+        delete owned;
+    });
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    if (show_child)
+        show_child(window);
+    else
+        window->show();
+}
+
+bool QtServices::print_document(const QString& title, const QTextDocument& document)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    QPrintPreviewDialog preview(&printer, parent());
+    preview.setWindowTitle(title);
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [&document](QPrinter* p) { document.print(p); });
+    return preview.exec() == QDialog::Accepted;
 }
 
 void QtServices::push_wait_cursor()

@@ -21,9 +21,14 @@ public:
     void set_status(int panel, const QString& text) override;
     void push_wait_cursor() override;
     void pop_wait_cursor() override;
+    void show_modal(View& view) override;
+    void show_window(std::unique_ptr<View> view) override;
+    bool print_document(const QString& title, const QTextDocument& document) override;
 
     // Where the status panels are drawn (set by the main window).
     std::function<void(int, const QString&)> on_status;
+    // Places a child window in the main window.
+    std::function<void(QWidget*)> show_child;
 
     // "Label (*.ext)|*.ext|Other (*.x)|*.x" as Qt's filter ("Label (*.ext);;Other (*.x)").
     static QString qt_filter(const QString& filter);

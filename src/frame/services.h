@@ -5,9 +5,14 @@
 
 #include <QString>
 #include <exception>
+#include <memory>
 #include <vector>
 
+class QTextDocument;
+
 namespace plouvarine {
+
+class View;
 
 // Button values of the platform's message box: Yes is 6, No is 7.
 enum class Button { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
@@ -57,6 +62,15 @@ public:
     // Wait cursor, nested: each push is matched by one pop.
     virtual void push_wait_cursor() = 0;
     virtual void pop_wait_cursor() = 0;
+
+    // The window of `view`, shown modally: returns once the view is closed.
+    virtual void show_modal(View& view) = 0;
+    // The window of `view` among the child windows of the main window. The
+    // window owns the view and destroys it after it has closed.
+    virtual void show_window(std::unique_ptr<View> view) = 0;
+    // Prints `document` under `title`: the printer choice, with a preview and
+    // PDF output. False when the person cancels.
+    virtual bool print_document(const QString& title, const QTextDocument& document) = 0;
 };
 
 // The message helpers every command uses. `pending` is the error caught by the

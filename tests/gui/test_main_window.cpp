@@ -4,6 +4,7 @@
 #include "frame/main_window.h"
 #include "frame/window_registry.h"
 #include "store/save.h"
+#include "gui_application.h"
 #include "support/app_fixture.h"
 
 #include <QAbstractItemView>
@@ -22,23 +23,11 @@
 using namespace plouvarine;
 using plouvarine::gui::MainWindow;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::ensure_application;
 
 namespace {
 
 const QString kLoseUnsaved = QStringLiteral("Les données non sauvegardées seront effacées. Continuer ?");
-
-// One application for the whole program, its settings kept in a folder of its own.
-void ensure_application()
-{
-    static QTemporaryDir config;
-    static int argc = 1;
-    static char name[] = "test_gui";
-    static char* argv[] = {name, nullptr};
-    if (!QApplication::instance()) {
-        qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-        new QApplication(argc, argv);
-    }
-}
 
 QRect stored_geometry()
 {

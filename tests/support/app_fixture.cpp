@@ -24,6 +24,7 @@ void AppFixture::SetUp()
 
 void AppFixture::TearDown()
 {
+    ui.drop_windows();
     if (app)
         app->db.close();
     app.reset();

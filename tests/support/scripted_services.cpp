@@ -1,5 +1,8 @@
 #include "support/scripted_services.h"
 
+#include <QPdfWriter>
+#include <QTextDocument>
+
 namespace plouvarine::testing {
 
 Button ScriptedServices::message_box(const Message& message)
@@ -59,6 +62,59 @@ void ScriptedServices::pop_wait_cursor()
     --wait_depth;
 }
 
+void ScriptedServices::show_modal(View& view)
+{
+    shown_views << view.name();
+    const auto driver = drivers.find(view.name());
+    if (driver != drivers.end() && driver->second)
+        driver->second(view);
+    if (!view.is_closed() && view.query_close())
+        view.close();
+}
+
+void ScriptedServices::show_window(std::unique_ptr<View> view)
+{
+    shown_views << view->name();
+    windows.push_back(std::move(view));
+}
+
+View* ScriptedServices::window(const QString& name) const
+{
+    for (const auto& w : windows)
+        if (w->name() == name && !w->is_closed())
+            return w.get();
+    return nullptr;
+}
+
+bool ScriptedServices::close_window(const QString& name)
+{
+    View* w = window(name);
+    if (!w || !w->query_close())
+        return false;
+    w->close();
+    return true;
+}
+
+void ScriptedServices::drop_windows()
+{
+    for (auto& w : windows)
+        w->close();
+    windows.clear();
+}
+
+bool ScriptedServices::print_document(const QString& title, const QTextDocument& document)
+{
+    if (!print_answer)
+        return false;
+    printed.push_back({title, document.toPlainText(), document.toHtml()});
+    if (!print_pdf.isEmpty()) {
+        QPdfWriter pdf(print_pdf);
+        pdf.setTitle(title);
+        document.print(&pdf);
+    }
+    return true;
+}
+
 std::vector<Message> ScriptedServices::titled(const QString& title) const
 {
     std::vector<Message> out;
@@ -83,6 +139,8 @@ void ScriptedServices::clear()
     folder_prompts.clear();
     status_history.clear();
     reports.clear();
+    shown_views.clear();
+    printed.clear();
 }
 
 }  // namespace plouvarine::testing

@@ -4,9 +4,14 @@
 
 #include "frame/services.h"
 
+#include "frame/view.h"
+
 #include <QString>
 #include <QStringList>
 #include <deque>
+#include <functional>
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace plouvarine::testing {
@@ -33,6 +38,32 @@ public:
     int wait_depth = 0;
     int max_wait_depth = 0;
 
+    // Views. A modal view is played by the driver of its name, if any; then,
+    // if it is still open, its close box is used. Every view shown is named in
+    // `shown_views`; child windows stay in `windows` until closed.
+    std::map<QString, std::function<void(View&)>> drivers;
+    QStringList shown_views;
+    std::vector<std::unique_ptr<View>> windows;
+    // An open child window, or null.
+    View* window(const QString& name) const;
+    template <typename T>
+    T* window_as(const QString& name) const { return dynamic_cast<T*>(window(name)); }
+    // Closes the child window as its close box would; false if it refused.
+    bool close_window(const QString& name);
+    // Closes and destroys every child window (before the application goes).
+    void drop_windows();
+
+    // Printing: what was sent, in order. `print_answer` false cancels the
+    // printer choice; with `print_pdf` set, the document is also written there.
+    struct Printed {
+        QString title;
+        QString text;  // the document's plain text
+        QString html;
+    };
+    std::vector<Printed> printed;
+    bool print_answer = true;
+    QString print_pdf;
+
     Button message_box(const Message& message) override;
     QString file_dialog(const FileDialogRequest& request) override;
     QString browse_folder(const QString& prompt) override;
@@ -40,6 +71,9 @@ public:
     void set_status(int panel, const QString& text) override;
     void push_wait_cursor() override;
     void pop_wait_cursor() override;
+    void show_modal(View& view) override;
+    void show_window(std::unique_ptr<View> view) override;
+    bool print_document(const QString& title, const QTextDocument& document) override;
 
     // Messages of one title ("Erreur", "Confirmation", "Information").
     std::vector<Message> titled(const QString& title) const;

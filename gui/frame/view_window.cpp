@@ -1,0 +1,50 @@
+#include "frame/view_window.h"
+
+#include <QCloseEvent>
+
+namespace plouvarine::gui {
+
+ViewWindow::ViewWindow(View& view, QWidget* parent) : QDialog(parent), view_(view)
+{
+    setObjectName(view.name());
+    setWindowTitle(view.title());
+    view_.on_changed = [this] {
+        setWindowTitle(view_.title());
+        refresh();
+    };
+    view_.on_close = [this] {
+        if (closing_)
+            return;
+        closing_ = true;
+        done(QDialog::Accepted);
+        // A child window closes its sub-window with it.
+        if (parentWidget() && parentWidget()->inherits("QMdiSubWindow"))
+            parentWidget()->close();
+    };
+}
+
+ViewWindow::~ViewWindow()
+{
+    view_.on_changed = nullptr;
+    view_.on_close = nullptr;
+}
+
+void ViewWindow::closeEvent(QCloseEvent* event)
+{
+    if (!closing_ && !view_.is_closed()) {
+        if (!view_.query_close()) {
+            event->ignore();
+            return;
+        }
+        closing_ = true;
+        view_.close();
+    }
+    QDialog::closeEvent(event);
+}
+
+void ViewWindow::reject()
+{
+    close();
+}
+
+}  // namespace plouvarine::gui

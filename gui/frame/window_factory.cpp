@@ -1,0 +1,35 @@
+#include "frame/window_factory.h"
+
+#include "frame/view.h"
+#include "frame/view_window.h"
+
+#include <QHash>
+
+namespace plouvarine::gui {
+
+namespace {
+
+QHash<QString, WindowMaker>& makers()
+{
+    static QHash<QString, WindowMaker> table;
+    return table;
+}
+
+}  // namespace
+
+void register_window(const QString& name, WindowMaker maker)
+{
+    makers().insert(name, std::move(maker));
+}
+
+ViewWindow* make_window(View& view, QWidget* parent)
+{
+    const auto it = makers().constFind(view.name());
+    return it == makers().cend() ? nullptr : (*it)(view, parent);
+}
+
+void register_all_windows()
+{
+}
+
+}  // namespace plouvarine::gui

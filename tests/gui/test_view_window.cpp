@@ -1,0 +1,94 @@
+// A view drawn by its window: the close box goes through the view, the view's
+// locks and busy place come back when its child window closes, and a modal
+// window returns once its view is closed.
+
+#include "frame/main_window.h"
+#include "frame/qt_services.h"
+#include "frame/view_window.h"
+#include "frame/window_factory.h"
+#include "gui_application.h"
+#include "support/app_fixture.h"
+
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTimer>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+// A window that may not be left until its work is marked done.
+class ChoreView : public View {
+public:
+    explicit ChoreView(AppContext& app) : View(app, QStringLiteral("frm_chore")) {}
+    bool query_close() override { return done; }
+    bool done = false;
+};
+
+class ViewWindowTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        AppFixture::SetUp();
+        gui::register_window(QStringLiteral("frm_chore"),
+                             [](View& v, QWidget* parent) { return new gui::ViewWindow(v, parent); });
+        window = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { window->show_child(w); };
+    }
+    void TearDown() override
+    {
+        window.reset();
+        AppFixture::TearDown();
+    }
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(ViewWindowTest, AChildWindowGivesBackItsLocksWhenItCloses)
+{
+    auto view = std::make_unique<ChoreView>(*app);
+    ChoreView* chore = view.get();
+    ASSERT_TRUE(chore->register_window(WindowRegistry::kMainWindow, {whole_group(LockGroup::Licence)}));
+    qt.show_window(std::move(view));
+    ASSERT_EQ(window->mdi_area()->subWindowList().size(), 1);
+    QMdiSubWindow* sub = window->mdi_area()->subWindowList().first();
+    EXPECT_EQ(sub->objectName(), QStringLiteral("frm_chore"));
+    EXPECT_TRUE(app->is_busy());
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuLicListe")), 1);
+
+    // The close box is refused while the work is not done.
+    EXPECT_FALSE(sub->close());
+    EXPECT_TRUE(app->windows.is_open(QStringLiteral("frm_chore")));
+
+    chore->done = true;
+    EXPECT_TRUE(sub->close());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(app->windows.is_open(QStringLiteral("frm_chore")));
+    EXPECT_FALSE(app->is_busy());
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuLicListe")), 0);
+    EXPECT_TRUE(window->mdi_area()->subWindowList().isEmpty());
+}
+
+TEST_F(ViewWindowTest, AModalWindowReturnsWhenItsViewCloses)
+{
+    ChoreView chore(*app);
+    ASSERT_TRUE(chore.register_window());
+    bool was_shown = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        was_shown = modal && modal->objectName() == QStringLiteral("frm_chore");
+        modal->close();  // refused: not done
+        chore.done = true;
+        chore.close();
+    });
+    qt.show_modal(chore);
+    EXPECT_TRUE(was_shown);
+    EXPECT_TRUE(chore.is_closed());
+    EXPECT_FALSE(app->is_busy());
+}
