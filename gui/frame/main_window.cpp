@@ -1,7 +1,9 @@
 #include "frame/main_window.h"
 
 #include "frame/app_context.h"
+#include "clubs/pools.h"
 #include "frame/base_commands.h"
+#include "frame/commands.h"
 #include "frame/splash_window.h"
 #include "frame/upgrade_window.h"
 #include "frame/window_settings.h"
@@ -20,6 +22,18 @@
 #include <QTimer>
 
 namespace plouvarine::gui {
+
+namespace {
+
+// A list command: its keyword, title and OK caption come from the command table.
+template <typename Opener>
+void open_list(AppContext& app, const QString& command, Opener opener)
+{
+    if (const CommandTarget* target = find_command(command))
+        opener(app, target->keyword, target->title, target->ok_caption, QString(WindowRegistry::kMainWindow));
+}
+
+}  // namespace
 
 MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), app_(app)
 {
@@ -211,6 +225,9 @@ void MainWindow::plug_frame_commands()
     set_command(QStringLiteral("mnuHelpInfo"), [this] { SplashWindow(app_, this).exec(); });
     set_command(QStringLiteral("mnuMajBase"), [this] { UpgradeWindow(app_, this).exec(); });
     set_command(QStringLiteral("mnuMajLogiciel"), [&app] { software_update_command(app); });
+    set_command(QStringLiteral("mnuModelePiscineNew"), [&app] { OuvreDetailPiscine(app, QStringLiteral("Nouveau")); });
+    for (const char* c : {"mnuModelePiscineView", "mnuModelePiscineModif", "mnuModelePiscineSuppr"})
+        set_command(QLatin1String(c), [&app, c] { open_list(app, QLatin1String(c), OuvreListePiscines); });
 }
 
 void MainWindow::quit()

@@ -9,7 +9,12 @@
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTimer>
@@ -34,6 +39,7 @@ protected:
     {
         ensure_application();
         AppFixture::SetUp();
+        gui::register_all_windows();
         gui::register_window(QStringLiteral("frm_chore"),
                              [](View& v, QWidget* parent) { return new gui::ViewWindow(v, parent); });
         window = std::make_unique<gui::MainWindow>(*app);
@@ -91,4 +97,41 @@ TEST_F(ViewWindowTest, AModalWindowReturnsWhenItsViewCloses)
     EXPECT_TRUE(was_shown);
     EXPECT_TRUE(chore.is_closed());
     EXPECT_FALSE(app->is_busy());
+}
+
+TEST_F(ViewWindowTest, ThePoolWindowsFromTheMenu)
+{
+    ui.draw_with = &qt;
+    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+    window->trigger(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+
+    window->trigger(QStringLiteral("mnuModelePiscineNew"));
+    auto* detail = window->mdi_area()->findChild<QWidget*>(QStringLiteral("det_Piscine"));
+    ASSERT_NE(detail, nullptr);
+    EXPECT_FALSE(window->action(QStringLiteral("mnuModelePiscineNew"))->isEnabled());
+    detail->findChild<QLineEdit*>(QStringLiteral("txt_nom"))->setText(QStringLiteral("Aquaval"));
+    detail->findChild<QLineEdit*>(QStringLiteral("txt_ville"))->setText(QStringLiteral("Vannes"));
+    detail->findChild<QRadioButton*>(QStringLiteral("Op_bass_0"))->setChecked(true);
+    detail->findChild<QPushButton*>(QStringLiteral("cmd_ok"))->click();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(ui.messages.back().text, QStringLiteral("Nouvelle piscine enregistrée."));
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select Ville, Bassin from Piscine where Nom = 'Aquaval'")).first(1),
+              QStringLiteral("50"));
+    EXPECT_TRUE(window->action(QStringLiteral("mnuModelePiscineNew"))->isEnabled());
+
+    window->trigger(QStringLiteral("mnuModelePiscineSuppr"));
+    auto* list = window->mdi_area()->findChild<QWidget*>(QStringLiteral("Frm_liste_piscine"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->windowTitle(), QStringLiteral("Supprimer Piscines"));
+    auto* tree = list->findChild<QTreeView*>(QStringLiteral("Lsv_piscine"));
+    ASSERT_EQ(tree->model()->rowCount(), 1);
+    tree->selectionModel()->select(tree->model()->index(0, 0), QItemSelectionModel::Select);
+    list->findChild<QPushButton*>(QStringLiteral("Command1_0"))->click();
+    EXPECT_EQ(tree->model()->rowCount(), 0);
+    list->findChild<QPushButton*>(QStringLiteral("Command1_1"))->click();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom = 'Aquaval'")), 0);
+    EXPECT_FALSE(app->is_busy());
+    EXPECT_TRUE(window->mdi_area()->subWindowList().isEmpty());
 }

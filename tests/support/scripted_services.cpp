@@ -65,6 +65,10 @@ void ScriptedServices::pop_wait_cursor()
 void ScriptedServices::show_modal(View& view)
 {
     shown_views << view.name();
+    if (draw_with) {
+        draw_with->show_modal(view);
+        return;
+    }
     const auto driver = drivers.find(view.name());
     if (driver != drivers.end() && driver->second)
         driver->second(view);
@@ -75,6 +79,10 @@ void ScriptedServices::show_modal(View& view)
 void ScriptedServices::show_window(std::unique_ptr<View> view)
 {
     shown_views << view->name();
+    if (draw_with) {
+        draw_with->show_window(std::move(view));
+        return;
+    }
     windows.push_back(std::move(view));
 }
 

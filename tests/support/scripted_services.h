@@ -42,6 +42,9 @@ public:
     // if it is still open, its close box is used. Every view shown is named in
     // `shown_views`; child windows stay in `windows` until closed.
     std::map<QString, std::function<void(View&)>> drivers;
+    // Window tests: views are drawn by these services (the Qt ones) while the
+    // messages and file dialogs stay scripted.
+    Services* draw_with = nullptr;
     QStringList shown_views;
     std::vector<std::unique_ptr<View>> windows;
     // An open child window, or null.
