@@ -1,0 +1,126 @@
+// The own club's data on a real base: the save that replaces officers,
+// activities and fees, the fee a licence loses with it, and a save whose
+// insert fails half-way, which must leave the old rows.
+
+#include "clubs/mon_club.h"
+#include "support/app_fixture.h"
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+const QString kCode = QStringLiteral("0352900000123");
+
+class OwnClubTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Cercle des Nageurs');")
+                             .arg(kCode));
+        app->db.exec_sql(QStringLiteral("INSERT INTO Tarifs (Code_federal, Intitule, Tarif) VALUES "
+                                        "('%1', 'Adulte', 150), ('%1', 'Jeune', 90);").arg(kCode));
+        app->db.exec_sql(QStringLiteral("INSERT INTO Dirigeant (Code_federal, Fonction, Nom) VALUES "
+                                        "('%1', 'Président', 'Le Gall');").arg(kCode));
+        app->state.club_code = kCode;
+        app->state.club_name = QStringLiteral("Cercle des Nageurs");
+    }
+    void add_licence(const QString& name, const QString& fee_sql)
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO Licence (Nom, Code_club, Tarif) VALUES ('%1', '%2', %3);")
+                             .arg(name, kCode, fee_sql));
+    }
+    QStringList column(const QString& sql) { return app->db.load_rows(sql).column(0); }
+};
+
+}  // namespace
+
+TEST_F(OwnClubTest, TheSaveReplacesTheListsAndLicencesLoseGoneFees)
+{
+    add_licence(QStringLiteral("ADULTE"), QStringLiteral("'Adulte'"));
+    add_licence(QStringLiteral("JEUNE"), QStringLiteral("'Jeune'"));
+    add_licence(QStringLiteral("SANS"), QStringLiteral("null"));
+
+    OwnClubView view(*app);
+    view.load();
+    EXPECT_EQ(view.title(), QStringLiteral("Informations club Cercle des Nageurs"));
+    ASSERT_EQ(view.Lsv_tarif().rowCount(), 2);
+    ASSERT_EQ(view.Lsv_role().rowCount(), 1);
+
+    view.info.ville = QStringLiteral("Saint-Malo");
+    view.info.adresse = QStringLiteral("1 quai d'Estrées");
+    view.put_officer({QStringLiteral("Trésorière"), QStringLiteral("Kerhervé"), QStringLiteral("0299"), {}, {}}, -1);
+    view.add_activity(QStringLiteral("École de natation"));
+    view.add_responsable(QStringLiteral("Morvan"));
+    view.add_responsable(QStringLiteral("Tanguy"));
+    view.add_activity(QStringLiteral("Maîtres"));
+    // "Jeune" renamed: a removal and an addition.
+    ASSERT_TRUE(view.put_fee(QStringLiteral("Jeunes"), QStringLiteral("12,50"), 1));
+    ASSERT_TRUE(view.save());
+
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select Ville, Adresse from Club")).first(1),
+              QStringLiteral("1 quai d'Estrées"));
+    EXPECT_EQ(column(QStringLiteral("select Nom from Dirigeant order by Nom")),
+              (QStringList{"Kerhervé", "Le Gall"}));
+    EXPECT_EQ(column(QStringLiteral("select Activite || '/' || Responsable from Activites order by 1")),
+              (QStringList{"École de natation/Morvan", "École de natation/Tanguy", "Maîtres/"}));
+    EXPECT_EQ(column(QStringLiteral("select Intitule || '=' || Tarif from Tarifs order by Intitule")),
+              (QStringList{"Adulte=150", "Jeunes=12.5"}));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Tarifs where Suppr = true")), 0);
+    EXPECT_EQ(column(QStringLiteral("select Nom || ':' || coalesce(Tarif, 'null') from Licence order by Nom")),
+              (QStringList{"ADULTE:Adulte", "JEUNE:", "SANS:null"}));
+    EXPECT_EQ(NombreTarifs(*app, kCode), 2);
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Sauvegarde des informations sur le club")));
+
+    // Read back, the lists are what was saved.
+    OwnClubView again(*app);
+    again.load();
+    EXPECT_EQ(again.activities(), (QStringList{"Maîtres", "École de natation"}));
+    again.choose_activity(QStringLiteral("École de natation"));
+    EXPECT_EQ(again.lsv_responsable().rowCount(), 2);
+}
+
+TEST_F(OwnClubTest, AnInsertFailingHalfWayLeavesTheOldRows)
+{
+    add_licence(QStringLiteral("JEUNE"), QStringLiteral("'Jeune'"));
+    app->db.exec_sql(QStringLiteral("CREATE TRIGGER refuse_boom BEFORE INSERT ON Tarifs WHEN NEW.Intitule = 'Boom' "
+                                    "BEGIN SELECT RAISE(ABORT, 'tarif refusé'); END;"));
+    OwnClubView view(*app);
+    view.load();
+    view.put_officer({QStringLiteral("Secrétaire"), QStringLiteral("Riou"), {}, {}, {}}, -1);
+    view.remove_fee(1);  // Jeune
+    ASSERT_TRUE(view.put_fee(QStringLiteral("Aaa"), QStringLiteral("10"), -1));
+    ASSERT_TRUE(view.put_fee(QStringLiteral("Boom"), QStringLiteral("20"), -1));
+    EXPECT_FALSE(view.save());
+
+    const QString shown = ui.messages.back().text;
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("Erreur n° "))) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith(QStringLiteral("Erreur lors de la sauvegarde du tarif Boom."))) << shown.toStdString();
+    // The fees stand as before the save, unmarked; the licence keeps its fee.
+    EXPECT_EQ(column(QStringLiteral("select Intitule || '/' || Suppr from Tarifs order by Intitule")),
+              (QStringList{"Adulte/0", "Jeune/0"}));
+    EXPECT_EQ(column(QStringLiteral("select Tarif from Licence")), QStringList{QStringLiteral("Jeune")});
+    // The officers went through on their own.
+    EXPECT_EQ(column(QStringLiteral("select Nom from Dirigeant order by Nom")), (QStringList{"Le Gall", "Riou"}));
+}
+
+TEST_F(OwnClubTest, TheFeeFieldsAndTheirChecks)
+{
+    EXPECT_EQ(OwnClubView::franc_conversion(QStringLiteral("12,50")), QStringLiteral("81.99"));
+    EXPECT_DOUBLE_EQ(OwnClubView::amount_value(QStringLiteral("12,50")), 12.5);
+    EXPECT_TRUE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char(',')));
+    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12,5"), QLatin1Char(',')));
+    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char('.')));
+    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char('a')));
+
+    OwnClubView view(*app);
+    view.load();
+    EXPECT_FALSE(view.put_fee(QStringLiteral("   "), QStringLiteral("10"), -1));
+    EXPECT_FALSE(view.put_fee(QStringLiteral("Famille"), QStringLiteral("0,00"), -1));
+    EXPECT_EQ(ui.texts(), (QStringList{"Vous devez spécifier un intitulé du tarif.", "Vous devez spécifier un montant."}));
+    EXPECT_EQ(ui.messages.back().title, QStringLiteral("Information"));
+    EXPECT_EQ(view.Lsv_tarif().rowCount(), 2);
+}
