@@ -1,5 +1,6 @@
 #include "frame/main_window.h"
 
+#include "clubs/club_commands.h"
 #include "frame/app_context.h"
 #include "frame/base_commands.h"
 #include "frame/splash_window.h"
@@ -211,6 +212,16 @@ void MainWindow::plug_frame_commands()
     set_command(QStringLiteral("mnuHelpInfo"), [this] { SplashWindow(app_, this).exec(); });
     set_command(QStringLiteral("mnuMajBase"), [this] { UpgradeWindow(app_, this).exec(); });
     set_command(QStringLiteral("mnuMajLogiciel"), [&app] { software_update_command(app); });
+    set_command(QStringLiteral("mnuBaseClubNew"), [&app] { run_club_command(app, QStringLiteral("mnuBaseClubNew")); });
+    set_command(QStringLiteral("mnuBaseClubListe"), [&app] { run_club_command(app, QStringLiteral("mnuBaseClubListe")); });
+    set_command(QStringLiteral("mnuBaseClubModif"), [&app] { run_club_command(app, QStringLiteral("mnuBaseClubModif")); });
+    set_command(QStringLiteral("mnuBaseClubSuppr"), [&app] { run_club_command(app, QStringLiteral("mnuBaseClubSuppr")); });
+    set_command(QStringLiteral("mnuBaseProfilNew"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilNew")); });
+    set_command(QStringLiteral("mnuBaseProfilList"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilList")); });
+    set_command(QStringLiteral("mnuBaseProfilModif"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilModif")); });
+    set_command(QStringLiteral("mnuBaseProfilSuppr"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilSuppr")); });
+    set_command(QStringLiteral("mnuBaseProfilInfo"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilInfo")); });
+    set_command(QStringLiteral("mnuBaseProfilChange"), [&app] { run_club_command(app, QStringLiteral("mnuBaseProfilChange")); });
 }
 
 void MainWindow::quit()

@@ -1,5 +1,6 @@
 #include "frame/window_factory.h"
 
+#include "clubs/club_windows.h"
 #include "frame/view.h"
 #include "frame/view_window.h"
 
@@ -30,6 +31,7 @@ ViewWindow* make_window(View& view, QWidget* parent)
 
 void register_all_windows()
 {
+    register_club_windows();
 }
 
 }  // namespace plouvarine::gui
