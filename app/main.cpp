@@ -1,5 +1,6 @@
 // Plouvarine: builds the application and shows the main window.
 
+#include "clubs/club_hooks.h"
 #include "frame/app_context.h"
 #include "frame/main_window.h"
 #include "frame/qt_services.h"
@@ -25,6 +26,7 @@ int main(int argc, char** argv)
     plouvarine::gui::register_all_windows();
     plouvarine::gui::QtServices services([] { return QApplication::activeWindow(); });
     plouvarine::AppContext app(services, QApplication::applicationDirPath());
+    plouvarine::install_club_hooks(app);
     plouvarine::gui::MainWindow window(app);
     services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
     services.show_child = [&window](QWidget* child) { window.show_child(child); };

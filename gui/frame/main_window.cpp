@@ -1,7 +1,9 @@
 #include "frame/main_window.h"
 
-#include "frame/app_context.h"
+#include "clubs/club_commands.h"
+#include "clubs/mon_club.h"
 #include "clubs/pools.h"
+#include "frame/app_context.h"
 #include "frame/base_commands.h"
 #include "frame/commands.h"
 #include "frame/splash_window.h"
@@ -228,6 +230,11 @@ void MainWindow::plug_frame_commands()
     set_command(QStringLiteral("mnuModelePiscineNew"), [&app] { OuvreDetailPiscine(app, QStringLiteral("Nouveau")); });
     for (const char* c : {"mnuModelePiscineView", "mnuModelePiscineModif", "mnuModelePiscineSuppr"})
         set_command(QLatin1String(c), [&app, c] { open_list(app, QLatin1String(c), OuvreListePiscines); });
+    for (const char* c : {"mnuBaseClubNew", "mnuBaseClubListe", "mnuBaseClubModif", "mnuBaseClubSuppr",
+                          "mnuBaseProfilNew", "mnuBaseProfilList", "mnuBaseProfilModif", "mnuBaseProfilSuppr",
+                          "mnuBaseProfilInfo", "mnuBaseProfilChange"})
+        set_command(QLatin1String(c), [&app, c] { run_club_command(app, QLatin1String(c)); });
+    set_command(QStringLiteral("mnuBaseClubConfigInfo"), [&app] { OuvreMonClub(app); });
 }
 
 void MainWindow::quit()

@@ -1,5 +1,7 @@
 #include "frame/window_factory.h"
 
+#include "clubs/club_windows.h"
+#include "clubs/mon_club_window.h"
 #include "clubs/pool_windows.h"
 #include "frame/view.h"
 #include "frame/view_window.h"
@@ -31,6 +33,8 @@ ViewWindow* make_window(View& view, QWidget* parent)
 
 void register_all_windows()
 {
+    register_club_windows();
+    register_mon_club_window();
     register_pool_windows();
 }
 

@@ -4,6 +4,7 @@
 #include "frame/app_context.h"
 #include "frame/text.h"
 #include "licences/licence_fees.h"
+#include "store/collation.h"
 
 #include <QStandardItem>
 
@@ -189,7 +190,7 @@ void OwnClubView::load_activities()
         if (!r.value(i, 1).isEmpty())
             people << r.value(i, 1);
     }
-    chosen_activity_ = activities_.isEmpty() ? QString() : activities_.firstKey();
+    chosen_activity_ = activities().value(0);
     show_responsables();
 }
 
@@ -222,6 +223,14 @@ void OwnClubView::remove_officer(int row)
     changed();
 }
 
+QStringList OwnClubView::activities() const
+{
+    QStringList names = activities_.keys();
+    std::sort(names.begin(), names.end(),
+              [](const QString& a, const QString& b) { return compare_texts(a, b) < 0; });
+    return names;
+}
+
 void OwnClubView::choose_activity(const QString& activity)
 {
     chosen_activity_ = activities_.contains(activity) ? activity : QString();
@@ -249,7 +258,7 @@ void OwnClubView::add_activity(const QString& activity)
 void OwnClubView::remove_activity(const QString& activity)
 {
     activities_.remove(activity);
-    choose_activity(activities_.isEmpty() ? QString() : activities_.firstKey());
+    choose_activity(activities().value(0));
 }
 
 void OwnClubView::add_responsable(const QString& name)

@@ -74,7 +74,8 @@ public:
 
     // Activities: the names (Cbo_activite) and the people in charge of the
     // chosen one (lsv_responsable, "Responsable").
-    QStringList activities() const { return activities_.keys(); }
+    // In the base's order of texts, accents beside their letters.
+    QStringList activities() const;
     const QString& chosen_activity() const { return chosen_activity_; }
     void choose_activity(const QString& activity);
     QStandardItemModel& lsv_responsable() { return responsables_; }

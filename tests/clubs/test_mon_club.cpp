@@ -10,7 +10,7 @@ using plouvarine::testing::AppFixture;
 
 namespace {
 
-const QString kCode = QStringLiteral("0352900000123");
+const QString kCode = QStringLiteral("FRA2210290017");
 
 class OwnClubTest : public AppFixture {
 protected:
@@ -33,6 +33,15 @@ protected:
                              .arg(name, kCode, fee_sql));
     }
     QStringList column(const QString& sql) { return app->db.load_rows(sql).column(0); }
+    // The rows of a two-column select as "first/second".
+    QStringList pairs(const QString& sql)
+    {
+        const Rows r = app->db.load_rows(sql);
+        QStringList out;
+        for (int i = 0; i < r.size(); ++i)
+            out << r.value(i, 0) + QLatin1Char('/') + r.value(i, 1);
+        return out;
+    }
 };
 
 }  // namespace
@@ -64,10 +73,10 @@ TEST_F(OwnClubTest, TheSaveReplacesTheListsAndLicencesLoseGoneFees)
               QStringLiteral("1 quai d'Estrées"));
     EXPECT_EQ(column(QStringLiteral("select Nom from Dirigeant order by Nom")),
               (QStringList{"Kerhervé", "Le Gall"}));
-    EXPECT_EQ(column(QStringLiteral("select Activite || '/' || Responsable from Activites order by 1")),
+    EXPECT_EQ(pairs(QStringLiteral("select Activite, Responsable from Activites order by Activite, Responsable")),
               (QStringList{"École de natation/Morvan", "École de natation/Tanguy", "Maîtres/"}));
-    EXPECT_EQ(column(QStringLiteral("select Intitule || '=' || Tarif from Tarifs order by Intitule")),
-              (QStringList{"Adulte=150", "Jeunes=12.5"}));
+    EXPECT_EQ(pairs(QStringLiteral("select Intitule, Tarif from Tarifs order by Intitule")),
+              (QStringList{"Adulte/150", "Jeunes/12.5"}));
     EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Tarifs where Suppr = true")), 0);
     EXPECT_EQ(column(QStringLiteral("select Nom || ':' || coalesce(Tarif, 'null') from Licence order by Nom")),
               (QStringList{"ADULTE:Adulte", "JEUNE:", "SANS:null"}));
@@ -78,7 +87,7 @@ TEST_F(OwnClubTest, TheSaveReplacesTheListsAndLicencesLoseGoneFees)
     // Read back, the lists are what was saved.
     OwnClubView again(*app);
     again.load();
-    EXPECT_EQ(again.activities(), (QStringList{"Maîtres", "École de natation"}));
+    EXPECT_EQ(again.activities(), (QStringList{"École de natation", "Maîtres"}));
     again.choose_activity(QStringLiteral("École de natation"));
     EXPECT_EQ(again.lsv_responsable().rowCount(), 2);
 }
@@ -100,8 +109,8 @@ TEST_F(OwnClubTest, AnInsertFailingHalfWayLeavesTheOldRows)
     EXPECT_TRUE(shown.startsWith(QStringLiteral("Erreur n° "))) << shown.toStdString();
     EXPECT_TRUE(shown.endsWith(QStringLiteral("Erreur lors de la sauvegarde du tarif Boom."))) << shown.toStdString();
     // The fees stand as before the save, unmarked; the licence keeps its fee.
-    EXPECT_EQ(column(QStringLiteral("select Intitule || '/' || Suppr from Tarifs order by Intitule")),
-              (QStringList{"Adulte/0", "Jeune/0"}));
+    EXPECT_EQ(pairs(QStringLiteral("select Intitule, Suppr from Tarifs order by Intitule")),
+              (QStringList{"Adulte/Faux", "Jeune/Faux"}));
     EXPECT_EQ(column(QStringLiteral("select Tarif from Licence")), QStringList{QStringLiteral("Jeune")});
     // The officers went through on their own.
     EXPECT_EQ(column(QStringLiteral("select Nom from Dirigeant order by Nom")), (QStringList{"Le Gall", "Riou"}));

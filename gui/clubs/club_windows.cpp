@@ -1,0 +1,362 @@
+#include "clubs/club_windows.h"
+
+#include "clubs/club_window_parts.h"
+#include "clubs/construc_code_club.h"
+#include "clubs/dem_info.h"
+#include "clubs/det_profil.h"
+#include "clubs/liste_club.h"
+#include "clubs/liste_pays.h"
+#include "clubs/liste_profil.h"
+#include "frame/keywords.h"
+#include "frame/view_window.h"
+#include "frame/window_factory.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace plouvarine::gui {
+
+namespace {
+
+void set_text(QLineEdit* edit, const QString& text)
+{
+    if (edit->text() == text)
+        return;
+    const QSignalBlocker block(edit);
+    edit->setText(text);
+}
+
+// Frm_liste_club.
+class ClubListWindow : public ViewWindow {
+public:
+    ClubListWindow(FrmListeClub& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
+    {
+        setMinimumSize(420, 300);
+        auto* layout = new QVBoxLayout(this);
+        list_ = new BoundList(QStringLiteral("Lsv_club"), view.list(), view.selection(), this,
+                              view.keyword() == keyword::kSuppr);
+        list_->on_activated = [this] { view_.ok(); };
+        list_->on_delete_key = [this] { view_.mark_selected(); };
+        layout->addWidget(list_);
+        auto* row = new QHBoxLayout;
+        ok_ = add_button(row, QStringLiteral("cmd_ok"), view.ok_caption(), [this] { view_.ok(); });
+        valider_ = add_button(row, QStringLiteral("cmd_valider"), QStringLiteral("&Valider"),
+                              [this] { view_.confirm_deletion(); });
+        add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("&Fermer"), [this] { view_.cancel(); });
+        layout->addLayout(row);
+        connect(&view.selection(), &QItemSelectionModel::currentChanged, this, [this] { refresh(); });
+        refresh();
+    }
+
+protected:
+    void refresh() override
+    {
+        ok_->setText(view_.ok_caption());
+        ok_->setVisible(view_.ok_visible());
+        ok_->setEnabled(view_.ok_enabled());
+        valider_->setVisible(view_.keyword() == keyword::kSuppr);
+        valider_->setEnabled(!view_.marked().isEmpty());
+    }
+
+private:
+    FrmListeClub& view_;
+    BoundList* list_;
+    QPushButton* ok_;
+    QPushButton* valider_;
+};
+
+// A list that gives one row back: Frm_liste_club_obli, Frm_liste_profil_obli, frm_liste_pays.
+template <typename V>
+class ChoiceListWindow : public ViewWindow {
+public:
+    ChoiceListWindow(V& view, QWidget* parent, const QString& list_name) : ViewWindow(view, parent), view_(view)
+    {
+        setMinimumSize(360, 280);
+        auto* layout = new QVBoxLayout(this);
+        auto* list = new BoundList(list_name, view.list(), view.selection(), this);
+        list->on_activated = [this] { view_.confirm(); };
+        layout->addWidget(list);
+        auto* row = new QHBoxLayout;
+        ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
+        add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("&Annuler"), [this] { view_.cancel(); });
+        layout->addLayout(row);
+        connect(&view.selection(), &QItemSelectionModel::currentChanged, this, [this] { refresh(); });
+        refresh();
+    }
+
+protected:
+    void refresh() override { ok_->setEnabled(view_.ok_enabled()); }
+
+private:
+    V& view_;
+    QPushButton* ok_;
+};
+
+// dem_info and dem_info_obli.
+class ClubDetailWindow : public ViewWindow {
+public:
+    ClubDetailWindow(DemInfo& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
+    {
+        auto* layout = new QVBoxLayout(this);
+        auto* form = new QFormLayout;
+        nom_ = new QLineEdit;
+        nom_->setObjectName(QStringLiteral("text1_0"));
+        code_ = new QLineEdit;
+        code_->setObjectName(QStringLiteral("text1_1"));
+        code_->setMaxLength(20);
+        form->addRow(QStringLiteral("Nom du Club :"), nom_);
+        form->addRow(QStringLiteral("Code du club :"), code_);
+        layout->addLayout(form);
+        connect(nom_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_nom(t); });
+        connect(code_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_code(t); });
+        auto* row = new QHBoxLayout;
+        aide_ = add_button(row, QStringLiteral("Command1_2"), QStringLiteral("Aide"), [this] {
+            if (view_.obligatory())
+                hide();
+            view_.aide();
+            if (!view_.is_closed())
+                show();
+        });
+        ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
+        cancel_ = add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("&Annuler"), [this] { view_.cancel(); });
+        layout->addLayout(row);
+        refresh();
+    }
+
+protected:
+    void refresh() override
+    {
+        set_text(nom_, view_.nom());
+        set_text(code_, view_.code());
+        nom_->setReadOnly(view_.fields_locked());
+        code_->setReadOnly(view_.fields_locked());
+        aide_->setEnabled(!view_.fields_locked());
+        ok_->setEnabled(view_.ok_enabled());
+        cancel_->setEnabled(view_.cancel_enabled());
+    }
+
+private:
+    DemInfo& view_;
+    QLineEdit* nom_;
+    QLineEdit* code_;
+    QPushButton* aide_;
+    QPushButton* ok_;
+    QPushButton* cancel_;
+};
+
+// construc_code_club.
+class CodeHelpWindow : public ViewWindow {
+public:
+    CodeHelpWindow(ConstrucCodeClub& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
+    {
+        auto* layout = new QVBoxLayout(this);
+        auto* types = new QGroupBox(QStringLiteral("Type Club"));
+        types->setObjectName(QStringLiteral("Opt_type"));
+        auto* type_layout = new QVBoxLayout(types);
+        auto* group = new QButtonGroup(this);
+        for (int i = 0; i < 5; ++i) {
+            options_[i] = new QRadioButton(ConstrucCodeClub::type_captions()[size_t(i)]);
+            options_[i]->setObjectName(QStringLiteral("Opt_type_%1").arg(i));
+            group->addButton(options_[i], i);
+            type_layout->addWidget(options_[i]);
+        }
+        connect(group, &QButtonGroup::idClicked, this, [this](int id) { view_.set_type(id); });
+        layout->addWidget(types);
+
+        auto* form = new QFormLayout;
+        auto combo = [&](const QString& name, const QString& label, auto setter) {
+            auto* box = new QComboBox;
+            box->setObjectName(name);
+            form->addRow(label, box);
+            connect(box, &QComboBox::textActivated, this, [this, setter](const QString& t) { (view_.*setter)(t); });
+            return box;
+        };
+        pays_ = combo(QStringLiteral("Cb_pays"), QStringLiteral("Pays :"), &ConstrucCodeClub::set_pays);
+        inter_ = combo(QStringLiteral("Cb_inter"), QStringLiteral("Inter Region :"), &ConstrucCodeClub::set_inter);
+        region_ = combo(QStringLiteral("Cb_region"), QStringLiteral("Region :"), &ConstrucCodeClub::set_region);
+        departement_ = combo(QStringLiteral("Cb_departement"), QStringLiteral("Département :"),
+                             &ConstrucCodeClub::set_departement);
+        code_fourni_ = new QLineEdit;
+        code_fourni_->setObjectName(QStringLiteral("txt_code_fourni"));
+        code_fourni_->setMaxLength(4);
+        connect(code_fourni_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_code_fourni(t); });
+        form->addRow(QStringLiteral("Code fourni par la FFN : (4 caractères)"), code_fourni_);
+        codification_ = new QLineEdit;
+        codification_->setObjectName(QStringLiteral("txt_codification"));
+        codification_->setReadOnly(true);
+        form->addRow(QStringLiteral("Codification :"), codification_);
+        layout->addLayout(form);
+
+        auto* row = new QHBoxLayout;
+        add_button(row, QStringLiteral("Command1_0"), QStringLiteral("&Composer"), [this] { view_.compose(); });
+        add_button(row, QStringLiteral("Command1_2"), QStringLiteral("Generate"), [this] { view_.compose(); });
+        add_button(row, QStringLiteral("Command1_1"), QStringLiteral("&Fermer"), [this] { view_.close_command(); });
+        layout->addLayout(row);
+        refresh();
+    }
+
+protected:
+    void refresh() override
+    {
+        for (int i = 0; i < 5; ++i) {
+            const QSignalBlocker block(options_[i]);
+            options_[i]->setChecked(view_.type() == i);
+            options_[i]->setEnabled(view_.type_enabled(i));
+        }
+        draw(pays_, view_.pays());
+        draw(inter_, view_.inter());
+        draw(region_, view_.region());
+        draw(departement_, view_.departement());
+        set_text(code_fourni_, view_.code_fourni());
+        code_fourni_->setEnabled(view_.code_fourni_enabled());
+        set_text(codification_, view_.codification());
+    }
+
+private:
+    static void draw(QComboBox* box, const ComboState& state)
+    {
+        const QSignalBlocker block(box);
+        QStringList shown;
+        for (int i = 0; i < box->count(); ++i)
+            shown << box->itemText(i);
+        if (shown != state.items) {
+            box->clear();
+            box->addItems(state.items);
+        }
+        box->setCurrentIndex(state.items.indexOf(state.value));
+        box->setEnabled(state.enabled);
+    }
+
+    ConstrucCodeClub& view_;
+    QRadioButton* options_[5];
+    QComboBox* pays_;
+    QComboBox* inter_;
+    QComboBox* region_;
+    QComboBox* departement_;
+    QLineEdit* code_fourni_;
+    QLineEdit* codification_;
+};
+
+// Frm_liste_profil.
+class ProfileListWindow : public ViewWindow {
+public:
+    ProfileListWindow(FrmListeProfil& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
+    {
+        setMinimumSize(360, 280);
+        auto* layout = new QVBoxLayout(this);
+        auto* list = new BoundList(QStringLiteral("Lsv_profil"), view.list(), view.selection(), this,
+                                   view.keyword() == keyword::kSuppr);
+        list->on_activated = [this] { view_.ok(); };
+        list->on_delete_key = [this] { view_.mark_selected(); };
+        layout->addWidget(list);
+        auto* row = new QHBoxLayout;
+        ok_ = add_button(row, QStringLiteral("Command1_2"), view.ok_caption(), [this] { view_.ok(); });
+        valider_ = add_button(row, QStringLiteral("cmd_valider"), QStringLiteral("&Valider"),
+                              [this] { view_.confirm_deletion(); });
+        add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("&Fermer"), [this] { view_.cancel(); });
+        layout->addLayout(row);
+        connect(&view.selection(), &QItemSelectionModel::currentChanged, this, [this] { refresh(); });
+        refresh();
+    }
+
+protected:
+    void refresh() override
+    {
+        ok_->setText(view_.ok_caption().isEmpty() ? QStringLiteral("&OK") : view_.ok_caption());
+        ok_->setEnabled(view_.ok_enabled());
+        valider_->setVisible(view_.keyword() == keyword::kSuppr);
+        valider_->setEnabled(!view_.marked().isEmpty());
+    }
+
+private:
+    FrmListeProfil& view_;
+    QPushButton* ok_;
+    QPushButton* valider_;
+};
+
+// det_profil and det_profil_obli.
+class ProfileDetailWindow : public ViewWindow {
+public:
+    ProfileDetailWindow(DetProfil& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
+    {
+        auto* layout = new QVBoxLayout(this);
+        auto* form = new QFormLayout;
+        nom_ = new QLineEdit;
+        nom_->setObjectName(QStringLiteral("text1_0"));
+        code_ = new QLineEdit;
+        code_->setObjectName(QStringLiteral("text1_1"));
+        code_->setReadOnly(true);
+        club_ = new QLabel;
+        club_->setObjectName(QStringLiteral("lbl_club"));
+        form->addRow(QStringLiteral("Nom du Profil :"), nom_);
+        form->addRow(QStringLiteral("Code du club lié :"), code_);
+        form->addRow(QString(), club_);
+        layout->addLayout(form);
+        connect(nom_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_nom(t); });
+        auto* row = new QHBoxLayout;
+        choose_ = add_button(row, QStringLiteral("cmd_club"), QStringLiteral("Choix d'un club"), [this] {
+            if (view_.obligatory())
+                hide();
+            view_.choose_club();
+            if (!view_.is_closed())
+                show();
+        });
+        ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
+        add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("Annuler"), [this] { view_.cancel(); });
+        layout->addLayout(row);
+        refresh();
+    }
+
+protected:
+    void refresh() override
+    {
+        set_text(nom_, view_.nom());
+        set_text(code_, view_.code());
+        club_->setText(view_.club_name());
+        nom_->setReadOnly(view_.fields_locked());
+        choose_->setEnabled(!view_.fields_locked());
+        ok_->setEnabled(view_.ok_enabled());
+    }
+
+private:
+    DetProfil& view_;
+    QLineEdit* nom_;
+    QLineEdit* code_;
+    QLabel* club_;
+    QPushButton* choose_;
+    QPushButton* ok_;
+};
+
+template <typename V, typename W, typename... Extra>
+void add(const QLatin1String& name, Extra... extra)
+{
+    register_window(QString(name), [extra...](View& view, QWidget* parent) -> ViewWindow* {
+        return new W(dynamic_cast<V&>(view), parent, extra...);
+    });
+}
+
+}  // namespace
+
+void register_club_windows()
+{
+    add<FrmListeClub, ClubListWindow>(FrmListeClub::kName);
+    add<FrmListeClubObli, ChoiceListWindow<FrmListeClubObli>>(FrmListeClubObli::kName, QStringLiteral("Lsv_club"));
+    add<FrmListePays, ChoiceListWindow<FrmListePays>>(FrmListePays::kName, QStringLiteral("Lsv_pays"));
+    add<FrmListeProfilObli, ChoiceListWindow<FrmListeProfilObli>>(FrmListeProfilObli::kName,
+                                                                  QStringLiteral("Lsv_profil"));
+    add<DemInfo, ClubDetailWindow>(DemInfo::kName);
+    add<DemInfo, ClubDetailWindow>(DemInfo::kObliName);
+    add<ConstrucCodeClub, CodeHelpWindow>(ConstrucCodeClub::kName);
+    add<FrmListeProfil, ProfileListWindow>(FrmListeProfil::kName);
+    add<DetProfil, ProfileDetailWindow>(DetProfil::kName);
+    add<DetProfil, ProfileDetailWindow>(DetProfil::kObliName);
+}
+
+}  // namespace plouvarine::gui

@@ -1,0 +1,15 @@
+#pragma once
+// The club and profile commands of the main window's menu, each opening its
+// window with the keyword, title and OK caption of the command table.
+
+#include <QString>
+
+namespace plouvarine {
+
+class AppContext;
+
+// Runs one of mnuBaseClubNew, mnuBaseClubListe, mnuBaseClubModif,
+// mnuBaseClubSuppr and the mnuBaseProfil commands. False for another command.
+bool run_club_command(AppContext& app, const QString& command);
+
+}  // namespace plouvarine
