@@ -2,6 +2,7 @@
 
 #include "frame/view.h"
 #include "frame/view_window.h"
+#include "licences/date_windows.h"
 
 #include <QHash>
 
@@ -30,6 +31,7 @@ ViewWindow* make_window(View& view, QWidget* parent)
 
 void register_all_windows()
 {
+    register_date_windows();
 }
 
 }  // namespace plouvarine::gui
