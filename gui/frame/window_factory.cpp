@@ -5,6 +5,7 @@
 #include "clubs/pool_windows.h"
 #include "frame/view.h"
 #include "frame/view_window.h"
+#include "licences/date_windows.h"
 
 #include <QHash>
 
@@ -36,6 +37,7 @@ void register_all_windows()
     register_club_windows();
     register_mon_club_window();
     register_pool_windows();
+    register_date_windows();
 }
 
 }  // namespace plouvarine::gui

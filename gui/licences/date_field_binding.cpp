@@ -1,0 +1,69 @@
+#include "licences/date_field_binding.h"
+
+#include "licences/date_field.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+namespace plouvarine::gui {
+
+QString LineEditField::text() const
+{
+    return edit_ ? edit_->text() : QString();
+}
+
+void LineEditField::set_text(const QString& text)
+{
+    if (edit_)
+        edit_->setText(text);
+}
+
+int LineEditField::cursor_position() const
+{
+    return edit_ ? edit_->cursorPosition() : 0;
+}
+
+void LineEditField::set_cursor_position(int position)
+{
+    if (edit_)
+        edit_->setCursorPosition(position);
+}
+
+DateFieldBinding::DateFieldBinding(QLineEdit* day, QLineEdit* month, QLineEdit* year)
+    : QObject(day), day_(day), month_(month), year_(year)
+{
+    for (LineEditField* field : {&day_, &month_, &year_}) {
+        QLineEdit* edit = field->edit();
+        edit->installEventFilter(this);
+        // Edits by the person only: the window's own writing is never undone.
+        connect(edit, &QLineEdit::textEdited, this, [this, field] { check(*field); });
+    }
+}
+
+LineEditField* DateFieldBinding::field_of(QObject* watched)
+{
+    for (LineEditField* field : {&day_, &month_, &year_})
+        if (field->edit() == watched)
+            return field;
+    return nullptr;
+}
+
+bool DateFieldBinding::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress)
+        if (LineEditField* field = field_of(watched))
+            MemoChampDate(*field);
+    return QObject::eventFilter(watched, event);
+}
+
+void DateFieldBinding::check(LineEditField& changed)
+{
+    ControleSaisieDate(day_, month_, year_, changed, guard_);
+}
+
+DateFieldBinding* bind_date_fields(QLineEdit* day, QLineEdit* month, QLineEdit* year)
+{
+    return new DateFieldBinding(day, month, year);
+}
+
+}  // namespace plouvarine::gui
