@@ -30,6 +30,9 @@ public:
         setModel(&model);
         setSelectionModel(&selection);
         header()->setStretchLastSection(true);
+        // Codes and names show whole; only the rows on screen are measured.
+        for (int c = 0; c + 1 < model.columnCount(); ++c)
+            resizeColumnToContents(c);
         connect(this, &QTreeView::doubleClicked, this, [this] {
             if (on_activated)
                 on_activated();

@@ -117,13 +117,8 @@ public:
         connect(nom_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_nom(t); });
         connect(code_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_code(t); });
         auto* row = new QHBoxLayout;
-        aide_ = add_button(row, QStringLiteral("Command1_2"), QStringLiteral("Aide"), [this] {
-            if (view_.obligatory())
-                hide();
-            view_.aide();
-            if (!view_.is_closed())
-                show();
-        });
+        // The code help opens over this window: hiding a modal window would end it.
+        aide_ = add_button(row, QStringLiteral("Command1_2"), QStringLiteral("Aide"), [this] { view_.aide(); });
         ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
         cancel_ = add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("&Annuler"), [this] { view_.cancel(); });
         layout->addLayout(row);
@@ -301,13 +296,9 @@ public:
         layout->addLayout(form);
         connect(nom_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_nom(t); });
         auto* row = new QHBoxLayout;
-        choose_ = add_button(row, QStringLiteral("cmd_club"), QStringLiteral("Choix d'un club"), [this] {
-            if (view_.obligatory())
-                hide();
-            view_.choose_club();
-            if (!view_.is_closed())
-                show();
-        });
+        // The club list opens over this window: hiding a modal window would end it.
+        choose_ = add_button(row, QStringLiteral("cmd_club"), QStringLiteral("Choix d'un club"),
+                             [this] { view_.choose_club(); });
         ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
         add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("Annuler"), [this] { view_.cancel(); });
         layout->addLayout(row);

@@ -97,8 +97,9 @@ void QtServices::show_modal(View& view)
         QApplication::restoreOverrideCursor();
         ++waits;
     }
-    window->exec();
-    view.close();
+    // The window ends when its view closes; a window merely hidden comes back.
+    while (!view.is_closed())
+        window->exec();
     while (waits-- > 0)
         QApplication::setOverrideCursor(Qt::WaitCursor);
 }
