@@ -138,7 +138,7 @@ private:
         code_ = field(page, "txt_code");
         code_->setMaxLength(14);
         auto* help = button(page, QStringLiteral("Aide"), "Cmd_code");
-        help->setEnabled(false);  // the code help arrives with the club register
+        connect(help, &QPushButton::clicked, this, [this] { view_.aide_code(); });
         adresse_ = field(page, "txt_adresse");
         code_postal_ = field(page, "txt_code_postal");
         digits_only(code_postal_);

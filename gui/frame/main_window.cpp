@@ -66,8 +66,8 @@ MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), 
     for (int i = 0; i < 2; ++i) {
         panels_[i] = new QLabel(this);
         panels_[i]->setObjectName(QStringLiteral("sbStatusBarPanel%1").arg(i + 1));
-        panels_[i]->setMinimumWidth(120);
-        statusBar()->addPermanentWidget(panels_[i], i == 0 ? 1 : 2);
+        // The profile shows whole; the running step takes the rest.
+        statusBar()->addPermanentWidget(panels_[i], i == 0 ? 0 : 1);
     }
 
     // After a resize the status bar is drawn again once the sizes settle.

@@ -223,6 +223,12 @@ void OwnClubView::remove_officer(int row)
     changed();
 }
 
+void OwnClubView::aide_code()
+{
+    if (AideCodeClub(app(), code))
+        changed();
+}
+
 QStringList OwnClubView::activities() const
 {
     QStringList names = activities_.keys();

@@ -61,6 +61,8 @@ public:
     void load();
     // "&Enregistrer": gives true when every step went through.
     bool save();
+    // Cmd_code "Aide": the code help, whose code may replace the field's.
+    void aide_code();
     // "&Quitter": closes and forgets what was not saved.
     void quit() { close(); }
 
