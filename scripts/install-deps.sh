@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
 # Installs every Debian package that building, running and testing Plouvarine needs.
+# With --tests, also what only the tests use: a word processor that writes the
+# RTF our templates must read.
 set -euo pipefail
 packages=(
   build-essential cmake ninja-build ccache pkg-config
@@ -8,6 +10,9 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
 )
+if [ "${1:-}" = "--tests" ]; then
+  packages+=(libreoffice-writer-nogui)
+fi
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -2,7 +2,7 @@
 # On a fresh machine: installs the packages, builds, and runs every test through ctest.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
-bash "$root/scripts/install-deps.sh"
+bash "$root/scripts/install-deps.sh" --tests
 bash "$root/scripts/build.sh"
 build="${PLOUVARINE_BUILD_DIR:-$root/build}"
 export QT_QPA_PLATFORM=offscreen
