@@ -5,6 +5,7 @@
 #include "frame/main_window.h"
 #include "frame/qt_services.h"
 #include "frame/window_factory.h"
+#include "licences/season_maintenance.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -27,6 +28,7 @@ int main(int argc, char** argv)
     plouvarine::gui::QtServices services([] { return QApplication::activeWindow(); });
     plouvarine::AppContext app(services, QApplication::applicationDirPath());
     plouvarine::install_club_hooks(app);
+    plouvarine::install_licence_hooks(app);
     plouvarine::gui::MainWindow window(app);
     services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
     services.show_child = [&window](QWidget* child) { window.show_child(child); };

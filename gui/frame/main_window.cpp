@@ -9,6 +9,7 @@
 #include "frame/splash_window.h"
 #include "frame/upgrade_window.h"
 #include "frame/window_settings.h"
+#include "licences/utils_licences.h"
 #include "store/base_files.h"
 #include "store/software_update.h"
 
@@ -235,6 +236,13 @@ void MainWindow::plug_frame_commands()
                           "mnuBaseProfilInfo", "mnuBaseProfilChange"})
         set_command(QLatin1String(c), [&app, c] { run_club_command(app, QLatin1String(c)); });
     set_command(QStringLiteral("mnuBaseClubConfigInfo"), [&app] { OuvreMonClub(app); });
+    set_command(QStringLiteral("mnuLicNew"), [&app] { run_licence_command(app, QStringLiteral("mnuLicNew")); });
+    set_command(QStringLiteral("mnuLicListe"), [&app] { run_licence_command(app, QStringLiteral("mnuLicListe")); });
+    set_command(QStringLiteral("mnuLicModif"), [&app] { run_licence_command(app, QStringLiteral("mnuLicModif")); });
+    set_command(QStringLiteral("mnuLicSuppr"), [&app] { run_licence_command(app, QStringLiteral("mnuLicSuppr")); });
+    set_command(QStringLiteral("mnuLicPrint"), [&app] { run_licence_command(app, QStringLiteral("mnuLicPrint")); });
+    set_command(QStringLiteral("mnuBaseClubCotisationUnknown"),
+                [&app] { run_licence_command(app, QStringLiteral("mnuBaseClubCotisationUnknown")); });
 }
 
 void MainWindow::quit()

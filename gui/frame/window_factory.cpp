@@ -6,6 +6,7 @@
 #include "frame/view.h"
 #include "frame/view_window.h"
 #include "licences/date_windows.h"
+#include "licences/licence_windows.h"
 
 #include <QHash>
 
@@ -38,6 +39,7 @@ void register_all_windows()
     register_mon_club_window();
     register_pool_windows();
     register_date_windows();
+    register_licence_windows();
 }
 
 }  // namespace plouvarine::gui

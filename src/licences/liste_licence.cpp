@@ -1,0 +1,518 @@
+#include "licences/liste_licence.h"
+
+#include "frame/app_context.h"
+#include "frame/keywords.h"
+#include "frame/list_helpers.h"
+#include "frame/text.h"
+#include "licences/season_maintenance.h"
+#include "licences/utils_date.h"
+#include "licences/utils_licences.h"
+
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextTable>
+#include <algorithm>
+
+namespace plouvarine {
+
+namespace {
+
+// The list of a selection: its swimmers come from several clubs.
+QString selection_from_where(const QString& code)
+{
+    return QStringLiteral("FROM Club Club, Licence Licence, Selection Selection ") +
+           QStringLiteral("WHERE Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic and ") +
+           QStringLiteral("Selection.Code_Sel = '") + quote_sql(code) +
+           QStringLiteral("' and Selection.Visible = true and Licence.Visible = true order by Licence.Nom, "
+                          "Licence.Prenom, Club.Intitule");
+}
+
+QStandardItem* cell(const QString& text)
+{
+    auto* item = new QStandardItem(text);
+    item->setEditable(false);
+    return item;
+}
+
+}  // namespace
+
+MenuLocks FrmListeLicence::locks_for(const QString& mode)
+{
+    if (mode == keyword::kModif || mode == keyword::kSuppr || mode == keyword::kSsCotisation)
+        return {whole_group(LockGroup::Licence)};
+    if (mode == keyword::kView)
+        return locks_on({QStringLiteral("mnuLicSuppr")});
+    return {};
+}
+
+FrmListeLicence::FrmListeLicence(AppContext& app, const QString& mode) : View(app, QString(kName)), mode_(mode)
+{
+    empty_tempo();
+}
+
+FrmListeLicence::~FrmListeLicence()
+{
+    empty_tempo();
+}
+
+void FrmListeLicence::empty_tempo()
+{
+    if (!app().db.is_open())
+        return;
+    try {
+        app().db.exec_sql(QStringLiteral("DELETE FROM Licence_tempo"));
+    } catch (const std::exception&) {
+        // Nothing to undo is left behind either way.
+    }
+}
+
+void FrmListeLicence::set_ok_caption(const QString& caption)
+{
+    ok_caption_ = caption;
+    changed();
+}
+
+void FrmListeLicence::set_liste(const QString& title, const QString& sql)
+{
+    AppContext& a = app();
+    set_title(title);
+    status_text(a.ui, QStringLiteral("Chargement de la liste des licences"));
+    QString statement = sql;
+    if (statement.isEmpty()) {
+        const QString code = a.state.club_code;
+        if (a.state.club_selection)
+            statement = QStringLiteral("SELECT Licence.Num, Licence.Licence, Licence.Nom, Licence.Prenom, "
+                                       "Club.Intitule, Licence.Date_Naissance ") +
+                        selection_from_where(code);
+        else
+            statement = QStringLiteral("SELECT Num, Licence, Nom, Prenom, Date_Naissance ") +
+                        QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = '") + quote_sql(code) +
+                        QStringLiteral("' and Visible = true order by Nom, Prenom");
+    }
+    if (mode_ == keyword::kSsCotisation)
+        statement.replace(QStringLiteral("WHERE "),
+                          QStringLiteral("WHERE (Licence.Tarif = ' ' OR Licence.Tarif is null) AND "));
+    const qsizetype cut = statement.indexOf(QStringLiteral(" order by"), 0, Qt::CaseInsensitive);
+    sql_base_ = cut < 0 ? statement : statement.left(cut);
+    order_ = cut < 0 ? QString() : statement.mid(cut + 1);
+    last_column_ = 0;
+    ascending_ = false;
+    load(sql_base_ + QLatin1Char(' ') + order_);
+    if (list_.rowCount() > 0)
+        select_row_at(selection_, 0);
+    status_text(a.ui, QString());
+    changed();
+}
+
+void FrmListeLicence::load(const QString& sql)
+{
+    list_.clear();
+    Rows rows;
+    try {
+        rows = app().db.load_rows(sql);
+    } catch (const std::exception&) {
+        rows = Rows();
+    }
+    club_column_ = rows.column_count() >= 6;
+    QStringList headers{QStringLiteral("Nom"), QStringLiteral("Prénom"), QStringLiteral("N° Licence")};
+    if (club_column_)
+        headers << QStringLiteral("Club Origine");
+    headers << QStringLiteral("Date Naissance");
+    list_.setHorizontalHeaderLabels(headers);
+    const int date_column = rows.column_count() - 1;
+    for (int r = 0; r < rows.size(); ++r) {
+        auto* nom = cell(rows.value(r, 2));
+        nom->setData(rows.value(r, 0), kKeyRole);
+        nom->setData(rows.value(r, 2) + QLatin1Char(' ') + rows.value(r, 3), kNomCompletRole);
+        nom->setData(rows.value(r, 1), kNumLicenceRole);
+        QList<QStandardItem*> line{nom, cell(rows.value(r, 3)), cell(rows.value(r, 1))};
+        if (club_column_)
+            line << cell(rows.value(r, 4));
+        line << cell(DateLongue(rows.value(r, date_column)));
+        list_.appendRow(line);
+    }
+}
+
+void FrmListeLicence::ReloadListe(const QString& num)
+{
+    load(sql_base_ + QLatin1Char(' ') + order_);
+    if (const auto row = find_key(list_, num))
+        select_row_at(selection_, *row);
+    else if (list_.rowCount() > 0)
+        select_row_at(selection_, 0);
+    changed();
+}
+
+std::optional<int> FrmListeLicence::current_row() const
+{
+    const QModelIndex current = selection_.currentIndex();
+    if (!current.isValid() || current.row() >= list_.rowCount())
+        return std::nullopt;
+    return current.row();
+}
+
+QString FrmListeLicence::current_num() const
+{
+    const auto row = current_row();
+    return row ? row_key(list_, *row) : QString();
+}
+
+QString FrmListeLicence::OrdreListe(int column)
+{
+    QString first;
+    QString ties;
+    switch (column) {
+    case 1:
+        first = QStringLiteral("Licence.Nom");
+        ties = QStringLiteral(", Licence.Prenom");
+        break;
+    case 2:
+        first = QStringLiteral("Licence.Prenom");
+        ties = QStringLiteral(", Licence.Nom");
+        break;
+    case 3:
+        first = QStringLiteral("Licence.Licence");
+        break;
+    case 4:
+        first = club_column_ ? QStringLiteral("Club.Intitule") : QStringLiteral("Licence.Date_Naissance");
+        ties = QStringLiteral(", Licence.Nom, Licence.Prenom");
+        break;
+    case 5:
+        first = QStringLiteral("Licence.Date_Naissance");
+        ties = QStringLiteral(", Licence.Nom, Licence.Prenom");
+        break;
+    default:
+        return order_;
+    }
+    if (column == last_column_) {
+        if (ascending_)
+            first += QStringLiteral(" DESC");
+        ascending_ = !ascending_;
+    } else {
+        last_column_ = column;
+        ascending_ = true;
+    }
+    QString clause = QStringLiteral("ORDER BY ") + first + ties;
+    // The list of a plain club reads one table, whose columns go unqualified.
+    if (!club_column_)
+        clause.remove(QStringLiteral("Licence."));
+    return clause;
+}
+
+void FrmListeLicence::sort_by_column(int column)
+{
+    const QString num = current_num();
+    order_ = OrdreListe(column);
+    ReloadListe(num);
+}
+
+void FrmListeLicence::set_search_text(const QString& text)
+{
+    search_ = text;
+    incremental_select(selection_, search_, 0, kNomCompletRole);
+    changed();
+}
+
+bool FrmListeLicence::search_field_key(int key_ascii)
+{
+    if (!search_key_clears(key_ascii))
+        return false;
+    search_.clear();
+    changed();
+    if (key_ascii == 13)
+        SimulAction();
+    return true;
+}
+
+void FrmListeLicence::list_key(int key_ascii)
+{
+    if ((key_ascii >= 32 && key_ascii <= 126) || (key_ascii >= 160 && key_ascii <= 255)) {
+        set_search_text(search_ + QChar(key_ascii));
+    } else if (key_ascii == 8) {
+        if (!search_.isEmpty()) {
+            search_.chop(1);
+            set_search_text(search_);
+        }
+    } else if (key_ascii == 27) {
+        search_.clear();
+        changed();
+    } else if (key_ascii == 13) {
+        search_.clear();
+        changed();
+        SimulAction();
+    }
+}
+
+bool FrmListeLicence::cmd2_enabled() const
+{
+    return list_.rowCount() > 0 && current_row().has_value();
+}
+
+void FrmListeLicence::cmd2()
+{
+    if (!cmd2_enabled())
+        return;
+    if (mode_ == keyword::kModif) {
+        OuvreDetailLicence(app(), QString(keyword::kModif), current_num(), name());
+    } else if (mode_ == keyword::kSuppr) {
+        supprime_selection();
+    }
+}
+
+bool FrmListeLicence::cmd0_visible() const
+{
+    return mode_ == keyword::kSuppr || mode_ == keyword::kChoisir || mode_ == keyword::kSsCotisation;
+}
+
+void FrmListeLicence::cmd0()
+{
+    if (mode_ == keyword::kSuppr) {
+        confirme_suppression();
+    } else if (mode_ == keyword::kSsCotisation) {
+        sauve_tarifs();
+    } else if (mode_ == keyword::kChoisir) {
+        const auto row = current_row();
+        if (!row)
+            return;
+        const QStandardItem* first = list_.item(*row, 0);
+        chosen_ = Choice{first->data(kKeyRole).toString(), first->data(kNumLicenceRole).toString(), first->text(),
+                         list_.item(*row, 1)->text()};
+        if (on_chosen)
+            on_chosen(*chosen_);
+        close();
+    }
+}
+
+QString FrmListeLicence::cmd1_caption() const
+{
+    return mode_ == keyword::kSuppr || mode_ == keyword::kChoisir ? QStringLiteral("&Annuler")
+                                                                    : QStringLiteral("&Fermer");
+}
+
+void FrmListeLicence::cmd1()
+{
+    if (mode_ == keyword::kSuppr)
+        annule_suppression();
+    else
+        close();
+}
+
+void FrmListeLicence::SimulAction()
+{
+    if (mode_ == keyword::kChoisir)
+        cmd0();
+    else if (mode_ == keyword::kView || mode_ == keyword::kModif || mode_ == keyword::kSuppr)
+        cmd2();
+}
+
+void FrmListeLicence::supprime_selection()
+{
+    if (mode_ != keyword::kSuppr)
+        return;
+    AppContext& a = app();
+    std::vector<int> rows;
+    for (const QModelIndex& index : selection_.selectedRows())
+        rows.push_back(index.row());
+    if (rows.empty())
+        if (const auto row = current_row())
+            rows.push_back(*row);
+    std::sort(rows.rbegin(), rows.rend());
+    int last_removed = -1;
+    for (int row : rows) {
+        const QString num = row_key(list_, row);
+        try {
+            if (a.state.club_selection) {
+                a.db.exec_sql(QStringLiteral("Update Selection Set Suppr = true, Visible = false ") +
+                              QStringLiteral("where Num_Lic = ") + num + QStringLiteral(" and Code_Sel = '") +
+                              quote_sql(a.state.club_code) + QStringLiteral("'"));
+            } else {
+                try {
+                    a.db.exec_sql(
+                        QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) ") +
+                        QStringLiteral("SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, "
+                                       "Licence.Prenom ") +
+                        QStringLiteral("From Licence ") + QStringLiteral("WHERE (((Licence.Num) = ") + num +
+                        QStringLiteral("));"));
+                } catch (const std::exception& e) {
+                    msg_erreur(a.ui, QStringLiteral("Erreur lors de la mémorisation des informations.\nSuppression annulée."),
+                               &e);
+                    continue;
+                }
+                a.db.exec_sql(QStringLiteral("Update Licence Set Visible = false where Num = ") + num);
+            }
+        } catch (const std::exception& e) {
+            msg_erreur(a.ui, QString(), &e);
+            continue;
+        }
+        list_.removeRow(row);
+        last_removed = row;
+    }
+    if (last_removed >= 0)
+        select_last_row(selection_, last_removed);
+    search_.clear();
+    changed();
+}
+
+void FrmListeLicence::confirme_suppression()
+{
+    AppContext& a = app();
+    try {
+        SupprimeEngagementsLicences(a, a.state.club_selection, a.state.club_code, QString());
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, QString(), &e);
+    }
+    // The deletion is final now: the undo must not bring these rows back.
+    empty_tempo();
+    status_text(a.ui, QString());
+    changed();
+}
+
+void FrmListeLicence::annule_suppression()
+{
+    AppContext& a = app();
+    try {
+        if (a.state.club_selection)
+            a.db.exec_sql(QStringLiteral("UPDATE Selection Set Suppr = false, Visible = true ") +
+                          QStringLiteral("WHERE Code_Sel = '") + quote_sql(a.state.club_code) +
+                          QStringLiteral("' ") + QStringLiteral("AND Suppr = true"));
+        else
+            a.db.exec_sql(
+                QStringLiteral("Update Licence Set Visible = true where Num in (select Num from Licence_tempo)"));
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, QString(), &e);
+        return;
+    }
+    empty_tempo();
+    ReloadListe(current_num());
+}
+
+void FrmListeLicence::ChargeMenuTarifs()
+{
+    AppContext& a = app();
+    try {
+        const Rows rows = a.db.load_rows(QStringLiteral("SELECT Intitule ") + QStringLiteral("FROM Tarifs ") +
+                                         QStringLiteral("WHERE Code_federal = '") + quote_sql(a.state.club_code) +
+                                         QStringLiteral("' ") + QStringLiteral("ORDER BY Intitule"));
+        a.menus.set_tarifs(rows.column(0));
+    } catch (const std::exception&) {
+        a.menus.set_tarifs({});
+    }
+}
+
+void FrmListeLicence::prepare_menu_tarifs()
+{
+    const QString noted = fees_.value(current_num());
+    app().menus.set_checked_tarif(noted.isEmpty() ? -1 : int(app().menus.tarifs().indexOf(noted, 1)));
+}
+
+void FrmListeLicence::mnuTarifsSel_Click(int index)
+{
+    const QString num = current_num();
+    if (num.isEmpty() || mode_ != keyword::kSsCotisation)
+        return;
+    const QStringList& lines = app().menus.tarifs();
+    if (index == 0) {
+        fees_.remove(num);
+    } else if (index > 0 && index < lines.size()) {
+        if (fees_.value(num) == lines.at(index))
+            return;
+        fees_.insert(num, lines.at(index));
+    } else {
+        return;
+    }
+    changed();
+}
+
+void FrmListeLicence::sauve_tarifs()
+{
+    AppContext& a = app();
+    const QStringList nums = fees_.keys();
+    for (const QString& num : nums) {
+        try {
+            a.db.exec_sql(QStringLiteral("UPDATE Licence SET Tarif = '") + quote_sql(fees_.value(num)) +
+                          QStringLiteral("' ") + QStringLiteral("WHERE Num = ") + num);
+        } catch (const std::exception& e) {
+            msg_erreur(a.ui, QString(), &e);
+            break;
+        }
+        fees_.remove(num);
+        if (const auto row = find_key(list_, num))
+            list_.removeRow(*row);
+    }
+    if (list_.rowCount() > 0 && !current_row())
+        select_row_at(selection_, 0);
+    changed();
+}
+
+// ---------------------------------------------------------------- report
+
+LicenceReport LitRapportLicences(AppContext& app)
+{
+    status_text(app.ui, QStringLiteral("Récupération des licences"));
+    LicenceReport report{app.state.profile_name, app.state.club_name, app.state.club_code, {}};
+    QString sql;
+    if (app.state.club_selection)
+        sql = QStringLiteral("SELECT Licence.Nom, Licence.Prenom, Licence.Licence, Licence.Nationalite, "
+                             "Licence.Sexe, Licence.Date_Naissance ") +
+              selection_from_where(app.state.club_code);
+    else
+        sql = QStringLiteral("SELECT Nom, Prenom, Licence, Nationalite, Sexe, Date_Naissance ") +
+              QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = '") +
+              quote_sql(app.state.club_code) + QStringLiteral("' and Visible = true order by Nom, Prenom");
+    const Rows rows = app.db.load_rows(sql);
+    for (int r = 0; r < rows.size(); ++r) {
+        QStringList line;
+        for (int c = 0; c < 6; ++c)
+            line << rows.value(r, c);
+        report.lines.push_back(line);
+    }
+    return report;
+}
+
+void EcritRapportLicences(QTextDocument& document, const LicenceReport& report)
+{
+    document.clear();
+    QTextCursor cursor(&document);
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    cursor.insertText(report.profile_name, bold);
+    cursor.insertBlock();
+    cursor.insertText(report.club_name + QStringLiteral(" (") + report.club_code + QLatin1Char(')'), bold);
+    cursor.insertBlock();
+    static const QStringList kHeaders{QStringLiteral("Nom"),         QStringLiteral("Prénom"),
+                                      QStringLiteral("Licence"),     QStringLiteral("Nationalité"),
+                                      QStringLiteral("Sexe"),        QStringLiteral("Date de naissance")};
+    QTextTableFormat format;
+    format.setCellPadding(2);
+    format.setBorder(0.5);
+    format.setHeaderRowCount(1);
+    QTextTable* table = cursor.insertTable(int(report.lines.size()) + 1, int(kHeaders.size()), format);
+    for (int c = 0; c < kHeaders.size(); ++c)
+        table->cellAt(0, c).firstCursorPosition().insertText(kHeaders[c], bold);
+    for (size_t r = 0; r < report.lines.size(); ++r) {
+        const QStringList& line = report.lines[r];
+        for (int c = 0; c < line.size() && c < kHeaders.size(); ++c) {
+            const QString text = c == 5 ? DateLongue(line[c], QString::fromLatin1(kFormatDateCourte)) : line[c];
+            table->cellAt(int(r) + 1, c).firstCursorPosition().insertText(text);
+        }
+    }
+}
+
+bool ImprimeRapportLicences(AppContext& app)
+{
+    bool printed = false;
+    try {
+        const LicenceReport report = LitRapportLicences(app);
+        status_text(app.ui, QStringLiteral("Ecriture du rapport"));
+        QTextDocument document;
+        EcritRapportLicences(document, report);
+        status_text(app.ui, QStringLiteral("Impression du rapport"));
+        printed = app.ui.print_document(QStringLiteral("Rapport des licences"), document);
+    } catch (const std::exception& e) {
+        msg_erreur(app.ui, QString(), &e);
+    }
+    status_text(app.ui, QString());
+    return printed;
+}
+
+}  // namespace plouvarine

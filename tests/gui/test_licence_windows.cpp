@@ -1,0 +1,156 @@
+// The licence windows on Qt's offscreen platform, opened from the main
+// window's menu and used as the person would: a column header clicked, a name
+// typed on the list, a licence changed in its detail, a fee from the context menu.
+
+#include "frame/main_window.h"
+#include "frame/qt_services.h"
+#include "frame/window_factory.h"
+#include "gui_application.h"
+#include "licences/licence_test_base.h"
+#include "licences/liste_licence.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+using plouvarine::testing::LicenceBase;
+
+namespace {
+
+// Keys as the person types them: a named key, or each character of a text.
+void type(QWidget* target, const QString& text, int key = 0)
+{
+    for (const QString& part : key ? QStringList{QString()} : text.split(QString(), Qt::SkipEmptyParts)) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, part);
+        QApplication::sendEvent(target, &event);
+    }
+}
+
+void click_header(QTreeView* list, int section)
+{
+    QHeaderView* header = list->header();
+    const QPoint at(header->sectionViewportPosition(section) + 4, header->height() / 2);
+    QMouseEvent down(QEvent::MouseButtonPress, at, header->viewport()->mapToGlobal(at), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(header->viewport(), &down);
+    QMouseEvent up(QEvent::MouseButtonRelease, at, header->viewport()->mapToGlobal(at), Qt::LeftButton,
+                   Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(header->viewport(), &up);
+}
+
+QStringList column0(QTreeView* list)
+{
+    QStringList out;
+    for (int r = 0; r < list->model()->rowCount(); ++r)
+        out << list->model()->index(r, 0).data().toString();
+    return out;
+}
+
+class LicenceWindowTest : public LicenceBase {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        LicenceBase::SetUp();
+        main = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { main->show_child(w); };
+        ui.draw_with = &qt;
+        main->show();
+        app->enable_menus(true);
+        dupont = licence(QStringLiteral("DUPONT"), QStringLiteral("Anne"), QStringLiteral("85001F"));
+        martin = licence(QStringLiteral("MARTIN"), QStringLiteral("Léa"), QStringLiteral("90002F"),
+                         QLatin1String(kClub), QStringLiteral("19900101"));
+    }
+    void TearDown() override
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            sub->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        main.reset();
+        LicenceBase::TearDown();
+    }
+    QWidget* child_window(const QString& name)
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            if (sub->objectName() == name)
+                return sub->widget();
+        return nullptr;
+    }
+
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> main;
+    QString dupont, martin;
+};
+
+}  // namespace
+
+TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
+{
+    entry(competition(true, false), martin);
+    main->trigger(QStringLiteral("mnuLicModif"));
+    QWidget* window = child_window(QStringLiteral("frm_liste_licence"));
+    ASSERT_NE(window, nullptr);
+    auto* list = window->findChild<QTreeView*>(QStringLiteral("lsv_licence"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(column0(list), (QStringList{"DUPONT", "MARTIN"}));
+
+    click_header(list, 0);
+    click_header(list, 0);
+    EXPECT_EQ(column0(list), (QStringList{"MARTIN", "DUPONT"}));
+
+    // Letters typed on the list go to the search field and find the row.
+    list->setFocus();
+    type(list, QStringLiteral("ma"));
+    EXPECT_EQ(window->findChild<QLineEdit*>(QStringLiteral("txt_recherche"))->text(), QStringLiteral("ma"));
+    EXPECT_EQ(list->currentIndex().row(), 0);
+    type(list, {}, Qt::Key_Return);
+    QWidget* detail = child_window(QStringLiteral("det_licence"));
+    ASSERT_NE(detail, nullptr);
+    auto* nom = detail->findChild<QLineEdit*>(QStringLiteral("text1_1"));
+    ASSERT_NE(nom, nullptr);
+    EXPECT_EQ(nom->text(), QStringLiteral("MARTIN"));
+
+    nom->selectAll();
+    type(nom, QStringLiteral("Mårtin-Noël"));
+    detail->findChild<QRadioButton*>(QStringLiteral("Option_sexe_0"))->click();
+    detail->findChild<QPushButton*>(QStringLiteral("Command1_0"))->click();
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Nageur modifié avec succès.")});
+    EXPECT_EQ(field(martin, QStringLiteral("Nom")), QStringLiteral("MÅRTIN-NOEL"));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag")), 0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(child_window(QStringLiteral("det_licence")), nullptr);
+    EXPECT_EQ(column0(list), (QStringList{"MÅRTIN-NOEL", "DUPONT"}));
+}
+
+TEST_F(LicenceWindowTest, TheContextMenuOfTheMainWindowGivesAFee)
+{
+    fee(QStringLiteral("Adulte"));
+    fee(QStringLiteral("Jeune"));
+    main->trigger(QStringLiteral("mnuBaseClubCotisationUnknown"));
+    QWidget* window = child_window(QStringLiteral("frm_liste_licence"));
+    ASSERT_NE(window, nullptr);
+    auto* list = window->findChild<QTreeView*>(QStringLiteral("lsv_licence"));
+    const QList<QAction*> lines = main->tarifs_menu()->actions();
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0]->text(), QStringLiteral("Aucun"));
+    list->setCurrentIndex(list->model()->index(1, 0));
+    lines[2]->trigger();
+
+    auto* ok = window->findChild<QPushButton*>(QStringLiteral("cmd_0"));
+    ASSERT_TRUE(ok->isVisible());
+    ok->click();
+    EXPECT_EQ(field(martin, QStringLiteral("Tarif")), QStringLiteral("Jeune"));
+    EXPECT_EQ(column0(list), QStringList{"DUPONT"});
+}

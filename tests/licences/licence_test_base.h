@@ -1,0 +1,67 @@
+#pragma once
+// A connected copy of the model base whose current profile works for a plain
+// club, with helpers to lay licences, clubs, fees and entries into it.
+
+#include "frame/app_context.h"
+#include "frame/text.h"
+#include "support/app_fixture.h"
+
+namespace plouvarine::testing {
+
+class LicenceBase : public AppFixture {
+protected:
+    static constexpr const char* kClub = "FRA2210290017";
+    static constexpr const char* kOtherClub = "FRA2210290021";
+    static constexpr const char* kSelection = "FRA2210290000";
+
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        app->state.club_code = QLatin1String(kClub);
+        app->state.club_name = QStringLiteral("Brest Natation");
+        app->state.profile_name = QStringLiteral("Entraîneur");
+        app->state.profile_num = QStringLiteral("1");
+        app->state.num_lic_nulle = licence(QStringLiteral("Null"), QStringLiteral("X"), QStringLiteral("NULL"), QString());
+    }
+    void use_selection()
+    {
+        app->state.club_code = QLatin1String(kSelection);
+        app->state.club_selection = true;
+    }
+    QString licence(const QString& nom, const QString& prenom, const QString& number,
+                    const QString& club = QLatin1String(kClub), const QString& birth = QStringLiteral("19850307"))
+    {
+        return app->db.append_row(QStringLiteral("Licence"),
+                                  {{"Code_club", club}, {"Licence", number}, {"Nom", nom}, {"Prenom", prenom},
+                                   {"Sexe", "F"}, {"Date_Naissance", birth}, {"Nationalite", "FRA"}},
+                                  QStringLiteral("Num"));
+    }
+    void club(const QString& code, const QString& name)
+    {
+        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', '%2')").arg(code, name));
+    }
+    void fee(const QString& name) { exec(QStringLiteral("INSERT INTO Tarifs VALUES ('%1', '%2', 100, false)").arg(kClub, name)); }
+    void activity(const QString& name)
+    {
+        exec(QStringLiteral("INSERT INTO Activites (Code_federal, Activite) VALUES ('%1', '%2')").arg(kClub, name));
+    }
+    QString competition(bool visible, bool run)
+    {
+        return app->db.append_row(QStringLiteral("Rcomp"), {{"Visible", visible}, {"Deroule", run}}, QStringLiteral("AutoNum"));
+    }
+    void entry(const QString& competition, const QString& num)
+    {
+        exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic) VALUES (%1, 1, 2, %2)")
+                 .arg(competition, num));
+    }
+    void exec(const QString& sql) { app->db.exec_sql(sql); }
+    int count(const QString& sql) { return app->db.count_query(sql); }
+    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
+    QString field(const QString& num, const QString& column)
+    {
+        return value(QStringLiteral("select %1 from Licence where Num = %2").arg(column, num));
+    }
+};
+
+}  // namespace plouvarine::testing
