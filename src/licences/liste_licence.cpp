@@ -1,5 +1,9 @@
 #include "licences/liste_licence.h"
 
+#include "entries/reports/rich_text.h"
+#include "entries/reports/template_builder.h"
+#include "entries/reports/templates.h"
+
 #include "frame/app_context.h"
 #include "frame/keywords.h"
 #include "frame/list_helpers.h"
@@ -449,7 +453,7 @@ void FrmListeLicence::sauve_tarifs()
 LicenceReport LitRapportLicences(AppContext& app)
 {
     status_text(app.ui, QStringLiteral("Récupération des licences"));
-    LicenceReport report{app.state.profile_name, app.state.club_name, app.state.club_code, {}};
+    LicenceReport report;
     QString sql;
     if (app.state.club_selection)
         sql = QStringLiteral("SELECT Licence.Nom, Licence.Prenom, Licence.Licence, Licence.Nationalite, "
@@ -469,33 +473,18 @@ LicenceReport LitRapportLicences(AppContext& app)
     return report;
 }
 
-void EcritRapportLicences(QTextDocument& document, const LicenceReport& report)
+QStringList LignesRapportLicences(const LicenceReport& report)
 {
-    document.clear();
-    QTextCursor cursor(&document);
-    QTextCharFormat bold;
-    bold.setFontWeight(QFont::Bold);
-    cursor.insertText(report.profile_name, bold);
-    cursor.insertBlock();
-    cursor.insertText(report.club_name + QStringLiteral(" (") + report.club_code + QLatin1Char(')'), bold);
-    cursor.insertBlock();
-    static const QStringList kHeaders{QStringLiteral("Nom"),         QStringLiteral("Prénom"),
-                                      QStringLiteral("Licence"),     QStringLiteral("Nationalité"),
-                                      QStringLiteral("Sexe"),        QStringLiteral("Date de naissance")};
-    QTextTableFormat format;
-    format.setCellPadding(2);
-    format.setBorder(0.5);
-    format.setHeaderRowCount(1);
-    QTextTable* table = cursor.insertTable(int(report.lines.size()) + 1, int(kHeaders.size()), format);
-    for (int c = 0; c < kHeaders.size(); ++c)
-        table->cellAt(0, c).firstCursorPosition().insertText(kHeaders[c], bold);
-    for (size_t r = 0; r < report.lines.size(); ++r) {
-        const QStringList& line = report.lines[r];
-        for (int c = 0; c < line.size() && c < kHeaders.size(); ++c) {
-            const QString text = c == 5 ? DateLongue(line[c], QString::fromLatin1(kFormatDateCourte)) : line[c];
-            table->cellAt(int(r) + 1, c).firstCursorPosition().insertText(text);
-        }
+    // Column widths of the template's fixed-width paragraph.
+    static const int kWidths[] = {24, 20, 8, 5, 3};
+    QStringList out;
+    for (const QStringList& line : report.lines) {
+        QString text;
+        for (int c = 0; c < 5; ++c)
+            text += line.value(c).leftJustified(kWidths[c] - 1, QLatin1Char(' '), true) + QLatin1Char(' ');
+        out << text + DateLongue(line.value(5), QString::fromLatin1(kFormatDateCourte));
     }
+    return out;
 }
 
 bool ImprimeRapportLicences(AppContext& app)
@@ -503,11 +492,17 @@ bool ImprimeRapportLicences(AppContext& app)
     bool printed = false;
     try {
         const LicenceReport report = LitRapportLicences(app);
-        status_text(app.ui, QStringLiteral("Ecriture du rapport"));
-        QTextDocument document;
-        EcritRapportLicences(document, report);
-        status_text(app.ui, QStringLiteral("Impression du rapport"));
-        printed = app.ui.print_document(QStringLiteral("Rapport des licences"), document);
+        ReportJob job;
+        job.kind = QStringLiteral("rptlic");
+        job.title = QStringLiteral("Rapport des licences");
+        job.fill = [&](TempoRapport& tempo) {
+            status_text(app.ui, QStringLiteral("Ecriture du rapport"));
+            RemplacerBalise(tempo.rich, tags::kNomProfil, app.state.profile_name);
+            tempo.rich.move_to_end();
+            tempo.rich.write(LignesRapportLicences(report).join(QLatin1Char('\n')));
+            status_text(app.ui, QStringLiteral("Impression du rapport"));
+        };
+        printed = imprimer_rapport(app, job);
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QString(), &e);
     }

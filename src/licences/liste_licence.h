@@ -125,16 +125,15 @@ private:
     QMap<QString, QString> fees_;
 };
 
-// The licence report of the current club or selection, as a document.
+// The licence report of the current club or selection, on the template
+// "rptlic": the profile and club tags, then one line per swimmer.
 struct LicenceReport {
-    QString profile_name;
-    QString club_name;
-    QString club_code;
     // Nom, Prenom, Licence, Nationalite, Sexe, Date_Naissance.
     std::vector<QStringList> lines;
 };
 LicenceReport LitRapportLicences(AppContext& app);
-void EcritRapportLicences(QTextDocument& document, const LicenceReport& report);
+// The swimmers' lines in fixed-width columns, the date as d/mm/yyyy.
+QStringList LignesRapportLicences(const LicenceReport& report);
 // mnuLicPrint: reads, writes and prints the report; false when nothing was printed.
 bool ImprimeRapportLicences(AppContext& app);
 

@@ -134,13 +134,7 @@ protected:
         AppFixture::SetUp();
     }
 
-    // Lays the template component out in the application folder, as the build does.
-    void install_component()
-    {
-        const QString built = QFileInfo(model_file()).dir().filePath(component_file(QStringLiteral("regmodele.dll")));
-        ASSERT_TRUE(QFile::exists(built)) << built.toStdString();
-        ASSERT_TRUE(QFile::copy(built, template_component_path(*app)));
-    }
+    void install_component() { install_template_component(); }
 
     QString add_competition(const QString& pool_name)
     {

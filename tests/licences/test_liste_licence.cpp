@@ -217,12 +217,15 @@ TEST_F(ListeLicenceTest, TheReportListsTheSwimmersAndPrintsToARealPdf)
     if (!QCoreApplication::instance())
         new QGuiApplication(argc, argv);
     exec(QStringLiteral("UPDATE Licence SET Visible = false WHERE Num = ") + martin);
+    install_template_component();
     ui.print_pdf = work_file(QStringLiteral("rapport.pdf"));
     ASSERT_TRUE(run_licence_command(*app, QStringLiteral("mnuLicPrint")));
     ASSERT_EQ(ui.printed.size(), 1u);
     const QString text = ui.printed[0].text;
     EXPECT_TRUE(text.contains(QStringLiteral("Entraîneur")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation (FRA2210290017)")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation")));
+    EXPECT_TRUE(text.contains(QStringLiteral("FRA2210290017")));
+    EXPECT_FALSE(text.contains(QStringLiteral("<NOM_CLUB>")));
     EXPECT_TRUE(text.contains(QStringLiteral("7/03/1985")));
     EXPECT_LT(text.indexOf(QStringLiteral("BERNARD")), text.indexOf(QStringLiteral("DUPONT")));
     EXPECT_FALSE(text.contains(QStringLiteral("MARTIN")));
@@ -233,4 +236,14 @@ TEST_F(ListeLicenceTest, TheReportListsTheSwimmersAndPrintsToARealPdf)
 
     ui.print_answer = false;
     EXPECT_FALSE(ImprimeRapportLicences(*app));
+
+    // A damaged template is named, and nothing is printed.
+    QFile damaged(app->app_file(QStringLiteral("modeles/rptlic.rtf")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write("pas du RTF");
+    damaged.close();
+    ui.print_answer = true;
+    EXPECT_FALSE(ImprimeRapportLicences(*app));
+    EXPECT_EQ(ui.printed.size(), 1u);
+    EXPECT_TRUE(ui.messages.back().text.contains(QStringLiteral("rptlic")));
 }

@@ -1,9 +1,12 @@
 #include "support/app_fixture.h"
 
+#include "entries/reports/templates.h"
+#include "frame/components.h"
 #include "store/access.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace plouvarine::testing {
 
@@ -48,6 +51,17 @@ void AppFixture::connect(const QString& path)
 {
     app->state.base_path = path;
     ASSERT_TRUE(connect_base(*app)) << "cannot open " << path.toStdString();
+}
+
+}  // namespace plouvarine::testing
+
+namespace plouvarine::testing {
+
+void AppFixture::install_template_component()
+{
+    const QString built = QFileInfo(model_file()).dir().filePath(component_file(QStringLiteral("regmodele.dll")));
+    ASSERT_TRUE(QFile::exists(built)) << built.toStdString();
+    ASSERT_TRUE(QFile::copy(built, template_component_path(*app)));
 }
 
 }  // namespace plouvarine::testing

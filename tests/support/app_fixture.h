@@ -27,6 +27,8 @@ protected:
     // Makes `path` the base in use and connects it, as the opening does before
     // its controls. Fails the test if the base cannot be opened.
     void connect(const QString& path);
+    // Lays the template component the build made out in the application folder.
+    void install_template_component();
 
     QTemporaryDir app_dir_;
     QTemporaryDir work_;
