@@ -277,6 +277,9 @@ private:
             parts[k] = new QLineEdit;
             parts[k]->setObjectName(QStringLiteral("txt_description_%1").arg(index));
             parts[k]->setMaxLength(k == 2 ? 4 : 2);
+            // Wide enough for its digits, no more: the three read as one date.
+            parts[k]->setFixedWidth(parts[k]->fontMetrics().horizontalAdvance(QStringLiteral("0000")) *
+                                        (k == 2 ? 2 : 1) + 12);
             parts[k]->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")),
                                                                    parts[k]));
             connect(parts[k], &QLineEdit::textChanged, this,
@@ -290,6 +293,7 @@ private:
         pick->setAutoDefault(false);
         connect(pick, &QPushButton::clicked, this, [this, base] { view_.choose_date(base); });
         row->addWidget(pick);
+        row->addStretch(1);
         return row;
     }
 
