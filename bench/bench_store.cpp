@@ -5,6 +5,7 @@
 
 #include "frame/app_context.h"
 #include "frame/base_commands.h"
+#include "licences/liste_licence.h"
 #include "store/access.h"
 #include "store/base_files.h"
 #include "store/save.h"
@@ -142,6 +143,42 @@ void BM_Compact(benchmark::State& state)
     close_base(a.app);
 }
 BENCHMARK(BM_Compact)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The licence list of a club holding every licence of the large base: filling
+// the list and one sort by column, each against load_rows of the same rows.
+void BM_LicenceListVsLoadRows(benchmark::State& state)
+{
+    const QString base = workplace().copy(QStringLiteral("list.mdb"));
+    App a(base);
+    connect_base(a.app);
+    const QString code = a.app.db.load_rows(QStringLiteral("SELECT Code_federal FROM Club ORDER BY Num")).first();
+    a.app.db.exec_sql(QStringLiteral("UPDATE Licence SET Code_club = '") + code + QStringLiteral("'"));
+    a.app.state.club_code = code;
+    const QString sql = QStringLiteral("SELECT Nom, Prenom, Licence, Date_Naissance, Num FROM Licence WHERE Code_Club = '") +
+                        code + QStringLiteral("' and Visible = true order by Nom, Prenom");
+    double fill_s = 0, sort_s = 0, rows_s = 0;
+    int rows = 0;
+    for (auto _ : state) {
+        FrmListeLicence list(a.app, QStringLiteral("View"));
+        auto t0 = std::chrono::steady_clock::now();
+        list.set_liste(QStringLiteral("Liste des Licences"));
+        const double s = seconds_since(t0);
+        fill_s += s;
+        t0 = std::chrono::steady_clock::now();
+        list.sort_by_column(3);
+        sort_s += seconds_since(t0);
+        t0 = std::chrono::steady_clock::now();
+        rows = a.app.db.load_rows(sql).size();
+        rows_s += seconds_since(t0);
+        state.SetIterationTime(s);
+        list.close();
+    }
+    close_base(a.app);
+    state.counters["rows"] = rows;
+    state.counters["fill_over_load_rows"] = rows_s > 0 ? fill_s / rows_s : 0;
+    state.counters["sort_over_load_rows"] = rows_s > 0 ? sort_s / rows_s : 0;
+}
+BENCHMARK(BM_LicenceListVsLoadRows)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
 
