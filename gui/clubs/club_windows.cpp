@@ -1,6 +1,6 @@
 #include "clubs/club_windows.h"
 
-#include "clubs/club_window_parts.h"
+#include "frame/window_parts.h"
 #include "clubs/construc_code_club.h"
 #include "clubs/dem_info.h"
 #include "clubs/det_profil.h"
@@ -24,14 +24,6 @@
 namespace plouvarine::gui {
 
 namespace {
-
-void set_text(QLineEdit* edit, const QString& text)
-{
-    if (edit->text() == text)
-        return;
-    const QSignalBlocker block(edit);
-    edit->setText(text);
-}
 
 // Frm_liste_club.
 class ClubListWindow : public ViewWindow {
@@ -325,29 +317,23 @@ private:
     QPushButton* ok_;
 };
 
-template <typename V, typename W, typename... Extra>
-void add(const QLatin1String& name, Extra... extra)
-{
-    register_window(QString(name), [extra...](View& view, QWidget* parent) -> ViewWindow* {
-        return new W(dynamic_cast<V&>(view), parent, extra...);
-    });
-}
-
 }  // namespace
 
 void register_club_windows()
 {
-    add<FrmListeClub, ClubListWindow>(FrmListeClub::kName);
-    add<FrmListeClubObli, ChoiceListWindow<FrmListeClubObli>>(FrmListeClubObli::kName, QStringLiteral("Lsv_club"));
-    add<FrmListePays, ChoiceListWindow<FrmListePays>>(FrmListePays::kName, QStringLiteral("Lsv_pays"));
-    add<FrmListeProfilObli, ChoiceListWindow<FrmListeProfilObli>>(FrmListeProfilObli::kName,
+    register_view_window<FrmListeClub, ClubListWindow>(QString(FrmListeClub::kName));
+    register_view_window<FrmListeClubObli, ChoiceListWindow<FrmListeClubObli>>(QString(FrmListeClubObli::kName),
+                                                                               QStringLiteral("Lsv_club"));
+    register_view_window<FrmListePays, ChoiceListWindow<FrmListePays>>(QString(FrmListePays::kName),
+                                                                       QStringLiteral("Lsv_pays"));
+    register_view_window<FrmListeProfilObli, ChoiceListWindow<FrmListeProfilObli>>(QString(FrmListeProfilObli::kName),
                                                                   QStringLiteral("Lsv_profil"));
-    add<DemInfo, ClubDetailWindow>(DemInfo::kName);
-    add<DemInfo, ClubDetailWindow>(DemInfo::kObliName);
-    add<ConstrucCodeClub, CodeHelpWindow>(ConstrucCodeClub::kName);
-    add<FrmListeProfil, ProfileListWindow>(FrmListeProfil::kName);
-    add<DetProfil, ProfileDetailWindow>(DetProfil::kName);
-    add<DetProfil, ProfileDetailWindow>(DetProfil::kObliName);
+    register_view_window<DemInfo, ClubDetailWindow>(QString(DemInfo::kName));
+    register_view_window<DemInfo, ClubDetailWindow>(QString(DemInfo::kObliName));
+    register_view_window<ConstrucCodeClub, CodeHelpWindow>(QString(ConstrucCodeClub::kName));
+    register_view_window<FrmListeProfil, ProfileListWindow>(QString(FrmListeProfil::kName));
+    register_view_window<DetProfil, ProfileDetailWindow>(QString(DetProfil::kName));
+    register_view_window<DetProfil, ProfileDetailWindow>(QString(DetProfil::kObliName));
 }
 
 }  // namespace plouvarine::gui

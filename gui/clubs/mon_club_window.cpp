@@ -1,8 +1,7 @@
 #include "clubs/mon_club_window.h"
 
 #include "clubs/mon_club.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "frame/window_parts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -338,9 +337,7 @@ private:
 
 void register_mon_club_window()
 {
-    register_window(QString(OwnClubView::kName), [](View& v, QWidget* parent) -> ViewWindow* {
-        return new OwnClubWindow(static_cast<OwnClubView&>(v), parent);
-    });
+    register_view_window<OwnClubView, OwnClubWindow>(QString(OwnClubView::kName));
 }
 
 }  // namespace plouvarine::gui

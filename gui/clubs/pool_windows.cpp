@@ -1,8 +1,7 @@
 #include "clubs/pool_windows.h"
 
 #include "clubs/pools.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "frame/window_parts.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -190,12 +189,8 @@ private:
 
 void register_pool_windows()
 {
-    register_window(QString(PoolListView::kName), [](View& v, QWidget* parent) -> ViewWindow* {
-        return new PoolListWindow(static_cast<PoolListView&>(v), parent);
-    });
-    register_window(QString(PoolDetailView::kName), [](View& v, QWidget* parent) -> ViewWindow* {
-        return new PoolDetailWindow(static_cast<PoolDetailView&>(v), parent);
-    });
+    register_view_window<PoolListView, PoolListWindow>(QString(PoolListView::kName));
+    register_view_window<PoolDetailView, PoolDetailWindow>(QString(PoolDetailView::kName));
 }
 
 }  // namespace plouvarine::gui

@@ -1,6 +1,6 @@
 #include "licences/licence_windows.h"
 
-#include "clubs/club_window_parts.h"
+#include "frame/window_parts.h"
 #include "frame/keywords.h"
 #include "frame/main_window.h"
 #include "frame/view_window.h"
@@ -27,14 +27,6 @@
 namespace plouvarine::gui {
 
 namespace {
-
-void set_text(QLineEdit* edit, const QString& text)
-{
-    if (edit->text() == text)
-        return;
-    const QSignalBlocker block(edit);
-    edit->setText(text);
-}
 
 MainWindow* main_window()
 {
@@ -441,21 +433,12 @@ private:
     QWidget* origin_box_ = nullptr;
 };
 
-template <typename V, typename W>
-void add(const QLatin1String& name)
-{
-    register_window(QString(name), [](View& view, QWidget* parent) -> ViewWindow* {
-        auto* typed = dynamic_cast<V*>(&view);
-        return typed ? new W(*typed, parent) : nullptr;
-    });
-}
-
 }  // namespace
 
 void register_licence_windows()
 {
-    add<FrmListeLicence, LicenceListWindow>(FrmListeLicence::kName);
-    add<DetLicence, LicenceDetailWindow>(DetLicence::kName);
+    register_view_window<FrmListeLicence, LicenceListWindow>(QString(FrmListeLicence::kName));
+    register_view_window<DetLicence, LicenceDetailWindow>(QString(DetLicence::kName));
 }
 
 }  // namespace plouvarine::gui

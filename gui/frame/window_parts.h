@@ -1,15 +1,21 @@
 #pragma once
-// Pieces the club and profile windows share: a report-style list bound to a
-// view's model and selection, and the row of command buttons.
+// Pieces every window shares: a report-style list bound to a view's model and
+// selection, the row of command buttons, a field written without echo, and the
+// registration of a window class for its view.
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QTreeView>
 #include <functional>
+
+#include "frame/view_window.h"
+#include "frame/window_factory.h"
 
 namespace plouvarine::gui {
 
@@ -65,6 +71,26 @@ inline QPushButton* add_button(QHBoxLayout* row, const QString& name, const QStr
     QObject::connect(button, &QPushButton::clicked, button, [action = std::move(action)] { action(); });
     row->addWidget(button);
     return button;
+}
+
+// Shows `text` in the field without telling the view, which holds it already.
+inline void set_text(QLineEdit* edit, const QString& text)
+{
+    if (edit->text() == text)
+        return;
+    const QSignalBlocker block(edit);
+    edit->setText(text);
+}
+
+// Registers the window class W for the views of type V shown under `name`;
+// `extra` goes to W's constructor after the view and the parent.
+template <typename V, typename W, typename... Extra>
+void register_view_window(const QString& name, Extra... extra)
+{
+    register_window(name, [extra...](View& view, QWidget* parent) -> ViewWindow* {
+        auto* typed = dynamic_cast<V*>(&view);
+        return typed ? new W(*typed, parent, extra...) : nullptr;
+    });
 }
 
 }  // namespace plouvarine::gui
