@@ -120,22 +120,7 @@ void FrmListeClub::mark_selected()
 {
     if (keyword_ != keyword::kSuppr)
         return;
-    std::vector<int> rows;
-    for (const QModelIndex& index : selection_.selectedRows())
-        rows.push_back(index.row());
-    if (rows.empty()) {
-        if (const auto row = selected_row())
-            rows.push_back(*row);
-    }
-    std::sort(rows.rbegin(), rows.rend());
-    for (int row : rows) {
-        marked_ << row_key(list_, row);
-        list_.removeRow(row);
-    }
-    if (!rows.empty())
-        select_last_row(selection_, rows.back());
-    if (list_.rowCount() == 0)
-        selection_.clear();
+    marked_ << take_selected_rows(list_, selection_);
     changed();
 }
 

@@ -229,4 +229,25 @@ QSize MinimumSize::excess(const QSize& size) const
     return {std::max(size.width() - width, 0), std::max(size.height() - height, 0)};
 }
 
+QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection)
+{
+    std::vector<int> rows;
+    for (const QModelIndex& index : selection.selectedRows())
+        rows.push_back(index.row());
+    if (rows.empty() && selection.currentIndex().isValid())
+        rows.push_back(selection.currentIndex().row());
+    std::sort(rows.rbegin(), rows.rend());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QStringList keys;
+    for (int row : rows) {
+        keys << row_key(model, row);
+        model.removeRow(row);
+    }
+    if (!rows.empty())
+        select_last_row(selection, rows.back());
+    if (model.rowCount() == 0)
+        selection.clear();
+    return keys;
+}
+
 }  // namespace plouvarine
