@@ -18,7 +18,9 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMdiArea>
+#include <QIcon>
 #include <QMdiSubWindow>
+#include <QPixmap>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
@@ -192,6 +194,10 @@ QMdiSubWindow* MainWindow::show_child(QWidget* window)
 {
     QMdiSubWindow* sub = mdi_->addSubWindow(window);
     sub->setObjectName(window->objectName());
+    // No toolkit logo in the child windows' title bars.
+    QPixmap blank(16, 16);
+    blank.fill(Qt::transparent);
+    sub->setWindowIcon(QIcon(blank));
     sub->setAttribute(Qt::WA_DeleteOnClose);
     window->setAttribute(Qt::WA_DeleteOnClose);
     sub->show();

@@ -70,6 +70,13 @@ ChooseDateWindow::ChooseDateWindow(ChooseDateView& view, QWidget* parent)
         if (!refreshing_)
             view_.set_calendar_date(calendar_->selectedDate());
     });
+    // The calendar's own arrows move the year and month fields with them.
+    connect(calendar_, &QCalendarWidget::currentPageChanged, this, [this](int year, int month) {
+        if (refreshing_)
+            return;
+        view_.set_txt_annee(QString::number(year));
+        view_.set_cb_mois(month - 1);
+    });
     connect(calendar_, &QCalendarWidget::activated, this, [this](QDate date) {
         view_.activate_day(date);
         // Confirmed once the event that activated the day is over.
