@@ -1,6 +1,7 @@
 // Plouvarine: builds the application and shows the main window.
 
 #include "clubs/club_hooks.h"
+#include "competitions/competition_hooks.h"
 #include "frame/app_context.h"
 #include "frame/main_window.h"
 #include "frame/qt_services.h"
@@ -29,6 +30,7 @@ int main(int argc, char** argv)
     plouvarine::AppContext app(services, QApplication::applicationDirPath());
     plouvarine::install_club_hooks(app);
     plouvarine::install_licence_hooks(app);
+    plouvarine::install_competition_hooks(app);
     plouvarine::gui::MainWindow window(app);
     services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
     services.show_child = [&window](QWidget* child) { window.show_child(child); };

@@ -5,6 +5,7 @@
 #include "clubs/pools.h"
 #include "frame/app_context.h"
 #include "frame/base_commands.h"
+#include "competitions/utils_compet.h"
 #include "frame/commands.h"
 #include "frame/splash_window.h"
 #include "frame/upgrade_window.h"
@@ -249,6 +250,17 @@ void MainWindow::plug_frame_commands()
     set_command(QStringLiteral("mnuLicPrint"), [&app] { run_licence_command(app, QStringLiteral("mnuLicPrint")); });
     set_command(QStringLiteral("mnuBaseClubCotisationUnknown"),
                 [&app] { run_licence_command(app, QStringLiteral("mnuBaseClubCotisationUnknown")); });
+    set_command(QStringLiteral("mnuCompetNew"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetNew")); });
+    set_command(QStringLiteral("mnuCompetListe"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetListe")); });
+    set_command(QStringLiteral("mnuCompetModif"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetModif")); });
+    set_command(QStringLiteral("mnuCompetSuppr"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetSuppr")); });
+    set_command(QStringLiteral("mnuEngagProgramme"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagProgramme")); });
+    set_command(QStringLiteral("mnuEngagIndiv"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagIndiv")); });
+    set_command(QStringLiteral("mnuEngagRelais"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagRelais")); });
+    set_command(QStringLiteral("mnuEngagDisk"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagDisk")); });
+    set_command(QStringLiteral("mnuEngagConvoc"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagConvoc")); });
+    set_command(QStringLiteral("mnuEngagBordereau"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagBordereau")); });
+    set_command(QStringLiteral("mnuCompetResult"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetResult")); });
 }
 
 void MainWindow::quit()

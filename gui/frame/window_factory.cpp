@@ -3,6 +3,7 @@
 #include "clubs/club_windows.h"
 #include "clubs/mon_club_window.h"
 #include "clubs/pool_windows.h"
+#include "competitions/competition_windows.h"
 #include "frame/view.h"
 #include "frame/view_window.h"
 #include "licences/date_windows.h"
@@ -40,6 +41,7 @@ void register_all_windows()
     register_pool_windows();
     register_date_windows();
     register_licence_windows();
+    register_competition_windows();
 }
 
 }  // namespace plouvarine::gui

@@ -1,0 +1,317 @@
+// The competition register on a real base: the roll-over at opening, the
+// checks and the save of det_compet, the deletion pass and the list's modes.
+
+#include "clubs/pools.h"
+#include "competitions/competition_hooks.h"
+#include "competitions/det_compet.h"
+#include "competitions/liste_compet.h"
+#include "competitions/utils_compet.h"
+#include "frame/keywords.h"
+#include "frame/list_helpers.h"
+#include "frame/text.h"
+#include "store/sentinels.h"
+#include "support/app_fixture.h"
+
+using namespace plouvarine;
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+QT_END_NAMESPACE
+
+namespace {
+
+class CompetBase : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        check_piscine_reference(*app);
+        app->clock.set_today(QDate(2025, 3, 10));
+    }
+    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
+    QString compet(const QString& num, const QString& debut, const QString& fin, bool deroule = false,
+                   bool visible = true, const QString& type = QStringLiteral("C"), int longueur = 50, int lanes = 6)
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
+                                        "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Deroule, Visible, "
+                                        "Num_Piscine) VALUES ('%1', '%2', 'Meeting %1', '%3', '%4', 'Brest', %5, "
+                                        "%6, 'Q', 'R', 'A', ' ', %7, %8, %9)")
+                             .arg(num, type, debut, fin)
+                             .arg(longueur)
+                             .arg(lanes)
+                             .arg(bool_text(deroule), bool_text(visible), NumPiscineNulle(*app)));
+        return value(QStringLiteral("select max(AutoNum) from Rcomp"));
+    }
+    QString state(const QString& autonum)
+    {
+        return value(QStringLiteral("select Deroule from Rcomp where AutoNum = ") + autonum) + QLatin1Char('/') +
+               value(QStringLiteral("select Visible from Rcomp where AutoNum = ") + autonum);
+    }
+    // A new competition with every field right, to spoil one at a time.
+    void fill(DetCompet& det)
+    {
+        det.text1 = {QStringLiteral("Coupe d'hiver"), QStringLiteral("B12"), QStringLiteral("Saint-Brieuc")};
+        det.txt_date = {};
+        det.txt_date[0] = "15", det.txt_date[1] = "3", det.txt_date[2] = "2025";
+        det.txt_date[10] = "16", det.txt_date[11] = "03", det.txt_date[12] = "2025";
+        det.set_type(DetCompet::kChampionnats);
+        det.Op_bass = DetCompet::kBassin50;
+        det.codif = {0, 1, 2, 0};
+    }
+    FrmListeCompet* open_list(const QString& mode, const QString& caption = QStringLiteral("&Go"))
+    {
+        return OuvrirListeCompet(*app, mode, caption, QStringLiteral("Titre"));
+    }
+    QStringList nums(FrmListeCompet* list)
+    {
+        QStringList out;
+        for (int r = 0; r < list->lsv_compet().rowCount(); ++r)
+            out << list->lsv_compet().item(r, 0)->text();
+        return out;
+    }
+};
+
+}  // namespace
+
+TEST_F(CompetBase, RolloverRetiresCompetitionsOnTheMorningOfTheirFirstDay)
+{
+    const QString yesterday = compet("A", "20250309", "20250312");
+    const QString today = compet("B", "20250310", "20250310");
+    const QString tomorrow = compet("C", "20250311", "20250311");
+    const QString hidden = compet("D", "20250301", "20250301", false, false);
+    const QString results = compet("E", "20250101", "20250101", true, true);
+    install_competition_hooks(*app);
+    app->hooks.competitions_rollover(*app);
+    EXPECT_EQ(state(yesterday), "Vrai/Faux");
+    EXPECT_EQ(state(today), "Vrai/Faux");
+    EXPECT_EQ(state(tomorrow), "Faux/Vrai");
+    EXPECT_EQ(state(hidden), "Faux/Faux");
+    EXPECT_EQ(state(results), "Vrai/Vrai");
+}
+
+TEST_F(CompetBase, NewCompetitionIsCheckedInOrderThenSaved)
+{
+    DetCompet det(*app, QString(keyword::kNouveau));
+    EXPECT_EQ(det.num_piscine, NumPiscineNulle(*app));
+    EXPECT_EQ(det.Cb_couloir, "8");
+    const QStringList expected{"le nom", "le numéro", "le lieu", "le type", "le type de bassin",
+                               "la codification fédérale", "la codification inter régionale",
+                               "la codification régionale", "la codification départementale"};
+    // Each field filled in turn moves the refusal to the next one.
+    QStringList seen;
+    for (int step = 0; step < expected.size(); ++step) {
+        ui.clear();
+        EXPECT_FALSE(det.save());
+        seen << ui.texts().value(0);
+        if (step < 3) det.text1[size_t(step)] = QStringLiteral("X");
+        else if (step == 3) det.Option1 = 0;
+        else if (step == 4) det.Op_bass = 0;
+        else det.codif[size_t(step - 5)] = 2;
+    }
+    for (int i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(seen[i], "Veuillez spécifier " + expected[i] + " de la compétition.");
+
+    auto refused = [&](const char* message) {
+        ui.clear();
+        EXPECT_FALSE(det.save());
+        EXPECT_EQ(ui.texts(), QStringList{QString::fromUtf8(message)});
+    };
+    fill(det);
+    det.txt_date[1] = "13";
+    refused("Format des dates non valides.");
+    EXPECT_EQ(det.focus_field(), "txt_date_0");
+    fill(det);
+    det.txt_date[0] = "10";  // today
+    refused("Date de début de la compétition est passée.");
+    fill(det);
+    det.txt_date[10] = "14";
+    refused("La date de fin ne peut être avant la date de début.");
+    EXPECT_EQ(value("select count(*) from Rcomp"), "0");
+
+    fill(det);
+    det.txt_date[10] = "15";  // one day only
+    ui.clear();
+    EXPECT_TRUE(det.save());
+    EXPECT_EQ(ui.texts(), QStringList{"Compétition mémorisée avec succès."});
+    EXPECT_TRUE(det.is_closed());
+    const auto row = app->db.load_rows("select Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, Codif_fede, "
+                                       "Codif_inter, Codif_reg, Codif_depar, Deroule, Visible, Num_Piscine from Rcomp");
+    QStringList got;
+    for (int c = 0; c < 15; ++c)
+        got << row.value(0, c);
+    EXPECT_EQ(got, (QStringList{"B12", "C", "Coupe d'hiver", "20250315", "20250315", "Saint-Brieuc", "50", "8", "Q",
+                                "R", "A", "Q", "Faux", "Vrai", NumPiscineNulle(*app)}));
+}
+
+TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals)
+{
+    DetCompet det(*app, QString(keyword::kNouveau));
+    fill(det);
+    det.set_type(DetCompet::kInterclubs);
+    EXPECT_FALSE(det.options_enabled());
+    const QStringList tab = det.LitCompet();
+    EXPECT_EQ(tab.mid(kCompetLongueur, 1), QStringList{"25"});
+    EXPECT_EQ(tab.mid(kCompetCodifFede, 4), (QStringList{"A", "A", "A", "A"}));
+    det.clear_options();
+    EXPECT_EQ(det.LitCompet().mid(kCompetCodifFede, 4), (QStringList{" ", " ", " ", " "}));
+    EXPECT_EQ(DetCompet::FiltreNumero("b1'2-z"), "B12Z");
+    EXPECT_EQ(DetCompet::FiltreToucheNumero('q'), 'Q');
+    EXPECT_EQ(DetCompet::FiltreToucheNumero(8), 8);
+    EXPECT_EQ(DetCompet::FiltreToucheNumero('\''), 0);
+
+    // Stored as an interclubs of 50 m with 11 lanes: loads as 25 m, 8 lanes.
+    const QString num = compet("I1", "20250401", "20250402", false, true, "I", 50, 11);
+    DetCompet loaded(*app, QString(keyword::kModif), num);
+    loaded.load();
+    EXPECT_EQ(loaded.Op_bass, DetCompet::kBassin25);
+    EXPECT_EQ(loaded.Cb_couloir, "8");
+    EXPECT_EQ(loaded.codif, (std::array<int, 4>{2, 2, 2, 2}));
+    EXPECT_EQ(loaded.lbl_piscine, "");
+
+    // Without the reference pool the join finds nothing: the fields stay empty.
+    app->db.exec_sql("delete from Piscine where Nom = 'Null'");
+    DetCompet orphan(*app, QString(keyword::kModif), num);
+    orphan.load();
+    EXPECT_EQ(orphan.text1[DetCompet::kNom], "");
+}
+
+TEST_F(CompetBase, ModifShortensTheProgrammeAndChoosesAPool)
+{
+    const QString num = compet("M1", "20250401", "20250403");
+    for (int day : {1, 2, 3})
+        app->db.exec_sql(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) "
+                                        "VALUES (%1, %2, %2, 5)").arg(num).arg(day));
+    FrmListeCompet* list = open_list(QString(keyword::kModif), "&Modifier");
+    ASSERT_NE(list, nullptr);
+    list->cmd2();
+    auto* det = ui.window_as<DetCompet>("det_compet");
+    ASSERT_NE(det, nullptr);
+    EXPECT_EQ(det->title(), "Modification de la compétition");
+    EXPECT_EQ(det->text1[DetCompet::kLieu], "Brest");
+    EXPECT_EQ(det->codif, (std::array<int, 4>{0, 1, 2, -1}));
+
+    Pool pool{{}, "Piscine de Kerlan", "", "29000", "Quimper", 10, 25};
+    pool.num = AjoutePiscine(*app, pool);
+    det->choose_pool();
+    auto* pools = ui.window_as<PoolListView>("Frm_liste_piscine");
+    ASSERT_NE(pools, nullptr);
+    ui.answers.push_back(Button::Yes);
+    pools->ok({0});
+    EXPECT_EQ(det->lbl_piscine, "Piscine de Kerlan");
+    EXPECT_EQ(det->text1[DetCompet::kLieu], "Quimper");
+    EXPECT_EQ(det->Cb_couloir, "10");
+    EXPECT_EQ(det->Op_bass, DetCompet::kBassin25);
+
+    det->codif[3] = 2;
+    det->txt_date[10] = "02";  // three days become two
+    det->text1[DetCompet::kNom] = "L'Open";
+    ui.clear();
+    EXPECT_TRUE(det->save());
+    EXPECT_EQ(ui.texts(), QStringList{"Compétition modifiée avec succès."});
+    EXPECT_EQ(value("select Nom from Rcomp where AutoNum = " + num), "L'Open");
+    EXPECT_EQ(value("select Num_Piscine from Rcomp where AutoNum = " + num), pool.num);
+    EXPECT_EQ(value("select Fin from Rcomp where AutoNum = " + num), "20250402");
+    EXPECT_EQ(value("select group_concat(JourCourse || ':' || Num_ordre) from (select * from Pcomp order by "
+                    "Code_epreuve)"),
+              "1:5,2:5,1:0");
+    EXPECT_EQ(list->lsv_compet().item(0, 2)->text(), "Quimper");
+}
+
+TEST_F(CompetBase, DeletionHidesWithUndoAndKeepsTheProgramme)
+{
+    const QString a = compet("A", "20250401", "20250401");
+    const QString b = compet("B", "20250402", "20250402");
+    compet("C", "20250403", "20250403");
+    app->db.exec_sql("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse) VALUES (" + a + ", 1, 1)");
+    FrmListeCompet* list = open_list(QString(keyword::kSuppr), "&Supprimer");
+    list->selection().select(list->lsv_compet().index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    list->selection().select(list->lsv_compet().index(1, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    list->delete_key();
+    EXPECT_EQ(nums(list), QStringList{"C"});
+    EXPECT_EQ(value("select count(*) from Rcomp where Visible = false"), "2");
+    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "2");
+    list->cmd1();
+    EXPECT_EQ(value("select count(*) from Rcomp where Visible = false"), "0");
+    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
+
+    list = open_list(QString(keyword::kSuppr), "&Supprimer");
+    list->cmd2();  // the first row, current
+    list->cmd0();
+    EXPECT_EQ(state(a), "Faux/Faux");
+    EXPECT_EQ(state(b), "Faux/Vrai");
+    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
+    EXPECT_EQ(value("select count(*) from Pcomp where Num_compet = " + a), "1");
+}
+
+TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
+{
+    const QString a = compet("A", "20250309", "20250311");
+    compet("B", "20250402", "20250402");
+    const QString done = compet("R", "20250101", "20250102", true, true);
+    compet("X", "20250103", "20250103", true, true);
+    app->db.exec_sql("INSERT INTO Prres (Num_compet, Code_epreuve) VALUES (" + done + ", 1)");
+
+    FrmListeCompet* list = open_list(QString(keyword::kView), "");
+    EXPECT_EQ(nums(list), (QStringList{"A", "B"}));
+    EXPECT_EQ(list->lsv_compet().item(0, 3)->text(), "9/03 - 11/03/2025");
+    EXPECT_FALSE(list->cmd2_visible());
+    EXPECT_EQ(app->menus.counter("mnuCompetSuppr"), 1);
+    list->sort_by_column(1);
+    list->sort_by_column(1);
+    EXPECT_EQ(nums(list), (QStringList{"B", "A"}));
+    EXPECT_EQ(list->order_clause(), "order by Num DESC");
+    list->sort_by_column(1);
+    EXPECT_EQ(nums(list), (QStringList{"A", "B"}));
+    list->cmd1();
+    EXPECT_EQ(app->menus.counter("mnuCompetSuppr"), 0);
+
+    list = open_list(QString(keyword::kImporRes), "&Résultats");
+    EXPECT_EQ(nums(list), (QStringList{"R", "X"}));
+    EXPECT_EQ(list->lsv_compet().item(0, 4)->text(), "X");
+    EXPECT_EQ(list->lsv_compet().item(1, 4)->text(), "");
+    EXPECT_TRUE(list->cmd3_visible());
+    list->cmd0();
+
+    // An entries window at work stops the hand-over with the usual message.
+    View engag(*app, "frm_engag");
+    ASSERT_TRUE(engag.register_window());
+    list = open_list(QString(keyword::kChoixPourEngagements), "&Engag");
+    ui.clear();
+    list->activate();
+    EXPECT_EQ(ui.texts(), QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération."});
+    list->cmd0();
+    engag.close();
+
+    // The programme window's copy list hands the chosen competition back.
+    list = open_list(QString(FrmListeCompet::kChooseForProg));
+    QString chosen;
+    list->on_chosen = [&](const QString& num) { chosen = num; };
+    list->activate();
+    EXPECT_EQ(chosen, a);
+    EXPECT_TRUE(list->is_closed());
+
+    // An empty list leaves nothing to act on.
+    list = open_list(QString(keyword::kModif), "&Modifier");
+    list->set_liste("Vide", "select AutoNum, Num, Nom, Debut, Fin, Lieu from Rcomp where Num = 'none'");
+    EXPECT_FALSE(list->cmd2_enabled());
+    EXPECT_FALSE(list->cmd1_enabled());
+}
+
+TEST_F(CompetBase, StatementHelpersReadAndCreate)
+{
+    const QString a = compet("A", "20250401", "20250401");
+    EXPECT_EQ(DebutCompet(*app, a), "20250401");
+    EXPECT_EQ(LongueurCompet(*app, a), 50);
+    const QString imported = CreerCompetImport(*app);
+    ASSERT_FALSE(imported.isEmpty());
+    EXPECT_EQ(state(imported), "Vrai/Vrai");
+    EXPECT_EQ(ChampCompet(*app, imported, "Num_Piscine"), NumPiscineNulle(*app));
+    QStringList tab(kCompetTabSize, "x");
+    tab[kCompetNom] = "d'Arvor";
+    tab[kCompetLieu] = "L'Orient";
+    tab[kCompetNum] = "O'1";
+    EXPECT_TRUE(AjouterCompetSql(tab).contains("'d''Arvor'"));
+    EXPECT_TRUE(AjouterCompetSql(tab).contains("'L''Orient'"));
+    EXPECT_TRUE(AjouterCompetSql(tab).contains("('O'1'"));
+}

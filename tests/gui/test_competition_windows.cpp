@@ -1,0 +1,115 @@
+// The competition windows on Qt's offscreen platform: a new competition typed
+// into det_compet from the menu and saved, then the list opened with its title.
+
+#include "frame/main_window.h"
+#include "frame/qt_services.h"
+#include "frame/window_factory.h"
+#include "gui_application.h"
+#include "store/sentinels.h"
+#include "support/app_fixture.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QKeyEvent>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class CompetWindowTest : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        AppFixture::SetUp();
+        connect(make_base());
+        check_piscine_reference(*app);
+        app->clock.set_today(QDate(2025, 3, 10));
+        main = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { main->show_child(w); };
+        ui.draw_with = &qt;
+        main->show();
+        app->enable_menus(true);
+    }
+    void TearDown() override
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            sub->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        main.reset();
+        AppFixture::TearDown();
+    }
+    QWidget* child_window(const QString& name)
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            if (sub->objectName() == name && sub->isVisible())
+                return sub->widget();
+        return nullptr;
+    }
+    void type_in(QWidget* window, const QString& field, const QString& text)
+    {
+        auto* edit = window->findChild<QLineEdit*>(field);
+        ASSERT_NE(edit, nullptr) << field.toStdString();
+        for (const QChar c : text) {
+            QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(edit, &event);
+        }
+    }
+    void click(QWidget* window, const QString& name)
+    {
+        auto* button = window->findChild<QAbstractButton*>(name);
+        ASSERT_NE(button, nullptr) << name.toStdString();
+        button->click();
+    }
+
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> main;
+};
+
+}  // namespace
+
+TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
+{
+    main->trigger(QStringLiteral("mnuCompetNew"));
+    QWidget* det = child_window(QStringLiteral("det_compet"));
+    ASSERT_NE(det, nullptr);
+    EXPECT_EQ(det->windowTitle(), QStringLiteral("Nouvelle compétition"));
+    type_in(det, "text1_0", "Meeting de Brest");
+    type_in(det, "text1_1", "b-25");
+    EXPECT_EQ(det->findChild<QLineEdit*>("text1_1")->text(), "B25");
+    type_in(det, "text1_2", "Brest");
+    type_in(det, "txt_date_0", "12");
+    type_in(det, "txt_date_1", "04");
+    type_in(det, "txt_date_2", "2025");
+    type_in(det, "txt_date_10", "13");
+    type_in(det, "txt_date_11", "04");
+    type_in(det, "txt_date_12", "2025");
+    click(det, "Option1_1");  // interclubs: 25 m and Animation, locked
+    EXPECT_TRUE(det->findChild<QRadioButton*>("Op_d_2")->isChecked());
+    EXPECT_FALSE(det->findChild<QRadioButton*>("Op_bass_1")->isEnabled());
+    click(det, "Command1_0");
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Compétition mémorisée avec succès.")});
+    QApplication::processEvents();
+    EXPECT_EQ(child_window(QStringLiteral("det_compet")), nullptr);
+    const Rows rows = app->db.load_rows("select Num, Type, Longueur, Codif_depar, Debut, Fin from Rcomp");
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows.value(0, 0) + rows.value(0, 1) + rows.value(0, 2) + rows.value(0, 3) + rows.value(0, 4) +
+                  rows.value(0, 5),
+              "B25I25A2025041220250413");
+
+    main->trigger(QStringLiteral("mnuCompetListe"));
+    QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->windowTitle(), QStringLiteral("Liste des compétitions à venir"));
+    auto* view = list->findChild<QTreeView*>("lsv_compet");
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->model()->index(0, 1).data().toString(), "Meeting de Brest");
+    EXPECT_FALSE(list->findChild<QPushButton*>("Command1_2")->isVisible());
+}
