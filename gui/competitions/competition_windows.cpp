@@ -2,6 +2,7 @@
 
 #include "competitions/det_compet.h"
 #include "competitions/liste_compet.h"
+#include "competitions/prog_window.h"
 #include "frame/keywords.h"
 #include "frame/window_parts.h"
 #include "licences/date_field_binding.h"
@@ -263,6 +264,7 @@ void register_competition_windows()
 {
     register_view_window<FrmListeCompet, CompetListWindow>(QString(FrmListeCompet::kName));
     register_view_window<DetCompet, CompetDetailWindow>(QString(DetCompet::kName));
+    register_prog_window();
 }
 
 }  // namespace plouvarine::gui

@@ -1,10 +1,15 @@
 #include "competitions/handoff.h"
 
+#include "competitions/liste_compet.h"
+#include "competitions/utils_programme.h"
+#include "frame/app_context.h"
+#include "frame/keywords.h"
+
 namespace plouvarine {
 
-// The windows behind these keywords are still to be written; until they are,
-// choosing a competition leads nowhere. By keyword, what is to come:
-//   "modif prog"                     frm_prog in "Modif", title "Programme compétition"
+// "modif prog" opens the programme of the competition. The windows behind the
+// other keywords are still to be written; until they are, choosing a
+// competition leads nowhere. By keyword, what is to come:
 //   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
 //                                    Engag_tempo and Relais_tempo, then frm_engag, title
 //                                    "Définition des engagements"
@@ -17,9 +22,9 @@ namespace plouvarine {
 //                                    "Importer Résultats", keyword "impres"
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)
 {
-    Q_UNUSED(app);
-    Q_UNUSED(keyword);
-    Q_UNUSED(num);
+    if (keyword == plouvarine::keyword::kModifProg)
+        OuvrirProg(app, QString(plouvarine::keyword::kModif), num, false, QStringLiteral("Programme compétition"),
+                   QString(FrmListeCompet::kName));
 }
 
 }  // namespace plouvarine

@@ -1,6 +1,8 @@
 // The competition windows on Qt's offscreen platform: a new competition typed
-// into det_compet from the menu and saved, then the list opened with its title.
+// into det_compet from the menu and saved, then the list opened with its title;
+// the programme of a competition chosen in the list, edited and saved.
 
+#include "clubs/pools.h"
 #include "frame/main_window.h"
 #include "frame/qt_services.h"
 #include "frame/window_factory.h"
@@ -9,6 +11,7 @@
 #include "support/app_fixture.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -112,4 +115,52 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
     ASSERT_NE(view, nullptr);
     EXPECT_EQ(view->model()->index(0, 1).data().toString(), "Meeting de Brest");
     EXPECT_FALSE(list->findChild<QPushButton*>("Command1_2")->isVisible());
+}
+
+TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
+{
+    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
+                                    "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES ('P1', 'C', "
+                                    "'Meeting', '20250315', '20250316', 'Brest', 50, 8, 'Q', 'Q', 'Q', 'Q', ") +
+                     NumPiscineNulle(*app) + QStringLiteral(")"));
+    const QString num = app->db.load_rows("select max(AutoNum) from Rcomp").first();
+    main->trigger(QStringLiteral("mnuEngagProgramme"));
+    QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->findChild<QPushButton*>("Command1_2")->text(), "&Prog");
+    click(list, "Command1_2");
+    QWidget* prog = child_window(QStringLiteral("frm_prog"));
+    ASSERT_NE(prog, nullptr);
+    EXPECT_EQ(prog->windowTitle(), QStringLiteral("Programme compétition"));
+    EXPECT_EQ(prog->findChild<QComboBox*>("CboDate")->count(), 2);
+
+    // Tick the 100 m free women, as a click on its box does.
+    auto* events = prog->findChild<QTreeView*>("LsvNage");
+    ASSERT_NE(events, nullptr);
+    const QModelIndexList found =
+        events->model()->match(events->model()->index(0, 1), Qt::DisplayRole, "2", 1, Qt::MatchExactly);
+    ASSERT_EQ(found.size(), 1);
+    events->model()->setData(events->model()->index(found[0].row(), 0), Qt::Checked, Qt::CheckStateRole);
+    EXPECT_TRUE(prog->findChild<QRadioButton*>("Optclass_1")->isChecked());
+    EXPECT_FALSE(prog->findChild<QRadioButton*>("optNbFinales_1")->isEnabled());
+    click(prog, "Optclass_3");
+    EXPECT_TRUE(prog->findChild<QRadioButton*>("optNbFinales_1")->isChecked());
+    click(prog, "optNbFinales_2");
+    click(prog, "OptType_1");
+    auto* days = prog->findChild<QComboBox*>("CboDate");
+    days->setCurrentIndex(1);
+    Q_EMIT days->activated(1);  // as a choice in the drop-down does
+    type_in(prog, "txtordre", "4");
+    click(prog, "Command1_0");
+    QApplication::processEvents();
+    EXPECT_EQ(child_window(QStringLiteral("frm_prog")), nullptr);
+    const Rows rows = app->db.load_rows(
+        "select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where Num_compet = " +
+        num);
+    ASSERT_EQ(rows.size(), 1);
+    QStringList got;
+    for (int c = 0; c < 6; ++c)
+        got << rows.value(0, c);
+    EXPECT_EQ(got.join(':'), "2:2:3:2:C:4");
+    EXPECT_TRUE(ui.texts().isEmpty());
 }

@@ -1,0 +1,192 @@
+#include "competitions/utils_programme.h"
+
+#include "competitions/frm_prog.h"
+#include "frame/app_context.h"
+#include "frame/menu_state.h"
+
+#include <QStandardItemModel>
+#include <stdexcept>
+
+namespace plouvarine {
+
+namespace {
+
+QStandardItem* cell(const QString& text)
+{
+    auto* item = new QStandardItem(text);
+    item->setEditable(false);
+    return item;
+}
+
+qint16 small(const QString& text)
+{
+    return qint16(qBound(-32768, text.trimmed().toInt(), 32767));
+}
+
+}  // namespace
+
+QString ListeNageSql(int longueur)
+{
+    QString sql = QStringLiteral("SELECT Libelle, Code_Nage FROM Nage ");
+    if (longueur == 50)
+        sql += QStringLiteral("WHERE Possible_50 = true ");
+    return sql + QLatin1String(kOrdreNage);
+}
+
+QString TabFromTabSql(const QString& num_compet)
+{
+    return QStringLiteral("SELECT Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre ") +
+           QStringLiteral("FROM Pcomp ") + QStringLiteral("WHERE Num_compet = ") + num_compet;
+}
+
+QString TabFromModeleSql(const QString& num_modele, int longueur)
+{
+    if (longueur == 25)
+        return QStringLiteral("SELECT Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre ") +
+               QStringLiteral("FROM Pcomp_modele ") + QStringLiteral("WHERE Num_modele = ") + num_modele;
+    return QStringLiteral("SELECT Pcomp_modele.Code_epreuve, Pcomp_modele.JourCourse, Pcomp_modele.Type, "
+                          "Pcomp_modele.Nb_finales, Pcomp_modele.Type_finale, Pcomp_modele.Num_ordre ") +
+           QStringLiteral("FROM Nage Nage, Pcomp_modele Pcomp_modele ") +
+           QStringLiteral("WHERE Nage.Code_Nage = Pcomp_modele.Code_epreuve ") +
+           QStringLiteral("AND Pcomp_modele.Num_modele = ") + num_modele + QStringLiteral(" ") +
+           QStringLiteral("AND Nage.Possible_50 = true");
+}
+
+LoadedProg ChargeTabProg(Database& db, const QString& sql)
+{
+    LoadedProg loaded;
+    const Rows rows = db.load_rows(sql);
+    for (int r = 0; r < rows.size(); ++r) {
+        const int code = rows.value(r, 0).trimmed().toInt();
+        if (code < 0 || code >= kEventSlots)
+            throw std::out_of_range("L'indice n'appartient pas à la sélection.");
+        ProgSlot& slot = loaded.tab[size_t(code)];
+        slot.JourCourse = small(rows.value(r, 1));
+        slot.Type = small(rows.value(r, 2));
+        slot.Nb_finales = small(rows.value(r, 3));
+        slot.Type_finale = rows.value(r, 4);
+        slot.Num_ordre = small(rows.value(r, 5));
+        loaded.journee_max = qMax(loaded.journee_max, int(slot.JourCourse));
+    }
+    return loaded;
+}
+
+QString InsertProgSql(const QString& table, const QString& key, const QString& num, int code, const ProgSlot& slot)
+{
+    return QStringLiteral("INSERT INTO ") + table + QStringLiteral(" (") + key +
+           QStringLiteral(", Code_epreuve, JourCourse, Type, nb_finales, Type_finale, num_ordre) ") +
+           QStringLiteral("VALUES (") + num + QStringLiteral(", ") + QString::number(code) + QStringLiteral(", ") +
+           QString::number(slot.JourCourse) + QStringLiteral(", '") + QString::number(slot.Type) +
+           QStringLiteral("', '") + QString::number(slot.Nb_finales) + QStringLiteral("', '") + slot.Type_finale +
+           QStringLiteral("', ") + QString::number(slot.Num_ordre) + QStringLiteral(");");
+}
+
+bool SaveTabInTable(AppContext& app, TabProg& tab, int day_count, const QString& table, const QString& num,
+                    bool modele)
+{
+    const QString key = modele ? QStringLiteral("Num_modele") : QStringLiteral("Num_compet");
+    try {
+        app.db.exec_sql(QStringLiteral("DELETE FROM ") + table + QStringLiteral(" where ") + key +
+                        QStringLiteral(" = ") + num);
+        for (int code = 0; code < kEventSlots; ++code) {
+            ProgSlot& slot = tab[size_t(code)];
+            if (slot.JourCourse <= 0)
+                continue;
+            if (slot.JourCourse > day_count)
+                slot.JourCourse = qint16(day_count);
+            app.db.exec_sql(InsertProgSql(table, key, num, code, slot));
+        }
+    } catch (const std::exception& e) {
+        msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de l'enregistrement du programme."), &e);
+        return false;
+    }
+    return true;
+}
+
+QString LibelleJournee(int day)
+{
+    return QString::number(day) + (day == 1 ? QStringLiteral("ère") : QStringLiteral("ème")) +
+           QStringLiteral(" journée");
+}
+
+QString DescriptionEpreuve(int type, int nb_finales, const QString& type_finale)
+{
+    if (type < 2)
+        return QStringLiteral("(Classement au temps)");
+    QString text;
+    switch (type) {
+    case 2: text = QStringLiteral("(1/2 finales, "); break;
+    case 3: text = QStringLiteral("(Série finales, "); break;
+    case 4: text = QStringLiteral("(1/4 finales, "); break;
+    case 8: text = QStringLiteral("(1/8 finales, "); break;
+    default: break;
+    }
+    switch (nb_finales) {
+    case 1: text += QStringLiteral("finale A, "); break;
+    case 2: text += QStringLiteral("finale A - B, "); break;
+    case 3: text += QStringLiteral("finale A - B - C, "); break;
+    default: break;
+    }
+    return text + (type_finale == QLatin1String("C") ? QStringLiteral("par catégories)")
+                                                      : QStringLiteral("toutes catégories)"));
+}
+
+void ChargerListeProg(Database& db, QStandardItemModel& list, const QString& table, const QString& key,
+                      const QString& num, const std::function<QString(int day)>& heading)
+{
+    list.clear();
+    list.setHorizontalHeaderLabels({QStringLiteral("Libelle"), QStringLiteral("Num Ordre")});
+    const QString& t = table;
+    const QString from_where = QStringLiteral("FROM Nage Nage, ") + t + QStringLiteral(" ") +
+                               QStringLiteral("WHERE Nage.Code_Nage = ") + t + QStringLiteral(".Code_epreuve ") +
+                               QStringLiteral("AND ") + t + QStringLiteral(".") + key + QStringLiteral(" = ") + num +
+                               QStringLiteral(" ");
+    const Rows unordered = db.load_rows(QStringLiteral("SELECT Nage.Libelle, ") + t + QStringLiteral(".Num_ordre ") +
+                                        from_where + QStringLiteral("AND ") + t + QStringLiteral(".Num_ordre = 0 ") +
+                                        QStringLiteral("ORDER BY ") + t + QStringLiteral(".Code_epreuve"));
+    for (int r = 0; r < unordered.size(); ++r)
+        list.appendRow({cell(unordered.value(r, 0)), cell(unordered.value(r, 1))});
+
+    const Rows ordered = db.load_rows(
+        QStringLiteral("SELECT Nage.Libelle, ") + t + QStringLiteral(".JourCourse, ") + t +
+        QStringLiteral(".Num_ordre, ") + t + QStringLiteral(".Type, ") + t + QStringLiteral(".Nb_finales, ") + t +
+        QStringLiteral(".Type_finale ") + from_where + QStringLiteral("AND ") + t +
+        QStringLiteral(".Num_ordre <> 0 ") + QStringLiteral("ORDER BY ") + t + QStringLiteral(".JourCourse, ") + t +
+        QStringLiteral(".Num_ordre, ") + t + QStringLiteral(".Code_epreuve"));
+    QString day_seen;
+    for (int r = 0; r < ordered.size(); ++r) {
+        const QString day = ordered.value(r, 1);
+        if (r == 0 || day != day_seen) {
+            day_seen = day;
+            list.appendRow({cell(QString()), cell(QString())});
+            list.appendRow({cell(heading(day.toInt())), cell(QString())});
+        }
+        const QString description = DescriptionEpreuve(ordered.value(r, 3).toInt(), ordered.value(r, 4).toInt(),
+                                                       ordered.value(r, 5));
+        list.appendRow({cell(ordered.value(r, 0) + QLatin1Char(' ') + description), cell(ordered.value(r, 2))});
+    }
+}
+
+FrmProg* OuvrirProg(AppContext& app, const QString& mode, const QString& key, bool modele, const QString& title,
+                    const QString& caller, bool definition, bool load_model_prog)
+{
+    if (app.windows.check_window_open(QString(FrmProg::kName)))
+        return nullptr;
+    auto prog = std::make_unique<FrmProg>(app, mode, key, modele);
+    prog->set_title(title);
+    // While a programme is edited, the competitions stay as they are.
+    const MenuLocks locks =
+        modele ? MenuLocks{} : locks_on({QStringLiteral("mnuCompetModif"), QStringLiteral("mnuCompetSuppr")});
+    if (!prog->register_window(caller.isEmpty() ? QString(WindowRegistry::kMainWindow) : caller, locks))
+        return nullptr;
+    prog->setVisibleControlModele();
+    prog->setViewControle(definition);
+    prog->setListeNage();
+    if (load_model_prog)
+        prog->loadModeleProg();
+    FrmProg* shown = prog.get();
+    app.ui.show_window(std::move(prog));
+    return shown;
+}
+
+}  // namespace plouvarine

@@ -1,0 +1,259 @@
+// The programme of a competition on a real base: what frm_prog loads, how the
+// fields follow the ticked event, the order warning, the finished programme
+// list and what the write-back leaves in Pcomp.
+
+#include "clubs/pools.h"
+#include "competitions/frm_prog.h"
+#include "competitions/utils_programme.h"
+#include "frame/keywords.h"
+#include "frame/list_helpers.h"
+#include "frame/text.h"
+#include "store/sentinels.h"
+#include "support/app_fixture.h"
+
+#include <stdexcept>
+
+using namespace plouvarine;
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+QT_END_NAMESPACE
+
+namespace {
+
+const QString kOrderWarning =
+    QStringLiteral("Le numéro d'ordre spécifié est inférieur au maximum des journées précédentes.");
+
+class ProgBase : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        check_piscine_reference(*app);
+        app->clock.set_today(QDate(2025, 3, 10));
+    }
+    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
+    QString compet(const QString& debut, const QString& fin, int longueur = 50)
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
+                                        "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES "
+                                        "('N1', 'C', 'Meeting', '%1', '%2', 'Brest', %3, 8, 'Q', 'Q', 'Q', 'Q', %4)")
+                             .arg(debut, fin)
+                             .arg(longueur)
+                             .arg(NumPiscineNulle(*app)));
+        return value(QStringLiteral("select max(AutoNum) from Rcomp"));
+    }
+    void line(const QString& num, int code, int day, int type, int finales, const QString& kind, int order,
+              const QString& table = QStringLiteral("Pcomp"), const QString& key = QStringLiteral("Num_compet"))
+    {
+        app->db.exec_sql(QStringLiteral("INSERT INTO %1 (%2, Code_epreuve, JourCourse, Type, Nb_finales, "
+                                        "Type_finale, Num_ordre) VALUES (%3, %4, %5, %6, %7, '%8', %9)")
+                             .arg(table, key, num)
+                             .arg(code)
+                             .arg(day)
+                             .arg(type)
+                             .arg(finales)
+                             .arg(kind)
+                             .arg(order));
+    }
+    // The rows of the programme, "code:day:type:finals:kind:order", by code.
+    QStringList stored(const QString& num)
+    {
+        const Rows rows = app->db.load_rows(
+            QStringLiteral("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp "
+                           "where Num_compet = ") +
+            num + QStringLiteral(" order by Code_epreuve"));
+        QStringList out;
+        for (int r = 0; r < rows.size(); ++r) {
+            QStringList cells;
+            for (int c = 0; c < 6; ++c)
+                cells << rows.value(r, c);
+            out << cells.join(QLatin1Char(':'));
+        }
+        return out;
+    }
+    FrmProg* open(const QString& num)
+    {
+        return OuvrirProg(*app, QString(keyword::kModif), num, false, QStringLiteral("Programme compétition"), {});
+    }
+    int row_of(FrmProg& prog, int code)
+    {
+        return *find_row_index(prog.LsvNage(), QString::number(code), 0, false, false, 1);
+    }
+    bool ticked(FrmProg& prog, int code)
+    {
+        return prog.LsvNage().item(row_of(prog, code), 0)->checkState() == Qt::Checked;
+    }
+};
+
+}  // namespace
+
+TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
+{
+    const QString num = compet("20250315", "20250317");
+    line(num, 2, 1, 3, 2, "C", 5);
+    line(num, 12, 3, 1, 0, " ", 0);
+    FrmProg* prog = open(num);
+    ASSERT_NE(prog, nullptr);
+    EXPECT_EQ(prog->title(), "Programme compétition");
+    // A 50 m competition opened for the first time lists the 25 m-only events too.
+    EXPECT_EQ(prog->LsvNage().rowCount(), value("select count(*) from Nage").toInt());
+    EXPECT_FALSE(ticked(*prog, 0));
+    EXPECT_EQ(prog->longueur(), 50);
+    EXPECT_EQ(prog->CboDate().size(), 3);
+    EXPECT_EQ(prog->intJourneeMax(), 3);
+    EXPECT_TRUE(ticked(*prog, 2));
+    EXPECT_TRUE(ticked(*prog, 12));
+    EXPECT_FALSE(ticked(*prog, 1));
+    EXPECT_TRUE(prog->Chk_modele_visible());
+    EXPECT_FALSE(prog->Cmd_charger_visible());
+    EXPECT_FALSE(prog->journee_visible());
+
+    prog->select_event(row_of(*prog, 2));
+    EXPECT_EQ(prog->Optclass, 3);
+    EXPECT_EQ(prog->optNbFinales, 2);
+    EXPECT_EQ(prog->OptType, FrmProg::kCategories);
+    EXPECT_EQ(prog->txtordre, "5");
+    EXPECT_EQ(prog->cbo_index(), 0);
+    EXPECT_TRUE(prog->finales_enabled());
+    // A kind with finals proposes "Finale A" and "Toutes catégories"; "Temps" locks them.
+    prog->set_optclass(8);
+    EXPECT_EQ(prog->optNbFinales, 1);
+    EXPECT_EQ(prog->OptType, FrmProg::kToutesCategories);
+    prog->set_optclass(2);
+    prog->optNbFinales = 3;
+
+    // A newly ticked event: "Temps" on the first day, finals locked.
+    prog->set_checked(row_of(*prog, 1), true);
+    EXPECT_EQ(prog->selected_event(), row_of(*prog, 1));
+    EXPECT_EQ(prog->Optclass, 1);
+    EXPECT_FALSE(prog->finales_enabled());
+    EXPECT_TRUE(prog->cbo_enabled());
+    EXPECT_EQ(prog->cbo_index(), 0);
+    prog->set_cbo_index(2);
+    prog->txtordre = QStringLiteral("7");
+
+    // Unticked: the fields empty and lock; it leaves the programme.
+    prog->set_checked(row_of(*prog, 12), false);
+    EXPECT_EQ(prog->Optclass, 0);
+    EXPECT_TRUE(prog->txtordre.isEmpty());
+    EXPECT_FALSE(prog->cbo_enabled());
+    EXPECT_FALSE(prog->optclass_enabled());
+
+    // Nothing reaches the base before Ok.
+    EXPECT_EQ(stored(num), (QStringList{"2:1:3:2:C:5", "12:3:1:0: :0"}));
+    prog->cmd_ok();
+    EXPECT_TRUE(prog->is_closed());
+    EXPECT_EQ(stored(num), (QStringList{"1:3:1:0: :7", "2:1:2:3:T:5"}));
+    EXPECT_TRUE(ui.texts().isEmpty());
+}
+
+TEST_F(ProgBase, DetailListsUnorderedEventsFirstThenDayByDay)
+{
+    const QString num = compet("20250315", "20250316");
+    line(num, 3, 2, 1, 0, " ", 1);
+    line(num, 2, 1, 2, 1, "T", 4);
+    line(num, 1, 1, 4, 3, "C", 4);  // same day and order as 2: the code decides
+    line(num, 12, 1, 8, 2, "T", 0);
+    line(num, 13, 2, 6, 1, "C", 2);  // no text of its own for this kind
+    FrmProg* prog = open(num);
+    ASSERT_NE(prog, nullptr);
+    prog->Cmd_det_def();
+    EXPECT_FALSE(prog->definition_visible());
+    EXPECT_EQ(prog->Cmd_det_def_caption(), "&Déf");
+    QStringList lines;
+    for (int r = 0; r < prog->Lsv_prog().rowCount(); ++r)
+        lines << prog->Lsv_prog().item(r, 0)->text() + QLatin1Char('|') + prog->Lsv_prog().item(r, 1)->text();
+    EXPECT_EQ(lines, (QStringList{
+                         "100m dos Dames|0",
+                         "|",
+                         "15 mars 2025|",
+                         "50m n.l. Dames (1/4 finales, finale A - B - C, par catégories)|4",
+                         "100m n.l. Dames (1/2 finales, finale A, toutes catégories)|4",
+                         "|",
+                         "16 mars 2025|",
+                         "200m n.l. Dames (Classement au temps)|1",
+                         "200m dos Dames finale A, par catégories)|2",
+                     }));
+    EXPECT_EQ(value("select count(*) from Pcomp_tempo"), "0");
+    prog->Cmd_det_def();
+    EXPECT_TRUE(prog->definition_visible());
+    EXPECT_EQ(prog->Cmd_det_def_caption(), "&Détail");
+}
+
+TEST_F(ProgBase, OrderWarningLooksAtEventZeroOnlyAndNeverStopsTheSave)
+{
+    const QString num = compet("20250315", "20250316", 25);
+    line(num, 2, 1, 1, 0, " ", 9);
+    FrmProg* prog = open(num);
+    ASSERT_NE(prog, nullptr);
+    // No event of code 0: a lower order on day 2 passes in silence.
+    prog->select_event(row_of(*prog, 2));
+    prog->set_cbo_index(1);
+    prog->txtordre = QStringLiteral("1");
+    prog->select_event(row_of(*prog, 3));
+    EXPECT_TRUE(ui.texts().isEmpty());
+
+    // Event 0 on day 1 with order 10: an order of 10 or below on day 2 is warned of.
+    prog->set_checked(row_of(*prog, 0), true);
+    prog->txtordre = QStringLiteral("10");
+    prog->set_checked(row_of(*prog, 3), true);
+    prog->set_cbo_index(1);
+    prog->txtordre = QStringLiteral("10");
+    prog->select_event(row_of(*prog, 2));
+    EXPECT_EQ(ui.texts(), QStringList{kOrderWarning});
+    ui.clear();
+    prog->txtordre = QStringLiteral("11");
+    prog->cmd_ok();
+    EXPECT_TRUE(ui.texts().isEmpty());
+    EXPECT_EQ(stored(num), (QStringList{"0:1:1:0: :10", "2:2:1:0: :11", "3:2:1:0: :10"}));
+}
+
+TEST_F(ProgBase, DaysAreBroughtWithinTheCompetitionAndFailuresReported)
+{
+    const QString num = compet("20250315", "20250316");
+    line(num, 2, 4, 1, 0, " ", 3);
+    FrmProg* prog = open(num);
+    ASSERT_NE(prog, nullptr);
+    prog->select_event(row_of(*prog, 2));
+    EXPECT_EQ(prog->cbo_index(), 1);  // the last day shows
+    TabProg& tab = prog->tabProg();
+    EXPECT_EQ(tab[2].JourCourse, 4);
+    prog->SaveTabInTable(QStringLiteral("Pcomp"), num, false);
+    EXPECT_EQ(tab[2].JourCourse, 2);
+    EXPECT_EQ(stored(num), QStringList{"2:2:1:0: :3"});
+
+    EXPECT_FALSE(prog->SaveTabInTable(QStringLiteral("Pcomp_absente"), num, false));
+    EXPECT_EQ(ui.texts().value(0).section(QLatin1Char('\n'), -1),
+              "Une erreur s'est produite lors de l'enregistrement du programme.");
+    prog->cmd_annuler();
+    EXPECT_TRUE(prog->is_closed());
+    EXPECT_EQ(stored(num), QStringList{"2:2:1:0: :3"});
+
+    // No competition row: no days, a 50 m pool, and a ticked event is not stored.
+    ui.clear();
+    FrmProg* lost = open(QStringLiteral("999"));
+    ASSERT_NE(lost, nullptr);
+    EXPECT_TRUE(lost->CboDate().isEmpty());
+    EXPECT_EQ(lost->longueur(), 50);
+    lost->set_checked(row_of(*lost, 1), true);
+    lost->cmd_ok();
+    EXPECT_TRUE(stored(QStringLiteral("999")).isEmpty());
+}
+
+TEST_F(ProgBase, ModelLinesForA50mPoolDropThe25mEventsAndCodesBeyond99Fail)
+{
+    line(QStringLiteral("7"), 0, 1, 1, 0, " ", 1, "Pcomp_modele", "Num_modele");
+    line(QStringLiteral("7"), 1, 4, 2, 1, "T", 2, "Pcomp_modele", "Num_modele");
+    const LoadedProg all = ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 25));
+    EXPECT_EQ(all.tab[0].JourCourse, 1);
+    EXPECT_EQ(all.journee_max, 4);
+    const LoadedProg fifty = ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 50));
+    EXPECT_EQ(fifty.tab[0].JourCourse, 0);
+    EXPECT_EQ(fifty.tab[1], all.tab[1]);
+    line(QStringLiteral("7"), 100, 1, 1, 0, " ", 0, "Pcomp_modele", "Num_modele");
+    EXPECT_THROW(ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 25)), std::out_of_range);
+    EXPECT_EQ(LibelleJournee(1), "1ère journée");
+    EXPECT_EQ(LibelleJournee(2), "2ème journée");
+}
