@@ -179,19 +179,6 @@ private:
             w->setFocus();
     }
 
-    static void check_option(QButtonGroup* group, int id)
-    {
-        const QSignalBlocker block(group);
-        if (QAbstractButton* button = group->button(id)) {
-            button->setChecked(true);
-            return;
-        }
-        group->setExclusive(false);
-        for (QAbstractButton* button : group->buttons())
-            button->setChecked(false);
-        group->setExclusive(true);
-    }
-
     QLineEdit* text_field(int index)
     {
         auto* edit = new QLineEdit;
@@ -206,22 +193,14 @@ private:
     QHBoxLayout* date_fields(int base)
     {
         auto* row = new QHBoxLayout;
-        QLineEdit* parts[3];
+        const DateTriple triple = make_date_triple(QStringLiteral("txt_date_"), base, [this](int index, const QString& t) {
+            view_.txt_date[size_t(index)] = t;
+        });
         for (int k = 0; k < 3; ++k) {
-            const int index = base + k;
-            parts[k] = new QLineEdit;
-            parts[k]->setObjectName(QStringLiteral("txt_date_%1").arg(index));
-            parts[k]->setMaxLength(k == 2 ? 4 : 2);
-            parts[k]->setFixedWidth(parts[k]->fontMetrics().horizontalAdvance(QStringLiteral("0000")) *
-                                        (k == 2 ? 2 : 1) + 12);
-            parts[k]->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")),
-                                                                   parts[k]));
-            connect(parts[k], &QLineEdit::textChanged, this,
-                    [this, index](const QString& t) { view_.txt_date[size_t(index)] = t; });
-            dates_[index] = parts[k];
-            row->addWidget(parts[k]);
+            dates_[base + k] = triple.fields[size_t(k)];
+            row->addWidget(triple.fields[size_t(k)]);
         }
-        bindings_[base / 10] = bind_date_fields(parts[0], parts[1], parts[2]);
+        bindings_[base / 10] = triple.binding;
         auto* pick = new QPushButton(QStringLiteral("..."));
         pick->setObjectName(QStringLiteral("Cmd_Date_%1").arg(base));
         pick->setAutoDefault(false);

@@ -107,9 +107,9 @@ protected:
         prog_->setVisible(!definition);
         if (!definition)
             prog_->resizeColumnToContents(0);
-        check(classement_, view_.Optclass);
-        check(finales_, view_.optNbFinales);
-        check(categories_, view_.OptType);
+        check_option(classement_, view_.Optclass);
+        check_option(finales_, view_.optNbFinales);
+        check_option(categories_, view_.OptType);
         enable(classement_, view_.optclass_enabled());
         enable(finales_, view_.finales_enabled());
         enable(categories_, view_.finales_enabled());
@@ -173,19 +173,6 @@ private:
         edit->setMaxLength(length);
         edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
         return edit;
-    }
-
-    static void check(QButtonGroup* group, int id)
-    {
-        const QSignalBlocker block(group);
-        if (QAbstractButton* button = group->button(id)) {
-            button->setChecked(true);
-            return;
-        }
-        group->setExclusive(false);
-        for (QAbstractButton* button : group->buttons())
-            button->setChecked(false);
-        group->setExclusive(true);
     }
 
     static void enable(QButtonGroup* group, bool on)

@@ -3,6 +3,8 @@
 // selection, the row of command buttons, a field written without echo, and the
 // registration of a window class for its view.
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -80,6 +82,21 @@ inline void set_text(QLineEdit* edit, const QString& text)
         return;
     const QSignalBlocker block(edit);
     edit->setText(text);
+}
+
+// Ticks the option `id` of the group without telling anyone; an id the group
+// does not hold leaves every option unticked.
+inline void check_option(QButtonGroup* group, int id)
+{
+    const QSignalBlocker block(group);
+    if (QAbstractButton* button = group->button(id)) {
+        button->setChecked(true);
+        return;
+    }
+    group->setExclusive(false);
+    for (QAbstractButton* button : group->buttons())
+        button->setChecked(false);
+    group->setExclusive(true);
 }
 
 // Registers the window class W for the views of type V shown under `name`;

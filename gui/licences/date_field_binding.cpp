@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QRegularExpressionValidator>
 
 namespace plouvarine::gui {
 
@@ -64,6 +65,25 @@ void DateFieldBinding::check(LineEditField& changed)
 DateFieldBinding* bind_date_fields(QLineEdit* day, QLineEdit* month, QLineEdit* year)
 {
     return new DateFieldBinding(day, month, year);
+}
+
+DateTriple make_date_triple(const QString& prefix, int base, std::function<void(int, const QString&)> changed)
+{
+    DateTriple triple;
+    for (int k = 0; k < 3; ++k) {
+        const int index = base + k;
+        auto* edit = new QLineEdit;
+        edit->setObjectName(prefix + QString::number(index));
+        edit->setMaxLength(k == 2 ? 4 : 2);
+        // Wide enough for its digits, no more: the three read as one date.
+        edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000")) * (k == 2 ? 2 : 1) + 12);
+        edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+        QObject::connect(edit, &QLineEdit::textChanged, edit,
+                         [changed, index](const QString& text) { changed(index, text); });
+        triple.fields[size_t(k)] = edit;
+    }
+    triple.binding = bind_date_fields(triple.fields[0], triple.fields[1], triple.fields[2]);
+    return triple;
 }
 
 }  // namespace plouvarine::gui

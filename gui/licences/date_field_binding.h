@@ -9,6 +9,8 @@
 #include <QPointer>
 
 #include <QLineEdit>
+#include <array>
+#include <functional>
 
 namespace plouvarine::gui {
 
@@ -51,5 +53,14 @@ private:
 };
 
 DateFieldBinding* bind_date_fields(QLineEdit* day, QLineEdit* month, QLineEdit* year);
+
+// The three fields of a date as every detail window draws them: digits only,
+// two, two and four long, each just wide enough, named `prefix` + index (from
+// `base`), bound to the keyboard rules. `changed(index, text)` follows each field.
+struct DateTriple {
+    std::array<QLineEdit*, 3> fields{};
+    DateFieldBinding* binding = nullptr;
+};
+DateTriple make_date_triple(const QString& prefix, int base, std::function<void(int, const QString&)> changed);
 
 }  // namespace plouvarine::gui

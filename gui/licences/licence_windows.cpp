@@ -233,19 +233,6 @@ protected:
     }
 
 private:
-    static void check_option(QButtonGroup* group, int id)
-    {
-        const QSignalBlocker block(group);
-        if (QAbstractButton* button = group->button(id)) {
-            button->setChecked(true);
-            return;
-        }
-        group->setExclusive(false);
-        for (QAbstractButton* button : group->buttons())
-            button->setChecked(false);
-        group->setExclusive(true);
-    }
-
     QLineEdit* text_field(int index, bool digits = false, int max_length = 0)
     {
         auto* edit = new QLineEdit;
@@ -263,23 +250,14 @@ private:
     QHBoxLayout* date_fields(int base, int button)
     {
         auto* row = new QHBoxLayout;
-        QLineEdit* parts[3];
+        const DateTriple triple = make_date_triple(QStringLiteral("txt_description_"), base,
+                                                   [this](int index, const QString& t) {
+                                                       view_.txt_description[size_t(index)] = t;
+                                                   });
         for (int k = 0; k < 3; ++k) {
-            const int index = base + k;
-            parts[k] = new QLineEdit;
-            parts[k]->setObjectName(QStringLiteral("txt_description_%1").arg(index));
-            parts[k]->setMaxLength(k == 2 ? 4 : 2);
-            // Wide enough for its digits, no more: the three read as one date.
-            parts[k]->setFixedWidth(parts[k]->fontMetrics().horizontalAdvance(QStringLiteral("0000")) *
-                                        (k == 2 ? 2 : 1) + 12);
-            parts[k]->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")),
-                                                                   parts[k]));
-            connect(parts[k], &QLineEdit::textChanged, this,
-                    [this, index](const QString& t) { view_.txt_description[size_t(index)] = t; });
-            dates_[index] = parts[k];
-            row->addWidget(parts[k]);
+            dates_[base + k] = triple.fields[size_t(k)];
+            row->addWidget(triple.fields[size_t(k)]);
         }
-        bind_date_fields(parts[0], parts[1], parts[2]);
         auto* pick = new QPushButton(QStringLiteral("..."));
         pick->setObjectName(QStringLiteral("Cmd_Date_%1").arg(button));
         pick->setAutoDefault(false);
