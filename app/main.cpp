@@ -1,12 +1,11 @@
 // Plouvarine: builds the application and shows the main window.
 
-#include "clubs/club_hooks.h"
-#include "competitions/competition_hooks.h"
-#include "frame/app_context.h"
-#include "frame/main_window.h"
-#include "frame/qt_services.h"
-#include "frame/window_factory.h"
-#include "licences/season_maintenance.h"
+#include "src/frame/app_context.h"
+#include "gui/frame/main_window.h"
+#include "gui/frame/qt_services.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
+#include "src/subjects.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -28,9 +27,8 @@ int main(int argc, char** argv)
     plouvarine::gui::register_all_windows();
     plouvarine::gui::QtServices services([] { return QApplication::activeWindow(); });
     plouvarine::AppContext app(services, QApplication::applicationDirPath());
-    plouvarine::install_club_hooks(app);
-    plouvarine::install_licence_hooks(app);
-    plouvarine::install_competition_hooks(app);
+    plouvarine::install_subject_hooks(app);
+    plouvarine::install_subject_commands(app);
     plouvarine::gui::MainWindow window(app);
     services.on_status = [&window](int panel, const QString& text) { window.show_status(panel, text); };
     services.show_child = [&window](QWidget* child) { window.show_child(child); };

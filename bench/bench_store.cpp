@@ -3,12 +3,13 @@
 
 #include "large_base.h"
 
-#include "frame/app_context.h"
-#include "frame/base_commands.h"
-#include "licences/liste_licence.h"
-#include "store/access.h"
-#include "store/base_files.h"
-#include "store/save.h"
+#include "src/frame/app_context.h"
+#include "src/frame/base_commands.h"
+#include "src/licences/liste_licence.h"
+#include "src/frame/access.h"
+#include "src/frame/base_file_commands.h"
+#include "src/store/base_files.h"
+#include "src/store/save.h"
 
 #include <QDir>
 #include <QFile>
@@ -87,7 +88,7 @@ void BM_CreateSaveVsZip6(benchmark::State& state)
     const QString zip_target = workplace().dir.filePath(QStringLiteral("zip6.zip"));
     for (auto _ : state) {
         auto t0 = std::chrono::steady_clock::now();
-        create_save(a.app);
+        create_save(a.app.base_file());
         const double s = seconds_since(t0);
         save_s += s;
         state.SetIterationTime(s);

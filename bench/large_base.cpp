@@ -1,6 +1,6 @@
 #include "large_base.h"
 
-#include "store/database.h"
+#include "src/store/database.h"
 
 #include <QFile>
 #include <random>

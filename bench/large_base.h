@@ -2,8 +2,8 @@
 // A large base for the benchmarks, made from the model base: 100 clubs,
 // 20,000 licences, 300,000 performances and 50,000 results.
 
-#include "frame/services.h"
-#include "frame/view.h"
+#include "src/base/services.h"
+#include "src/frame/view.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 // The catalogue files run in the order of their names. The base is written under
 // a temporary name and renamed at the end, so a failed build leaves no model.
 
-#include "store/database.h"
+#include "src/store/database.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "regmodele.h"
 
-#include "entries/reports/rtf_writer.h"
+#include "src/reports/rtf_writer.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 // The component "regmodele": writes the default template of each report kind.
 
-#include "entries/reports/template_builder.h"
+#include "src/reports/template_builder.h"
 
 #include <QObject>
 

@@ -1,15 +1,15 @@
-#include "clubs/club_windows.h"
+#include "gui/clubs/club_windows.h"
 
-#include "frame/window_parts.h"
-#include "clubs/construc_code_club.h"
-#include "clubs/dem_info.h"
-#include "clubs/det_profil.h"
-#include "clubs/liste_club.h"
-#include "clubs/liste_pays.h"
-#include "clubs/liste_profil.h"
-#include "frame/keywords.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "gui/frame/window_parts.h"
+#include "src/clubs/construc_code_club.h"
+#include "src/clubs/dem_info.h"
+#include "src/clubs/det_profil.h"
+#include "src/clubs/liste_club.h"
+#include "src/clubs/liste_pays.h"
+#include "src/clubs/liste_profil.h"
+#include "src/frame/keywords.h"
+#include "gui/frame/view_window.h"
+#include "gui/frame/window_factory.h"
 
 #include <QButtonGroup>
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "clubs/mon_club_window.h"
+#include "gui/clubs/mon_club_window.h"
 
-#include "clubs/mon_club.h"
-#include "frame/window_parts.h"
+#include "src/clubs/mon_club.h"
+#include "gui/frame/window_parts.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "clubs/pool_windows.h"
+#include "gui/clubs/pool_windows.h"
 
-#include "clubs/pools.h"
-#include "frame/window_parts.h"
+#include "src/clubs/pools.h"
+#include "gui/frame/window_parts.h"
 
 #include <QComboBox>
 #include <QFormLayout>

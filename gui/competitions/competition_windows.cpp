@@ -1,11 +1,11 @@
-#include "competitions/competition_windows.h"
+#include "gui/competitions/competition_windows.h"
 
-#include "competitions/det_compet.h"
-#include "competitions/liste_compet.h"
-#include "competitions/prog_window.h"
-#include "frame/keywords.h"
-#include "frame/window_parts.h"
-#include "licences/date_field_binding.h"
+#include "src/competitions/det_compet.h"
+#include "src/competitions/liste_compet.h"
+#include "gui/competitions/prog_window.h"
+#include "src/frame/keywords.h"
+#include "gui/frame/window_parts.h"
+#include "gui/frame/date_field_binding.h"
 
 #include <QButtonGroup>
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "competitions/prog_window.h"
+#include "gui/competitions/prog_window.h"
 
-#include "competitions/frm_prog.h"
-#include "frame/window_parts.h"
+#include "src/competitions/frm_prog.h"
+#include "gui/frame/window_parts.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -1,18 +1,12 @@
-#include "frame/main_window.h"
+#include "gui/frame/main_window.h"
 
-#include "clubs/club_commands.h"
-#include "clubs/mon_club.h"
-#include "clubs/pools.h"
-#include "frame/app_context.h"
-#include "frame/base_commands.h"
-#include "competitions/utils_compet.h"
-#include "frame/commands.h"
-#include "frame/splash_window.h"
-#include "frame/upgrade_window.h"
-#include "frame/window_settings.h"
-#include "licences/utils_licences.h"
-#include "store/base_files.h"
-#include "store/software_update.h"
+#include "src/frame/base_commands.h"
+
+#include "src/frame/app_context.h"
+#include "src/frame/commands.h"
+#include "gui/frame/splash_window.h"
+#include "gui/frame/upgrade_window.h"
+#include "gui/frame/window_settings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -28,18 +22,6 @@
 #include <QTimer>
 
 namespace plouvarine::gui {
-
-namespace {
-
-// A list command: its keyword, title and OK caption come from the command table.
-template <typename Opener>
-void open_list(AppContext& app, const QString& command, Opener opener)
-{
-    if (const CommandTarget* target = find_command(command))
-        opener(app, target->keyword, target->title, target->ok_caption, QString(WindowRegistry::kMainWindow));
-}
-
-}  // namespace
 
 MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), app_(app)
 {
@@ -182,8 +164,12 @@ void MainWindow::trigger(const QString& command)
     if (!app_.menus.is_enabled(command))
         return;
     const auto it = commands_.constFind(command);
-    if (it != commands_.cend() && *it)
+    if (it != commands_.cend() && *it) {
         (*it)();
+        return;
+    }
+    if (const CommandTable::Run* run = app_.commands.find(command); run && *run)
+        (*run)(app_);
 }
 
 QAction* MainWindow::action(const QString& name) const
@@ -222,45 +208,11 @@ QString MainWindow::status_panel(int panel) const
 
 void MainWindow::plug_frame_commands()
 {
-    AppContext& app = app_;
-    set_command(QStringLiteral("mnuBaseNew"), [&app] { new_base_command(app); });
-    set_command(QStringLiteral("mnuBaseOpen"), [&app] { open_base_command(app); });
-    set_command(QStringLiteral("mnuBaseSave"), [&app] { save_command(app); });
-    set_command(QStringLiteral("mnuBaseAnnuler"), [&app] { cancel_command(app); });
-    set_command(QStringLiteral("mnuBaseClose"), [&app] { close_command(app); });
-    set_command(QStringLiteral("mnuBaseSuppr"), [&app] { delete_base_command(app); });
-    set_command(QStringLiteral("mnuBaseCompacter"), [&app] { compact_command(app); });
-    set_command(QStringLiteral("mnuBaseArchive"), [&app] { archive_command(app); });
+    // The commands of the main window itself; the others come from the
+    // application's command table, filled by the frame and the subjects.
     set_command(QStringLiteral("mnuExit"), [this] { quit(); });
     set_command(QStringLiteral("mnuHelpInfo"), [this] { SplashWindow(app_, this).exec(); });
     set_command(QStringLiteral("mnuMajBase"), [this] { UpgradeWindow(app_, this).exec(); });
-    set_command(QStringLiteral("mnuMajLogiciel"), [&app] { software_update_command(app); });
-    set_command(QStringLiteral("mnuModelePiscineNew"), [&app] { OuvreDetailPiscine(app, QStringLiteral("Nouveau")); });
-    for (const char* c : {"mnuModelePiscineView", "mnuModelePiscineModif", "mnuModelePiscineSuppr"})
-        set_command(QLatin1String(c), [&app, c] { open_list(app, QLatin1String(c), OuvreListePiscines); });
-    for (const char* c : {"mnuBaseClubNew", "mnuBaseClubListe", "mnuBaseClubModif", "mnuBaseClubSuppr",
-                          "mnuBaseProfilNew", "mnuBaseProfilList", "mnuBaseProfilModif", "mnuBaseProfilSuppr",
-                          "mnuBaseProfilInfo", "mnuBaseProfilChange"})
-        set_command(QLatin1String(c), [&app, c] { run_club_command(app, QLatin1String(c)); });
-    set_command(QStringLiteral("mnuBaseClubConfigInfo"), [&app] { OuvreMonClub(app); });
-    set_command(QStringLiteral("mnuLicNew"), [&app] { run_licence_command(app, QStringLiteral("mnuLicNew")); });
-    set_command(QStringLiteral("mnuLicListe"), [&app] { run_licence_command(app, QStringLiteral("mnuLicListe")); });
-    set_command(QStringLiteral("mnuLicModif"), [&app] { run_licence_command(app, QStringLiteral("mnuLicModif")); });
-    set_command(QStringLiteral("mnuLicSuppr"), [&app] { run_licence_command(app, QStringLiteral("mnuLicSuppr")); });
-    set_command(QStringLiteral("mnuLicPrint"), [&app] { run_licence_command(app, QStringLiteral("mnuLicPrint")); });
-    set_command(QStringLiteral("mnuBaseClubCotisationUnknown"),
-                [&app] { run_licence_command(app, QStringLiteral("mnuBaseClubCotisationUnknown")); });
-    set_command(QStringLiteral("mnuCompetNew"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetNew")); });
-    set_command(QStringLiteral("mnuCompetListe"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetListe")); });
-    set_command(QStringLiteral("mnuCompetModif"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetModif")); });
-    set_command(QStringLiteral("mnuCompetSuppr"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetSuppr")); });
-    set_command(QStringLiteral("mnuEngagProgramme"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagProgramme")); });
-    set_command(QStringLiteral("mnuEngagIndiv"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagIndiv")); });
-    set_command(QStringLiteral("mnuEngagRelais"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagRelais")); });
-    set_command(QStringLiteral("mnuEngagDisk"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagDisk")); });
-    set_command(QStringLiteral("mnuEngagConvoc"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagConvoc")); });
-    set_command(QStringLiteral("mnuEngagBordereau"), [&app] { run_competition_command(app, QStringLiteral("mnuEngagBordereau")); });
-    set_command(QStringLiteral("mnuCompetResult"), [&app] { run_competition_command(app, QStringLiteral("mnuCompetResult")); });
 }
 
 void MainWindow::quit()

@@ -5,7 +5,7 @@
 // plugged in for it. Commands with nothing plugged in stand in the menu and do
 // nothing.
 
-#include "frame/window_registry.h"
+#include "src/frame/window_registry.h"
 
 #include <QHash>
 #include <QMainWindow>

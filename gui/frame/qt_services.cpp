@@ -1,9 +1,9 @@
-#include "frame/qt_services.h"
+#include "gui/frame/qt_services.h"
 
-#include "frame/report_window.h"
-#include "frame/view.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "gui/frame/report_window.h"
+#include "src/frame/view.h"
+#include "gui/frame/view_window.h"
+#include "gui/frame/window_factory.h"
 
 #include <QApplication>
 #include <QFileDialog>

@@ -1,7 +1,7 @@
 #pragma once
 // The interaction services on real Qt dialogs, in French.
 
-#include "frame/services.h"
+#include "src/base/services.h"
 
 #include <functional>
 

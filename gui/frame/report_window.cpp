@@ -1,4 +1,4 @@
-#include "frame/report_window.h"
+#include "gui/frame/report_window.h"
 
 #include <QPushButton>
 #include <QTextEdit>

@@ -2,7 +2,7 @@
 // frm_update: the report of an upgrade, its lines in order, errors in red, with
 // its one close button.
 
-#include "frame/services.h"
+#include "src/base/services.h"
 
 #include <QDialog>
 

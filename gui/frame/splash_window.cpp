@@ -1,4 +1,4 @@
-#include "frame/splash_window.h"
+#include "gui/frame/splash_window.h"
 
 #include <QFormLayout>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 #pragma once
 // frmSplash: the information window, drawn from SplashView.
 
-#include "frame/splash_view.h"
+#include "src/frame/splash_view.h"
 
 #include <QDialog>
 

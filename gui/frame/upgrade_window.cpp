@@ -1,4 +1,4 @@
-#include "frame/upgrade_window.h"
+#include "gui/frame/upgrade_window.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 // frm_upgrade_base: the base upgrade window, drawn from UpgradeView.
 
-#include "store/upgrade_view.h"
+#include "src/frame/upgrade_view.h"
 
 #include <QDialog>
 

@@ -1,4 +1,4 @@
-#include "frame/view_window.h"
+#include "gui/frame/view_window.h"
 
 #include <QCloseEvent>
 

@@ -4,7 +4,7 @@
 // view's changes through refresh(). Shown modally by exec(), or as a child
 // window of the main window.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QDialog>
 

@@ -22,7 +22,4 @@ void register_window(const QString& name, WindowMaker maker);
 // The window for `view`, or null when none is registered under its name.
 ViewWindow* make_window(View& view, QWidget* parent);
 
-// Registers the windows of every subject; the program and the window tests call it once.
-void register_all_windows();
-
 }  // namespace plouvarine::gui

@@ -16,8 +16,8 @@
 #include <QTreeView>
 #include <functional>
 
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "gui/frame/view_window.h"
+#include "gui/frame/window_factory.h"
 
 namespace plouvarine::gui {
 

@@ -1,4 +1,4 @@
-#include "frame/window_settings.h"
+#include "gui/frame/window_settings.h"
 
 #include <QSettings>
 #include <cmath>

@@ -1,13 +1,13 @@
-#include "licences/licence_windows.h"
+#include "gui/licences/licence_windows.h"
 
-#include "frame/window_parts.h"
-#include "frame/keywords.h"
-#include "frame/main_window.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
-#include "licences/date_field_binding.h"
-#include "licences/det_licence.h"
-#include "licences/liste_licence.h"
+#include "gui/frame/window_parts.h"
+#include "src/frame/keywords.h"
+#include "gui/frame/main_window.h"
+#include "gui/frame/view_window.h"
+#include "gui/frame/window_factory.h"
+#include "gui/frame/date_field_binding.h"
+#include "src/licences/det_licence.h"
+#include "src/licences/liste_licence.h"
 
 #include <QApplication>
 #include <QButtonGroup>

@@ -1,9 +1,11 @@
-#include "clubs/club_commands.h"
+#include "src/clubs/club_commands.h"
 
-#include "clubs/utils_club.h"
-#include "clubs/utils_profils.h"
-#include "frame/app_context.h"
-#include "frame/commands.h"
+#include "src/clubs/mon_club.h"
+#include "src/clubs/pools.h"
+#include "src/clubs/utils_club.h"
+#include "src/clubs/utils_profils.h"
+#include "src/frame/app_context.h"
+#include "src/frame/commands.h"
 
 namespace plouvarine {
 
@@ -27,6 +29,27 @@ bool run_club_command(AppContext& app, const QString& command)
         msg_erreur(app.ui, QString(), &e);
     }
     return true;
+}
+
+void install_club_commands(AppContext& app)
+{
+    for (const char* c : {"mnuBaseClubNew", "mnuBaseClubListe", "mnuBaseClubModif", "mnuBaseClubSuppr",
+                          "mnuBaseProfilNew", "mnuBaseProfilList", "mnuBaseProfilModif", "mnuBaseProfilSuppr",
+                          "mnuBaseProfilInfo", "mnuBaseProfilChange"}) {
+        const QString name = QLatin1String(c);
+        app.commands.add(name, [name](AppContext& a) { run_club_command(a, name); });
+    }
+    app.commands.add(QStringLiteral("mnuBaseClubConfigInfo"), [](AppContext& a) { OuvreMonClub(a); });
+    app.commands.add(QStringLiteral("mnuModelePiscineNew"),
+                     [](AppContext& a) { OuvreDetailPiscine(a, QStringLiteral("Nouveau")); });
+    for (const char* c : {"mnuModelePiscineView", "mnuModelePiscineModif", "mnuModelePiscineSuppr"}) {
+        const QString name = QLatin1String(c);
+        app.commands.add(name, [name](AppContext& a) {
+            if (const CommandTarget* target = find_command(name))
+                OuvreListePiscines(a, target->keyword, target->title, target->ok_caption,
+                                   QString(WindowRegistry::kMainWindow));
+        });
+    }
 }
 
 }  // namespace plouvarine

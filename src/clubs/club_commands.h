@@ -12,4 +12,8 @@ class AppContext;
 // mnuBaseClubSuppr and the mnuBaseProfil commands. False for another command.
 bool run_club_command(AppContext& app, const QString& command);
 
+// Registers the commands of the Base menu's clubs, profiles and own club, and
+// of the pools, in the application's command table.
+void install_club_commands(AppContext& app);
+
 }  // namespace plouvarine

@@ -1,10 +1,10 @@
-#include "clubs/club_hooks.h"
+#include "src/clubs/club_hooks.h"
 
-#include "clubs/dem_info.h"
-#include "clubs/utils_club.h"
-#include "clubs/utils_profils.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
+#include "src/clubs/dem_info.h"
+#include "src/clubs/utils_club.h"
+#include "src/clubs/utils_profils.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
 
 namespace plouvarine {
 

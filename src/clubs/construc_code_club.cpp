@@ -1,8 +1,8 @@
-#include "clubs/construc_code_club.h"
+#include "src/clubs/construc_code_club.h"
 
-#include "clubs/utils_club.h"
-#include "frame/app_context.h"
-#include "frame/text.h"
+#include "src/clubs/utils_club.h"
+#include "src/frame/app_context.h"
+#include "src/base/text.h"
 
 namespace plouvarine {
 

@@ -2,7 +2,7 @@
 // construc_code_club: composes a club code from the kind of club and the
 // country, inter-region, region and department chosen by name.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QStringList>
 #include <array>

@@ -3,7 +3,7 @@
 // ("Modif", "View"). dem_info_obli is its forced form at the first start: the
 // base must hold a club before anything else runs.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 namespace plouvarine {
 

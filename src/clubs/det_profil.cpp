@@ -1,12 +1,12 @@
-#include "clubs/det_profil.h"
+#include "src/clubs/det_profil.h"
 
-#include "clubs/liste_club.h"
-#include "clubs/liste_profil.h"
-#include "clubs/utils_profils.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
+#include "src/clubs/liste_club.h"
+#include "src/clubs/liste_profil.h"
+#include "src/clubs/utils_profils.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
 
 #include <QStandardItemModel>
 

@@ -2,7 +2,7 @@
 // det_profil: a profile's name and bound club ("Nouveau", "Modif", "View").
 // det_profil_obli: the first profile of a base, which can't be left without one.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 class QStandardItemModel;
 

@@ -1,11 +1,11 @@
-#include "clubs/liste_club.h"
+#include "src/clubs/liste_club.h"
 
-#include "clubs/dem_info.h"
-#include "clubs/utils_club.h"
-#include "clubs/utils_profils.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
+#include "src/clubs/dem_info.h"
+#include "src/clubs/utils_club.h"
+#include "src/clubs/utils_profils.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
 
 namespace plouvarine {
 

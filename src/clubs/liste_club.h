@@ -4,8 +4,8 @@
 // clubs, "Choisir" and "liste club pour profil" give a club back to the caller.
 // Frm_liste_club_obli: the club choice of the first profile.
 
-#include "frame/menu_state.h"
-#include "frame/view.h"
+#include "src/frame/menu_state.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

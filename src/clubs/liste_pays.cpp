@@ -1,7 +1,7 @@
-#include "clubs/liste_pays.h"
+#include "src/clubs/liste_pays.h"
 
-#include "frame/app_context.h"
-#include "frame/list_helpers.h"
+#include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 namespace plouvarine {
 

@@ -1,7 +1,7 @@
 #pragma once
 // frm_liste_pays: the countries by name; in "Choisir" it gives one name back.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

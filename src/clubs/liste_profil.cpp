@@ -1,10 +1,10 @@
-#include "clubs/liste_profil.h"
+#include "src/clubs/liste_profil.h"
 
-#include "clubs/det_profil.h"
-#include "clubs/utils_profils.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
+#include "src/clubs/det_profil.h"
+#include "src/clubs/utils_profils.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
 
 namespace plouvarine {
 

@@ -4,8 +4,8 @@
 // "Choisir" makes a profile current. Frm_liste_profil_obli: the forced choice
 // when no profile is in use.
 
-#include "frame/menu_state.h"
-#include "frame/view.h"
+#include "src/frame/menu_state.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

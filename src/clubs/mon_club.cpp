@@ -1,10 +1,10 @@
-#include "clubs/mon_club.h"
+#include "src/clubs/mon_club.h"
 
-#include "clubs/utils_club.h"
-#include "frame/app_context.h"
-#include "frame/text.h"
-#include "licences/licence_fees.h"
-#include "store/collation.h"
+#include "src/clubs/utils_club.h"
+#include "src/frame/app_context.h"
+#include "src/base/text.h"
+#include "src/clubs/licence_fees.h"
+#include "src/store/collation.h"
 
 #include <QStandardItem>
 

@@ -5,7 +5,7 @@
 // when all went in do the marked rows go; otherwise the new rows go and the
 // old ones get their mark back.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QMap>
 #include <QStandardItemModel>

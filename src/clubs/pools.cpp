@@ -1,9 +1,9 @@
-#include "clubs/pools.h"
+#include "src/clubs/pools.h"
 
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
 
 #include <QStandardItem>
 

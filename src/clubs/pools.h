@@ -3,7 +3,7 @@
 // A competition always names a pool; the row named "Null", the reference
 // pool, stands for none and never shows in the list.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QStandardItemModel>
 #include <QString>

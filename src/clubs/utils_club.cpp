@@ -1,11 +1,11 @@
-#include "clubs/utils_club.h"
+#include "src/clubs/utils_club.h"
 
-#include "clubs/construc_code_club.h"
-#include "clubs/dem_info.h"
-#include "clubs/liste_club.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/text.h"
+#include "src/clubs/construc_code_club.h"
+#include "src/clubs/dem_info.h"
+#include "src/clubs/liste_club.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/base/text.h"
 
 namespace plouvarine {
 

@@ -1,10 +1,10 @@
-#include "clubs/utils_profils.h"
+#include "src/clubs/utils_profils.h"
 
-#include "clubs/det_profil.h"
-#include "clubs/liste_profil.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/text.h"
+#include "src/clubs/det_profil.h"
+#include "src/clubs/liste_profil.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/base/text.h"
 
 namespace plouvarine {
 

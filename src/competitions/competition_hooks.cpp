@@ -1,7 +1,7 @@
-#include "competitions/competition_hooks.h"
+#include "src/competitions/competition_hooks.h"
 
-#include "competitions/utils_compet.h"
-#include "frame/app_context.h"
+#include "src/competitions/utils_compet.h"
+#include "src/frame/app_context.h"
 
 namespace plouvarine {
 

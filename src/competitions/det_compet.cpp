@@ -1,12 +1,13 @@
-#include "competitions/det_compet.h"
+#include "src/competitions/det_compet.h"
 
-#include "clubs/pools.h"
-#include "competitions/liste_compet.h"
-#include "competitions/utils_compet.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/text.h"
-#include "licences/utils_date.h"
+#include "src/clubs/pools.h"
+#include "src/competitions/liste_compet.h"
+#include "src/competitions/utils_compet.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/base/text.h"
+#include "src/base/utils_date.h"
+#include "src/frame/choose_date_view.h"
 
 namespace plouvarine {
 

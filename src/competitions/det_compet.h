@@ -4,7 +4,7 @@
 // four codifications. An interclubs ("I") is always 25 m and "A" at every
 // level: choosing that type sets and locks those options.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QStringList>
 #include <array>

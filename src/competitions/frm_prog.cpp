@@ -1,9 +1,9 @@
-#include "competitions/frm_prog.h"
+#include "src/competitions/frm_prog.h"
 
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "licences/utils_date.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/utils_date.h"
 
 namespace plouvarine {
 

@@ -5,8 +5,8 @@
 // event code, and writes it back whole on "Ok"; until then nothing reaches
 // the base. "&Détail" shows the programme as it will stand, day by day.
 
-#include "competitions/utils_programme.h"
-#include "frame/view.h"
+#include "src/competitions/utils_programme.h"
+#include "src/frame/view.h"
 
 #include <QDate>
 #include <QItemSelectionModel>

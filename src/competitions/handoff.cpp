@@ -1,9 +1,9 @@
-#include "competitions/handoff.h"
+#include "src/competitions/handoff.h"
 
-#include "competitions/liste_compet.h"
-#include "competitions/utils_programme.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
+#include "src/competitions/liste_compet.h"
+#include "src/competitions/utils_programme.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
 
 namespace plouvarine {
 

@@ -1,12 +1,12 @@
-#include "competitions/liste_compet.h"
+#include "src/competitions/liste_compet.h"
 
-#include "competitions/handoff.h"
-#include "competitions/utils_compet.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
-#include "licences/utils_date.h"
+#include "src/competitions/handoff.h"
+#include "src/competitions/utils_compet.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
+#include "src/base/utils_date.h"
 
 #include <algorithm>
 

@@ -9,8 +9,8 @@
 // Deletion hides rows at once (Visible false), noting them in Rcomp_tempo so
 // that "&Annuler" can show them again; "&Ok" makes the hiding stand.
 
-#include "frame/menu_state.h"
-#include "frame/view.h"
+#include "src/frame/menu_state.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

@@ -1,12 +1,12 @@
-#include "competitions/utils_compet.h"
+#include "src/competitions/utils_compet.h"
 
-#include "clubs/pools.h"
-#include "competitions/det_compet.h"
-#include "competitions/liste_compet.h"
-#include "frame/app_context.h"
-#include "frame/commands.h"
-#include "frame/keywords.h"
-#include "frame/text.h"
+#include "src/clubs/pools.h"
+#include "src/competitions/det_compet.h"
+#include "src/competitions/liste_compet.h"
+#include "src/frame/app_context.h"
+#include "src/frame/commands.h"
+#include "src/frame/keywords.h"
+#include "src/base/text.h"
 
 namespace plouvarine {
 
@@ -176,6 +176,16 @@ bool run_competition_command(AppContext& app, const QString& command)
         msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite."), &e);
     }
     return true;
+}
+
+void install_competition_commands(AppContext& app)
+{
+    for (const char* c : {"mnuCompetNew", "mnuCompetListe", "mnuCompetModif", "mnuCompetSuppr", "mnuEngagProgramme",
+                          "mnuEngagIndiv", "mnuEngagRelais", "mnuEngagDisk", "mnuEngagConvoc", "mnuEngagBordereau",
+                          "mnuCompetResult"}) {
+        const QString name = QLatin1String(c);
+        app.commands.add(name, [name](AppContext& a) { run_competition_command(a, name); });
+    }
 }
 
 }  // namespace plouvarine

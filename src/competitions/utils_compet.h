@@ -68,5 +68,7 @@ FrmListeCompet* OuvrirListeCompet(AppContext& app, const QString& mode, const QS
 // mnuCompetModif, mnuCompetSuppr and the list commands of the entries, the
 // programme and the results import. False for another command.
 bool run_competition_command(AppContext& app, const QString& command);
+// Registers the Compétitions and Engagements menus in the command table.
+void install_competition_commands(AppContext& app);
 
 }  // namespace plouvarine

@@ -1,8 +1,8 @@
-#include "competitions/utils_programme.h"
+#include "src/competitions/utils_programme.h"
 
-#include "competitions/frm_prog.h"
-#include "frame/app_context.h"
-#include "frame/menu_state.h"
+#include "src/competitions/frm_prog.h"
+#include "src/frame/app_context.h"
+#include "src/frame/menu_state.h"
 
 #include <QStandardItemModel>
 #include <stdexcept>

@@ -1,12 +1,14 @@
-#include "frame/app_context.h"
+#include "src/frame/app_context.h"
 
-#include "frame/files.h"
+#include "src/base/files.h"
+#include "src/frame/base_commands.h"
 
 namespace plouvarine {
 
 AppContext::AppContext(Services& ui_, QString app_dir) : ui(ui_), app_dir_(std::move(app_dir))
 {
     db.set_services(&ui);
+    install_base_commands(*this);
 }
 
 QString AppContext::app_file(const QString& name) const

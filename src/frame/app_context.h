@@ -2,12 +2,14 @@
 // The application: one object that the frame owns and every operation is given.
 // It holds the state, the one connection, the person's services and the clock.
 
-#include "frame/app_state.h"
-#include "frame/clock.h"
-#include "frame/menu_state.h"
-#include "frame/services.h"
-#include "frame/window_registry.h"
-#include "store/database.h"
+#include "src/frame/app_state.h"
+#include "src/frame/clock.h"
+#include "src/frame/command_table.h"
+#include "src/frame/menu_state.h"
+#include "src/base/services.h"
+#include "src/frame/window_registry.h"
+#include "src/store/database.h"
+#include "src/store/save.h"
 
 #include <QString>
 #include <functional>
@@ -45,12 +47,16 @@ public:
     MenuState menus;
     // The open windows, one instance each, with their callers and locks.
     WindowRegistry windows{*this};
+    // The menu commands that the frame and each subject register.
+    CommandTable commands;
 
     // The application folder: the folder of the executable.
     const QString& app_dir() const { return app_dir_; }
     QString app_file(const QString& name) const;
     // The work folder "tempo" of the application folder.
     QString tempo_dir() const;
+    // The base in use as the store's save and restore see it.
+    BaseFile base_file() { return {db, ui, state.base_path, tempo_dir()}; }
 
     // Sets the menus for a base open or closed (menus.enable_menus), then tells
     // on_enable_menus.

@@ -1,13 +1,16 @@
-#include "frame/base_commands.h"
+#include "src/frame/base_commands.h"
 
-#include "frame/app_context.h"
-#include "frame/errors.h"
-#include "frame/text.h"
-#include "store/access.h"
-#include "store/base_files.h"
-#include "store/save.h"
-#include "store/sentinels.h"
-#include "store/upgrade.h"
+#include "src/frame/base_file_commands.h"
+#include "src/frame/software_update.h"
+
+#include "src/frame/app_context.h"
+#include "src/base/errors.h"
+#include "src/base/text.h"
+#include "src/frame/access.h"
+#include "src/store/base_files.h"
+#include "src/store/save.h"
+#include "src/store/sentinels.h"
+#include "src/frame/upgrade.h"
 
 #include <QFileInfo>
 
@@ -39,8 +42,8 @@ void startup_controls(AppContext& app)
     status_text(app.ui, QStringLiteral("Lecture profil"));
     run_hook(app, app.hooks.read_profile);
     status_text(app.ui, QStringLiteral("Contrôle Nageur et Piscine"));
-    app.state.num_lic_nulle = check_licence_nulle(app);
-    check_piscine_reference(app);
+    app.state.num_lic_nulle = check_licence_nulle(app.db, app.ui, app.state.club_code);
+    check_piscine_reference(app.db, app.ui);
     status_text(app.ui, QString());
 }
 
@@ -73,13 +76,13 @@ void new_base_command(AppContext& app)
     try {
         status_text(app.ui, QStringLiteral("Création de la Base"));
         app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
-        if (!copy_model(app, app.state.base_path)) {
+        if (!copy_model(app.ui, app.state.model_path, app.state.base_path)) {
             status_text(app.ui, QString());
             return;
         }
         if (connect_base(app)) {
             startup_controls(app);
-            create_save(app);
+            create_save(app.base_file());
             status_text(app.ui, QString());
         } else {
             msg_erreur_base(app.ui, QStringLiteral("\nSuppression de la nouvelle base."));
@@ -146,7 +149,7 @@ void open_base_command(AppContext& app)
     run_hook(app, app.hooks.licences_maintenance);
     if (!restored) {
         status_text(app.ui, QStringLiteral("Création sauvegarde"));
-        create_save(app);
+        create_save(app.base_file());
     }
     finish();
 }
@@ -155,8 +158,8 @@ void save_command(AppContext& app)
 {
     status_text(app.ui, QStringLiteral("Création sauvegarde"));
     try {
-        clear_tempo_tables(app);
-        create_save(app);
+        clear_tempo_tables(app.db);
+        create_save(app.base_file());
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QStringLiteral("La création de la sauvegarde a échoué."), &e);
     }
@@ -180,8 +183,8 @@ void close_command(AppContext& app)
     if (msg_confirm(app.ui, kLoseUnsaved, kDefaultNo) == Button::Yes) {
         app.enable_menus(false);
         close_base(app);
-        restore_save(app);
-        delete_save(app);
+        restore_save(app.base_file());
+        delete_save(app.state.base_path);
         app.state.base_path.clear();
     }
     release_monitor(app);
@@ -201,7 +204,7 @@ QuitOutcome quit_command(AppContext& app)
     close_base(app);
     status_text(app.ui, QStringLiteral("Restauration de la dernière sauvegarde"));
     status_text(app.ui, QStringLiteral("Suppression de la sauvegarde"));
-    delete_save(app);
+    delete_save(app.state.base_path);
     status_text(app.ui, QString());
     return QuitOutcome::Quit;
 }
@@ -212,12 +215,12 @@ bool query_close(AppContext& app)
         return false;
     if (app.db.is_open()) {
         if (msg_confirm(app.ui, QStringLiteral("Sauvegarder les données ?"), kDefaultNo) == Button::Yes) {
-            clear_tempo_tables(app);
+            clear_tempo_tables(app.db);
         } else {
             close_base(app);
-            restore_save(app);
+            restore_save(app.base_file());
         }
-        delete_save(app);
+        delete_save(app.state.base_path);
     }
     release_monitor(app);
     return true;
@@ -226,6 +229,19 @@ bool query_close(AppContext& app)
 void unload_main(AppContext& app)
 {
     close_base(app);
+}
+
+void install_base_commands(AppContext& app)
+{
+    app.commands.add(QStringLiteral("mnuBaseNew"), new_base_command);
+    app.commands.add(QStringLiteral("mnuBaseOpen"), open_base_command);
+    app.commands.add(QStringLiteral("mnuBaseSave"), save_command);
+    app.commands.add(QStringLiteral("mnuBaseAnnuler"), cancel_command);
+    app.commands.add(QStringLiteral("mnuBaseClose"), close_command);
+    app.commands.add(QStringLiteral("mnuBaseSuppr"), delete_base_command);
+    app.commands.add(QStringLiteral("mnuBaseCompacter"), compact_command);
+    app.commands.add(QStringLiteral("mnuBaseArchive"), archive_command);
+    app.commands.add(QStringLiteral("mnuMajLogiciel"), software_update_command);
 }
 
 }  // namespace plouvarine

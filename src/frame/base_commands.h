@@ -28,4 +28,8 @@ bool query_close(AppContext& app);
 // The main window's unload: the base is closed in good order.
 void unload_main(AppContext& app);
 
+// Registers the Base menu's commands on files and the software update in the
+// application's command table.
+void install_base_commands(AppContext& app);
+
 }  // namespace plouvarine

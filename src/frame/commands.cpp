@@ -1,6 +1,6 @@
-#include "frame/commands.h"
+#include "src/frame/commands.h"
 
-#include "frame/keywords.h"
+#include "src/frame/keywords.h"
 
 namespace plouvarine {
 

@@ -1,7 +1,7 @@
-#include "frame/components.h"
+#include "src/frame/components.h"
 
-#include "frame/app_context.h"
-#include "frame/files.h"
+#include "src/frame/app_context.h"
+#include "src/base/files.h"
 
 #include <QFileInfo>
 #include <QJsonObject>

@@ -1,6 +1,6 @@
-#include "frame/list_helpers.h"
+#include "src/frame/list_helpers.h"
 
-#include "store/database.h"
+#include "src/store/database.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

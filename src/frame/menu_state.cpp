@@ -1,4 +1,4 @@
-#include "frame/menu_state.h"
+#include "src/frame/menu_state.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,8 +1,8 @@
-#include "frame/splash_view.h"
+#include "src/frame/splash_view.h"
 
-#include "frame/app_context.h"
-#include "frame/app_state.h"
-#include "frame/text.h"
+#include "src/frame/app_context.h"
+#include "src/frame/app_state.h"
+#include "src/base/text.h"
 
 #include <QList>
 #include <QStandardItem>

@@ -3,7 +3,7 @@
 // components with their versions, the version of the application, and the
 // base version that is needed beside the version of the base in use.
 
-#include "frame/components.h"
+#include "src/frame/components.h"
 
 #include <QStandardItemModel>
 #include <QString>

@@ -1,6 +1,6 @@
-#include "frame/view.h"
+#include "src/frame/view.h"
 
-#include "frame/app_context.h"
+#include "src/frame/app_context.h"
 
 namespace plouvarine {
 

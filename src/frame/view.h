@@ -7,7 +7,7 @@
 // ends it with close(). While registered, the window counts in busy_count and
 // holds its menu locks; close() and the destructor give them back once.
 
-#include "frame/window_registry.h"
+#include "src/frame/window_registry.h"
 
 #include <QString>
 #include <functional>

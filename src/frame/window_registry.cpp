@@ -1,6 +1,6 @@
-#include "frame/window_registry.h"
+#include "src/frame/window_registry.h"
 
-#include "frame/app_context.h"
+#include "src/frame/app_context.h"
 
 #include <algorithm>
 #include <utility>

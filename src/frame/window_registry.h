@@ -7,7 +7,7 @@
 // window took is given back exactly once. The main window draws the windows
 // and brings one to the front when asked.
 
-#include "frame/menu_state.h"
+#include "src/frame/menu_state.h"
 
 #include <QString>
 #include <QStringList>

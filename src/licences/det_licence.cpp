@@ -1,15 +1,16 @@
-#include "licences/det_licence.h"
+#include "src/licences/det_licence.h"
 
-#include "clubs/liste_club.h"
-#include "clubs/liste_pays.h"
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
-#include "licences/liste_licence.h"
-#include "licences/season_maintenance.h"
-#include "licences/utils_date.h"
-#include "licences/utils_licences.h"
+#include "src/clubs/liste_club.h"
+#include "src/clubs/liste_pays.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
+#include "src/licences/liste_licence.h"
+#include "src/licences/season_maintenance.h"
+#include "src/base/utils_date.h"
+#include "src/frame/choose_date_view.h"
+#include "src/licences/utils_licences.h"
 
 namespace plouvarine {
 

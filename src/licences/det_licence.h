@@ -8,7 +8,7 @@
 // selection. A selection has no activities and fees of its own, so the two
 // last tabs stay empty and disabled there.
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>

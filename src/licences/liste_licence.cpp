@@ -1,16 +1,16 @@
-#include "licences/liste_licence.h"
+#include "src/licences/liste_licence.h"
 
-#include "entries/reports/rich_text.h"
-#include "entries/reports/template_builder.h"
-#include "entries/reports/templates.h"
+#include "src/reports/rich_text.h"
+#include "src/reports/template_builder.h"
+#include "src/reports/templates.h"
 
-#include "frame/app_context.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
-#include "licences/season_maintenance.h"
-#include "licences/utils_date.h"
-#include "licences/utils_licences.h"
+#include "src/frame/app_context.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
+#include "src/licences/season_maintenance.h"
+#include "src/base/utils_date.h"
+#include "src/licences/utils_licences.h"
 
 #include <QTextCursor>
 #include <QTextDocument>

@@ -9,8 +9,8 @@
 // Licence_tempo, or selection rows with Suppr), so that the undo can bring them
 // all back while the view stays open; the confirmation finishes the deletion.
 
-#include "frame/menu_state.h"
-#include "frame/view.h"
+#include "src/frame/menu_state.h"
+#include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QMap>

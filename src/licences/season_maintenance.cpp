@@ -1,9 +1,9 @@
-#include "licences/season_maintenance.h"
+#include "src/licences/season_maintenance.h"
 
-#include "entries/utils_engag.h"
-#include "frame/app_context.h"
-#include "frame/text.h"
-#include "licences/utils_date.h"
+#include "src/licences/removed_swimmers.h"
+#include "src/frame/app_context.h"
+#include "src/base/text.h"
+#include "src/base/utils_date.h"
 
 namespace plouvarine {
 

@@ -1,12 +1,12 @@
-#include "licences/utils_licences.h"
+#include "src/licences/utils_licences.h"
 
-#include "clubs/mon_club.h"
-#include "frame/app_context.h"
-#include "frame/commands.h"
-#include "frame/keywords.h"
-#include "frame/text.h"
-#include "licences/det_licence.h"
-#include "licences/liste_licence.h"
+#include "src/clubs/mon_club.h"
+#include "src/frame/app_context.h"
+#include "src/frame/commands.h"
+#include "src/frame/keywords.h"
+#include "src/base/text.h"
+#include "src/licences/det_licence.h"
+#include "src/licences/liste_licence.h"
 
 namespace plouvarine {
 
@@ -151,6 +151,15 @@ bool run_licence_command(AppContext& app, const QString& command)
         msg_erreur(app.ui, QString(), &e);
     }
     return true;
+}
+
+void install_licence_commands(AppContext& app)
+{
+    for (const char* c : {"mnuLicNew", "mnuLicListe", "mnuLicModif", "mnuLicSuppr", "mnuLicPrint",
+                          "mnuBaseClubCotisationUnknown"}) {
+        const QString name = QLatin1String(c);
+        app.commands.add(name, [name](AppContext& a) { run_licence_command(a, name); });
+    }
 }
 
 }  // namespace plouvarine

@@ -70,5 +70,7 @@ void OuvreListeLicences(AppContext& app, const QString& mode, const QString& tit
 // mnuLicModif, mnuLicSuppr, mnuLicPrint, mnuBaseClubCotisationUnknown.
 // False for another command.
 bool run_licence_command(AppContext& app, const QString& command);
+// Registers the Licences menu and "Licences sans cotisation" in the command table.
+void install_licence_commands(AppContext& app);
 
 }  // namespace plouvarine

@@ -1,4 +1,4 @@
-#include "store/collation.h"
+#include "src/store/collation.h"
 
 #include <sqlite3.h>
 

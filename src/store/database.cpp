@@ -1,9 +1,9 @@
-#include "store/database.h"
+#include "src/store/database.h"
 
-#include "frame/errors.h"
-#include "frame/services.h"
-#include "store/collation.h"
-#include "store/dialect.h"
+#include "src/base/errors.h"
+#include "src/base/services.h"
+#include "src/store/collation.h"
+#include "src/store/dialect.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -11,7 +11,7 @@
 // three characters) holds an advisory lock, so that another process can tell a
 // live base from what a crash left behind.
 
-#include "store/rows.h"
+#include "src/store/rows.h"
 
 #include <QString>
 #include <QVariant>

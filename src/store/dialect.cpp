@@ -1,4 +1,4 @@
-#include "store/dialect.h"
+#include "src/store/dialect.h"
 
 #include <QHash>
 #include <QRegularExpression>

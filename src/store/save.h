@@ -7,26 +7,30 @@
 
 namespace plouvarine {
 
-class AppContext;
+class Database;
+class Services;
+
+// The base file that the save, restore and archive work on: the one
+// connection, the person to report to, the file and the work folder "tempo".
+struct BaseFile {
+    Database& db;
+    Services& ui;
+    QString path;
+    QString tempo_dir;
+};
 
 QString save_path(const QString& base_path);
 
 // Compresses a consistent snapshot of the open base into `archive`, under the
 // base's own file name. Reports a failure itself and gives false.
-bool zip_base(AppContext& app, const QString& archive);
+bool zip_base(const BaseFile& base_file, const QString& archive);
 
 // LastClose true, read back, the base zipped over its save file, LastClose false.
-void create_save(AppContext& app);
+void create_save(const BaseFile& base_file);
 // Replaces the (closed) base with the content of its save file.
-bool restore_save(AppContext& app);
-void delete_save(AppContext& app);
-// Closes the base, restores the save and opens the base again.
-bool cancel_operations(AppContext& app);
-// True when the last use did not end cleanly and the person chose to restore.
-bool check_crash(AppContext& app);
-// After a failure that left the base closed: reconnect, or restore and give up.
-void reopen_or_recover(AppContext& app);
+bool restore_save(const BaseFile& base_file);
+void delete_save(const QString& base_path);
 // Empties the five work tables.
-void clear_tempo_tables(AppContext& app);
+void clear_tempo_tables(Database& db);
 
 }  // namespace plouvarine

@@ -7,12 +7,13 @@
 
 namespace plouvarine {
 
-class AppContext;
+class Database;
+class Services;
 
 // Gives Licence.Num of the sentinel swimmer, creating it under the current club
 // when missing; the empty text after an error (already reported).
-QString check_licence_nulle(AppContext& app);
+QString check_licence_nulle(Database& db, Services& ui, const QString& club_code);
 // Creates the reference pool when missing.
-void check_piscine_reference(AppContext& app);
+void check_piscine_reference(Database& db, Services& ui);
 
 }  // namespace plouvarine

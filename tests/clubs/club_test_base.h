@@ -2,8 +2,8 @@
 // A connected copy of the model base, with helpers to lay clubs, profiles,
 // licences and entries into it.
 
-#include "frame/app_context.h"
-#include "frame/text.h"
+#include "src/frame/app_context.h"
+#include "src/base/text.h"
 #include "support/app_fixture.h"
 
 namespace plouvarine::testing {

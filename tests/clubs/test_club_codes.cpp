@@ -1,9 +1,9 @@
 // The club code against the model base's geography, and its composition help.
 
-#include "clubs/construc_code_club.h"
-#include "clubs/liste_pays.h"
-#include "frame/list_helpers.h"
-#include "clubs/utils_club.h"
+#include "src/clubs/construc_code_club.h"
+#include "src/clubs/liste_pays.h"
+#include "src/frame/list_helpers.h"
+#include "src/clubs/utils_club.h"
 #include "club_test_base.h"
 
 using namespace plouvarine;

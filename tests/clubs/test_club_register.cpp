@@ -1,15 +1,15 @@
 // The club register: adding, changing and soft-deleting clubs, and what the
 // deletion carries into the rows that hold the club's code.
 
-#include "clubs/dem_info.h"
-#include "clubs/det_profil.h"
-#include "clubs/liste_profil.h"
-#include "clubs/liste_club.h"
-#include "clubs/utils_club.h"
-#include "clubs/utils_profils.h"
+#include "src/clubs/dem_info.h"
+#include "src/clubs/det_profil.h"
+#include "src/clubs/liste_profil.h"
+#include "src/clubs/liste_club.h"
+#include "src/clubs/utils_club.h"
+#include "src/clubs/utils_profils.h"
 #include "club_test_base.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
 
 using namespace plouvarine;
 using plouvarine::testing::ClubBase;

@@ -2,7 +2,7 @@
 // activities and fees, the fee a licence loses with it, and a save whose
 // insert fails half-way, which must leave the old rows.
 
-#include "clubs/mon_club.h"
+#include "src/clubs/mon_club.h"
 #include "support/app_fixture.h"
 
 using namespace plouvarine;

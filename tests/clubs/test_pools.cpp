@@ -2,9 +2,9 @@
 // deletion that moves competitions to it, the detail's saves and the choice
 // made for a competition.
 
-#include "clubs/pools.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
+#include "src/clubs/pools.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
 #include "support/app_fixture.h"
 
 #include <QStandardItem>

@@ -1,14 +1,14 @@
 // Profiles: the current one read into the state, the forced choices, and a
 // change of club that takes the profile's entries away.
 
-#include "clubs/club_hooks.h"
-#include "clubs/det_profil.h"
-#include "clubs/liste_club.h"
-#include "clubs/liste_profil.h"
-#include "clubs/utils_profils.h"
+#include "src/clubs/club_hooks.h"
+#include "src/clubs/det_profil.h"
+#include "src/clubs/liste_club.h"
+#include "src/clubs/liste_profil.h"
+#include "src/clubs/utils_profils.h"
 #include "club_test_base.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
 
 using namespace plouvarine;
 using plouvarine::testing::ClubBase;

@@ -1,15 +1,15 @@
 // The competition register on a real base: the roll-over at opening, the
 // checks and the save of det_compet, the deletion pass and the list's modes.
 
-#include "clubs/pools.h"
-#include "competitions/competition_hooks.h"
-#include "competitions/det_compet.h"
-#include "competitions/liste_compet.h"
-#include "competitions/utils_compet.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
-#include "store/sentinels.h"
+#include "src/clubs/pools.h"
+#include "src/competitions/competition_hooks.h"
+#include "src/competitions/det_compet.h"
+#include "src/competitions/liste_compet.h"
+#include "src/competitions/utils_compet.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
+#include "src/store/sentinels.h"
 #include "support/app_fixture.h"
 
 using namespace plouvarine;
@@ -26,7 +26,7 @@ protected:
     {
         AppFixture::SetUp();
         connect(make_base());
-        check_piscine_reference(*app);
+        check_piscine_reference(app->db, app->ui);
         app->clock.set_today(QDate(2025, 3, 10));
     }
     QString value(const QString& sql) { return app->db.load_rows(sql).first(); }

@@ -2,13 +2,13 @@
 // fields follow the ticked event, the order warning, the finished programme
 // list and what the write-back leaves in Pcomp.
 
-#include "clubs/pools.h"
-#include "competitions/frm_prog.h"
-#include "competitions/utils_programme.h"
-#include "frame/keywords.h"
-#include "frame/list_helpers.h"
-#include "frame/text.h"
-#include "store/sentinels.h"
+#include "src/clubs/pools.h"
+#include "src/competitions/frm_prog.h"
+#include "src/competitions/utils_programme.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/base/text.h"
+#include "src/store/sentinels.h"
 #include "support/app_fixture.h"
 
 #include <stdexcept>
@@ -30,7 +30,7 @@ protected:
     {
         AppFixture::SetUp();
         connect(make_base());
-        check_piscine_reference(*app);
+        check_piscine_reference(app->db, app->ui);
         app->clock.set_today(QDate(2025, 3, 10));
     }
     QString value(const QString& sql) { return app->db.load_rows(sql).first(); }

@@ -1,10 +1,10 @@
 // The commands that make a base current and end the work with it, on real
 // files: opening controls, the save table, crash recovery and the close paths.
 
-#include "frame/base_commands.h"
-#include "frame/zip.h"
-#include "store/access.h"
-#include "store/save.h"
+#include "src/frame/base_commands.h"
+#include "src/base/zip.h"
+#include "src/frame/access.h"
+#include "src/store/save.h"
 #include "support/app_fixture.h"
 
 #include <QDir>

@@ -2,9 +2,9 @@
 // folder: component files present, missing, or not plugins at all, and real
 // bases from the model at various versions.
 
-#include "frame/components.h"
-#include "frame/splash_view.h"
-#include "store/database.h"
+#include "src/frame/components.h"
+#include "src/frame/splash_view.h"
+#include "src/store/database.h"
 #include "support/app_fixture.h"
 
 #include <QDir>

@@ -2,9 +2,9 @@
 // step from one query on a real base, the search as the person types, the
 // digit filter and the minimum size of a window.
 
-#include "frame/errors.h"
-#include "frame/list_helpers.h"
-#include "store/database.h"
+#include "src/base/errors.h"
+#include "src/frame/list_helpers.h"
+#include "src/store/database.h"
 #include "support/app_fixture.h"
 
 #include <QItemSelectionModel>

@@ -2,10 +2,10 @@
 // counters and how the two combine, the fee menu, and the command table that
 // the menu commands open their windows from.
 
-#include "frame/app_context.h"
-#include "frame/commands.h"
-#include "frame/keywords.h"
-#include "frame/menu_state.h"
+#include "src/frame/app_context.h"
+#include "src/frame/commands.h"
+#include "src/frame/keywords.h"
+#include "src/frame/menu_state.h"
 #include "support/scripted_services.h"
 
 #include <QSet>

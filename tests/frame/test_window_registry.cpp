@@ -2,8 +2,8 @@
 // locks that follow the open windows, and the caller told when its detail
 // window closes.
 
-#include "frame/base_commands.h"
-#include "frame/window_registry.h"
+#include "src/frame/base_commands.h"
+#include "src/frame/window_registry.h"
 #include "support/app_fixture.h"
 
 #include <stdexcept>

@@ -1,6 +1,7 @@
 #include "gui_application.h"
 
-#include "frame/window_factory.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,12 +1,13 @@
 // The day picker drawn by its window, and line edits bound to the date and
 // time keyboard rules.
 
-#include "frame/qt_services.h"
-#include "frame/window_factory.h"
+#include "gui/frame/qt_services.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 #include "gui_application.h"
-#include "licences/choose_date_view.h"
-#include "licences/date_field_binding.h"
-#include "results/time_field_binding.h"
+#include "src/frame/choose_date_view.h"
+#include "gui/frame/date_field_binding.h"
+#include "gui/frame/time_field_binding.h"
 #include "support/app_fixture.h"
 
 #include <QApplication>

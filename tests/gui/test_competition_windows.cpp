@@ -2,12 +2,14 @@
 // into det_compet from the menu and saved, then the list opened with its title;
 // the programme of a competition chosen in the list, edited and saved.
 
-#include "clubs/pools.h"
-#include "frame/main_window.h"
-#include "frame/qt_services.h"
-#include "frame/window_factory.h"
+#include "src/clubs/pools.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "gui/frame/qt_services.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 #include "gui_application.h"
-#include "store/sentinels.h"
+#include "src/store/sentinels.h"
 #include "support/app_fixture.h"
 
 #include <QApplication>
@@ -33,8 +35,9 @@ protected:
         gui::register_all_windows();
         AppFixture::SetUp();
         connect(make_base());
-        check_piscine_reference(*app);
+        check_piscine_reference(app->db, app->ui);
         app->clock.set_today(QDate(2025, 3, 10));
+        install_subject_commands(*app);
         main = std::make_unique<gui::MainWindow>(*app);
         qt.show_child = [this](QWidget* w) { main->show_child(w); };
         ui.draw_with = &qt;

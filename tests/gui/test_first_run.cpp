@@ -2,10 +2,12 @@
 // first club (with the code help), the first profile with its club, and a base
 // ready to work with the profile shown in the status bar.
 
-#include "clubs/club_hooks.h"
-#include "frame/main_window.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "src/clubs/club_hooks.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "gui/frame/view_window.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
@@ -69,6 +71,7 @@ protected:
         gui::register_all_windows();
         AppFixture::SetUp();
         install_club_hooks(*app);
+        install_subject_commands(*app);
         main = std::make_unique<gui::MainWindow>(*app);
         main->show();
     }

@@ -2,12 +2,14 @@
 // window's menu and used as the person would: a column header clicked, a name
 // typed on the list, a licence changed in its detail, a fee from the context menu.
 
-#include "frame/main_window.h"
-#include "frame/qt_services.h"
-#include "frame/window_factory.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "gui/frame/qt_services.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 #include "gui_application.h"
 #include "licences/licence_test_base.h"
-#include "licences/liste_licence.h"
+#include "src/licences/liste_licence.h"
 
 #include <QAction>
 #include <QApplication>
@@ -64,6 +66,7 @@ protected:
         ensure_application();
         gui::register_all_windows();
         LicenceBase::SetUp();
+        install_subject_commands(*app);
         main = std::make_unique<gui::MainWindow>(*app);
         qt.show_child = [this](QWidget* w) { main->show_child(w); };
         ui.draw_with = &qt;

@@ -1,9 +1,10 @@
 // The main window on Qt's offscreen platform: its menu actions are clicked as
 // the person would, with the messages and file dialogs scripted.
 
-#include "frame/main_window.h"
-#include "frame/window_registry.h"
-#include "store/save.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "src/frame/window_registry.h"
+#include "src/store/save.h"
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
@@ -43,6 +44,7 @@ protected:
     {
         ensure_application();
         AppFixture::SetUp();
+        install_subject_commands(*app);
         window = std::make_unique<MainWindow>(*app);
         window->show();
     }

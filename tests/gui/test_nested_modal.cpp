@@ -2,9 +2,10 @@
 // club list and the code help opened over them: closing the nested window
 // must leave the forced one open until its own work is done.
 
-#include "clubs/club_hooks.h"
-#include "frame/main_window.h"
-#include "frame/qt_services.h"
+#include "src/clubs/club_hooks.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "gui/frame/qt_services.h"
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
@@ -39,6 +40,7 @@ protected:
         plouvarine::testing::ensure_application();
         AppFixture::SetUp();
         install_club_hooks(*app);
+        install_subject_commands(*app);
         main = std::make_unique<gui::MainWindow>(*app);
         main->show();
         ui.draw_with = &qt;

@@ -2,10 +2,12 @@
 // locks and busy place come back when its child window closes, and a modal
 // window returns once its view is closed.
 
-#include "frame/main_window.h"
-#include "frame/qt_services.h"
-#include "frame/view_window.h"
-#include "frame/window_factory.h"
+#include "gui/frame/main_window.h"
+#include "src/subjects.h"
+#include "gui/frame/qt_services.h"
+#include "gui/frame/view_window.h"
+#include "gui/all_windows.h"
+#include "gui/frame/window_factory.h"
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
@@ -42,6 +44,7 @@ protected:
         gui::register_all_windows();
         gui::register_window(QStringLiteral("frm_chore"),
                              [](View& v, QWidget* parent) { return new gui::ViewWindow(v, parent); });
+        install_subject_commands(*app);
         window = std::make_unique<gui::MainWindow>(*app);
         qt.show_child = [this](QWidget* w) { window->show_child(w); };
     }

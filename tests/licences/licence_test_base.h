@@ -2,8 +2,8 @@
 // A connected copy of the model base whose current profile works for a plain
 // club, with helpers to lay licences, clubs, fees and entries into it.
 
-#include "frame/app_context.h"
-#include "frame/text.h"
+#include "src/frame/app_context.h"
+#include "src/base/text.h"
 #include "support/app_fixture.h"
 
 namespace plouvarine::testing {

@@ -1,11 +1,11 @@
 // The licence detail on a real base: the checks and their order, what a new or
 // changed licence writes, and the selection's ways of taking a swimmer in.
 
-#include "clubs/liste_club.h"
-#include "frame/list_helpers.h"
-#include "licences/det_licence.h"
-#include "licences/liste_licence.h"
-#include "licences/utils_licences.h"
+#include "src/clubs/liste_club.h"
+#include "src/frame/list_helpers.h"
+#include "src/licences/det_licence.h"
+#include "src/licences/liste_licence.h"
+#include "src/licences/utils_licences.h"
 #include "licence_test_base.h"
 
 using namespace plouvarine;

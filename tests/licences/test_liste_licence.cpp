@@ -2,10 +2,10 @@
 // "SsCotisation" shows, the search keys, deletion with its undo and its end,
 // the fee menu, the commands and the printed report.
 
-#include "frame/list_helpers.h"
-#include "licences/det_licence.h"
-#include "licences/liste_licence.h"
-#include "licences/utils_licences.h"
+#include "src/frame/list_helpers.h"
+#include "src/licences/det_licence.h"
+#include "src/licences/liste_licence.h"
+#include "src/licences/utils_licences.h"
 #include "licence_test_base.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 // swimmer, selection memberships, the purge two years on and the season's
 // roll-over around 16 September.
 
-#include "licences/season_maintenance.h"
+#include "src/licences/season_maintenance.h"
 #include "support/app_fixture.h"
 
 using namespace plouvarine;

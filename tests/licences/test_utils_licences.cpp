@@ -1,7 +1,7 @@
 // The composed INSERT of a licence, with its separator character, and the
 // reach of a selection code.
 
-#include "licences/utils_licences.h"
+#include "src/licences/utils_licences.h"
 #include "licence_test_base.h"
 
 using namespace plouvarine;

@@ -1,9 +1,9 @@
 // The access layer on real bases made from the model base.
 
-#include "frame/errors.h"
-#include "store/access.h"
-#include "store/collation.h"
-#include "store/database.h"
+#include "src/base/errors.h"
+#include "src/frame/access.h"
+#include "src/store/collation.h"
+#include "src/store/database.h"
 #include "support/app_fixture.h"
 
 #include <QFile>

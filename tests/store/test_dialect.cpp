@@ -2,10 +2,10 @@
 // by form, then real statements run on bases made from the model base, each
 // checked by the rows it leaves or reads.
 
-#include "frame/errors.h"
-#include "frame/text.h"
-#include "store/database.h"
-#include "store/dialect.h"
+#include "src/base/errors.h"
+#include "src/base/text.h"
+#include "src/store/database.h"
+#include "src/store/dialect.h"
 #include "support/app_fixture.h"
 
 #include <QStringList>

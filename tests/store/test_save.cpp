@@ -1,9 +1,9 @@
 // Save, restore and cancel on real bases and real zip files.
 
-#include "frame/zip.h"
-#include "store/access.h"
-#include "store/database.h"
-#include "store/save.h"
+#include "src/base/zip.h"
+#include "src/frame/access.h"
+#include "src/store/database.h"
+#include "src/store/save.h"
 #include "support/app_fixture.h"
 
 #include <QDir>
@@ -60,7 +60,7 @@ protected:
 TEST_F(SaveTest, TheSaveHoldsTheBaseAtRestUnderItsOwnName)
 {
     add_pool(QStringLiteral("Bassin du matin"));
-    create_save(*app);
+    create_save(app->base_file());
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
     EXPECT_EQ(zip_entries(save_path(base)), QStringList{QStringLiteral("club.mdb")});
@@ -76,7 +76,7 @@ TEST_F(SaveTest, TheSaveHoldsTheBaseAtRestUnderItsOwnName)
 TEST_F(SaveTest, CancelTwiceGivesTheLastSaveBothTimes)
 {
     add_pool(QStringLiteral("Gardé"));
-    create_save(*app);
+    create_save(app->base_file());
     add_pool(QStringLiteral("Perdu 1"));
     ASSERT_TRUE(cancel_operations(*app));
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
@@ -95,7 +95,7 @@ TEST_F(SaveTest, WorkTablesAreEmptiedInOrder)
 {
     app->db.exec_sql(QStringLiteral("INSERT INTO Licence_tempo (Num, Nom) VALUES (4, 'A');"));
     app->db.exec_sql(QStringLiteral("INSERT INTO Engag_tempo (Num_compet, Code_epreuve, Num_Lic) VALUES (1, 2, 3);"));
-    clear_tempo_tables(*app);
+    clear_tempo_tables(app->db);
     for (const char* t : {"Licence_tempo", "Pcomp_tempo", "Rcomp_tempo", "Relais_tempo", "Engag_tempo"})
         EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from %1").arg(QLatin1String(t))), 0) << t;
 }
@@ -118,7 +118,7 @@ TEST_F(SaveTest, ACorruptSaveLeavesTheBaseUntouched)
     ASSERT_TRUE(sav.open(QIODevice::WriteOnly));
     sav.write("PK\x03\x04 ceci n'est plus une archive");
     sav.close();
-    EXPECT_FALSE(restore_save(*app));
+    EXPECT_FALSE(restore_save(app->base_file()));
     const QStringList texts = ui.texts();
     ASSERT_EQ(texts.size(), 2);
     EXPECT_TRUE(texts[0].endsWith(QStringLiteral("Une erreur s'est produite lors de la décompression.")));
@@ -131,10 +131,10 @@ TEST_F(SaveTest, ACorruptSaveLeavesTheBaseUntouched)
 
 TEST_F(SaveTest, AReadOnlyBaseCannotBeReplaced)
 {
-    create_save(*app);
+    create_save(app->base_file());
     close_base(*app);
     QFile::setPermissions(base, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
-    EXPECT_FALSE(restore_save(*app));
+    EXPECT_FALSE(restore_save(app->base_file()));
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Erreur lors de la restauration de la sauvegarde.\n"
                                                             "Impossible de supprimer la base ") + base + QStringLiteral("\n")));
@@ -147,7 +147,7 @@ TEST_F(SaveTest, AReadOnlyBaseCannotBeReplaced)
 TEST_F(SaveTest, RestoreNeverAppliesAStaleJournal)
 {
     add_pool(QStringLiteral("Sauvé"));
-    create_save(*app);
+    create_save(app->base_file());
     add_pool(QStringLiteral("Après"));
     // A journal left beside the base (as a crash leaves it) must not survive the restore.
     const QString wal = base + QStringLiteral("-wal");
@@ -156,7 +156,7 @@ TEST_F(SaveTest, RestoreNeverAppliesAStaleJournal)
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(QByteArray(4096, 'x'));
     f.close();
-    ASSERT_TRUE(restore_save(*app));
+    ASSERT_TRUE(restore_save(app->base_file()));
     EXPECT_FALSE(QFile::exists(wal));
     connect(base);
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Sauvé")});
@@ -165,7 +165,7 @@ TEST_F(SaveTest, RestoreNeverAppliesAStaleJournal)
 TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
 {
     add_pool(QStringLiteral("Première"));
-    create_save(*app);
+    create_save(app->base_file());
     const QByteArray good = [&] { QFile f(save_path(base)); f.open(QIODevice::ReadOnly); return f.readAll(); }();
     // Enough rows that a copy of the base no longer fits under the limit.
     app->db.exec_sql(QStringLiteral("CREATE TABLE Remplissage (x TEXT)"));
@@ -183,7 +183,7 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
         child_app.state.base_path = base;
         if (!connect_base(child_app))
             _exit(10);
-        create_save(child_app);
+        create_save(child_app.base_file());
         const QString f = child_app.db.load_rows(QStringLiteral("select LastClose from Info")).first();
         const bool reported = !child_ui.titled(QStringLiteral("Erreur")).empty();
         child_app.db.close();

@@ -1,8 +1,8 @@
 #include "support/app_fixture.h"
 
-#include "entries/reports/templates.h"
-#include "frame/components.h"
-#include "store/access.h"
+#include "src/reports/templates.h"
+#include "src/frame/components.h"
+#include "src/frame/access.h"
 
 #include <QDir>
 #include <QFile>

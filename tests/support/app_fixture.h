@@ -2,7 +2,7 @@
 // A real application folder in a temporary directory, holding the real model
 // base, with an application context whose person is scripted.
 
-#include "frame/app_context.h"
+#include "src/frame/app_context.h"
 #include "support/scripted_services.h"
 
 #include <QTemporaryDir>

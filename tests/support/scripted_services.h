@@ -2,9 +2,9 @@
 // The interaction services for tests: every message, dialog and status caption
 // is recorded, and dialogs answer from a script queued by the test.
 
-#include "frame/services.h"
+#include "src/base/services.h"
 
-#include "frame/view.h"
+#include "src/frame/view.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,0 +1,22 @@
+#include "gui/all_windows.h"
+
+#include "gui/clubs/club_windows.h"
+#include "gui/clubs/mon_club_window.h"
+#include "gui/clubs/pool_windows.h"
+#include "gui/competitions/competition_windows.h"
+#include "gui/frame/date_windows.h"
+#include "gui/licences/licence_windows.h"
+
+namespace plouvarine::gui {
+
+void register_all_windows()
+{
+    register_club_windows();
+    register_mon_club_window();
+    register_pool_windows();
+    register_date_windows();
+    register_licence_windows();
+    register_competition_windows();
+}
+
+}  // namespace plouvarine::gui

@@ -1,0 +1,66 @@
+#include "src/base/date_field.h"
+
+#include "src/base/utils_date.h"
+
+namespace plouvarine {
+
+namespace {
+
+struct DateFieldMemory {
+    QString text;
+    int position = 0;
+};
+
+DateFieldMemory& memory()
+{
+    static DateFieldMemory slot;
+    return slot;
+}
+
+QString text_at(std::span<EntryField* const> fields, int position)
+{
+    if (position < 0 || position >= int(fields.size()) || !fields[position])
+        return {};
+    return fields[position]->text();
+}
+
+void undo_keystroke(EntryField& changed, bool& guard)
+{
+    guard = false;
+    changed.set_text(memory().text);
+    changed.set_cursor_position(memory().position);
+    guard = true;
+}
+
+}  // namespace
+
+void MemoChampDate(const EntryField& field)
+{
+    memory().text = field.text();
+    memory().position = field.cursor_position();
+}
+
+void ControleSaisieDate(std::span<EntryField* const> fields, bool& guard, int changed, int base,
+                        int step)
+{
+    if (!guard)
+        return;
+    const ChampsDate date = LitChampsDate(text_at(fields, base), text_at(fields, base + step),
+                                          text_at(fields, base + 2 * step));
+    if (JourValide(date.day, date.month, date.year))
+        return;
+    if (changed >= 0 && changed < int(fields.size()) && fields[changed])
+        undo_keystroke(*fields[changed], guard);
+}
+
+void ControleSaisieDate(EntryField& day, EntryField& month, EntryField& year, EntryField& changed,
+                        bool& guard)
+{
+    if (!guard)
+        return;
+    const ChampsDate date = LitChampsDate(day.text(), month.text(), year.text());
+    if (!JourValide(date.day, date.month, date.year))
+        undo_keystroke(changed, guard);
+}
+
+}  // namespace plouvarine

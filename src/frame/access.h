@@ -1,0 +1,22 @@
+#pragma once
+// Opening and closing the base in use, on the application's one connection.
+
+namespace plouvarine {
+
+class AppContext;
+
+// Closes the open base in good order, then opens the base at state.base_path.
+// Gives false on any failure; the caller composes its message with msg_erreur_base.
+bool connect_base(AppContext& app);
+// Writes LastClose true and closes; with no open connection does nothing.
+void close_base(AppContext& app);
+
+
+// Closes the base, restores the save and opens the base again.
+bool cancel_operations(AppContext& app);
+// True when the last use did not end cleanly and the person chose to restore.
+bool check_crash(AppContext& app);
+// After a failure that left the base closed: reconnect, or restore and give up.
+void reopen_or_recover(AppContext& app);
+
+}  // namespace plouvarine

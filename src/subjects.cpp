@@ -1,0 +1,26 @@
+#include "src/subjects.h"
+
+#include "src/clubs/club_commands.h"
+#include "src/clubs/club_hooks.h"
+#include "src/competitions/competition_hooks.h"
+#include "src/competitions/utils_compet.h"
+#include "src/licences/season_maintenance.h"
+#include "src/licences/utils_licences.h"
+
+namespace plouvarine {
+
+void install_subject_hooks(AppContext& app)
+{
+    install_club_hooks(app);
+    install_licence_hooks(app);
+    install_competition_hooks(app);
+}
+
+void install_subject_commands(AppContext& app)
+{
+    install_club_commands(app);
+    install_licence_commands(app);
+    install_competition_commands(app);
+}
+
+}  // namespace plouvarine

@@ -1,0 +1,249 @@
+// Deletion, compaction and archiving of real base files.
+
+#include "src/base/zip.h"
+#include "src/frame/access.h"
+#include "src/frame/base_file_commands.h"
+#include "src/store/base_files.h"
+#include "src/store/save.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cmath>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::ScriptedServices;
+
+namespace {
+
+class BaseFilesTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        base = make_base();
+        connect(base);
+        app->db.set_last_close(QStringLiteral("False"));
+        app->enable_menus(true);
+    }
+    void fill(int rows)
+    {
+        app->db.exec_sql(QStringLiteral("CREATE TABLE IF NOT EXISTS Remplissage (x TEXT)"));
+        for (int i = 0; i < rows; ++i)
+            app->db.exec_sql(QStringLiteral("INSERT INTO Remplissage VALUES ('%1')").arg(QString(2000, QLatin1Char('a' + i % 26))));
+    }
+    QString flag() { return app->db.load_rows(QStringLiteral("select LastClose from Info")).first(); }
+    QString base;
+};
+
+}  // namespace
+
+TEST_F(BaseFilesTest, CompactionShrinksTheBaseAndKeepsItsData)
+{
+    fill(200);
+    app->db.exec_sql(QStringLiteral("DELETE FROM Remplissage WHERE rowid > 10"));
+    create_save(app->base_file());
+    const QByteArray save_before = [&] { QFile f(save_path(base)); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    close_base(*app);
+    const qint64 before = QFileInfo(base).size();
+    connect(base);
+    // A leftover of an earlier failure is cleared and the compaction goes on.
+    QFile leftover(base + QStringLiteral(".tmp.compact"));
+    ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
+    leftover.write("reste");
+    leftover.close();
+
+    compact_command(*app);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Base compactée avec succès.")});
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Remplissage")), 10);
+    EXPECT_EQ(flag(), QStringLiteral("Vrai"));
+    EXPECT_FALSE(QFile::exists(base + QStringLiteral(".tmp.compact")));
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Compacter la base")));
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    close_base(*app);
+    // 190 rows of 2000 characters were deleted: their pages are given back.
+    EXPECT_LT(QFileInfo(base).size(), before - 350000);
+    QFile sav(save_path(base));
+    ASSERT_TRUE(sav.open(QIODevice::ReadOnly));
+    EXPECT_EQ(sav.readAll(), save_before) << "the compaction does not refresh the save";
+}
+
+TEST_F(BaseFilesTest, CompactionStopsOnAStuckTemporaryFile)
+{
+    ASSERT_TRUE(QDir().mkdir(base + QStringLiteral(".tmp.compact")));
+    QFile inside(base + QStringLiteral(".tmp.compact/occupé"));
+    ASSERT_TRUE(inside.open(QIODevice::WriteOnly));
+    inside.close();
+    compact_base(*app, base);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de compacter la base.\nLe fichier temporaire (") + base +
+                                      QStringLiteral(".tmp.compact) est en cours d'utilisation.")});
+    EXPECT_TRUE(app->db.is_open());
+}
+
+TEST_F(BaseFilesTest, AFailedCompactionReconnectsTheSameBase)
+{
+    fill(100);
+    close_base(*app);
+    const pid_t child = fork();
+    if (child == 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        ScriptedServices child_ui;
+        AppContext child_app(child_ui, app->app_dir());
+        child_app.state.base_path = base;
+        if (!connect_base(child_app))
+            _exit(10);
+        rlimit limit{32 * 1024, 32 * 1024};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        compact_base(child_app, base);
+        const QStringList texts = child_ui.texts();
+        const bool step2 = !texts.isEmpty() && texts[0].startsWith(QStringLiteral("Impossible de compacter la base.\n")) &&
+                           texts[0].endsWith(QStringLiteral("\nLe compactage a échoué."));
+        const bool reopened = child_app.db.is_open() && texts.size() == 1;
+        child_app.db.close();
+        _exit(step2 && reopened ? 0 : 20);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    connect(base);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Remplissage")), 100);
+    EXPECT_FALSE(QFile::exists(base + QStringLiteral(".tmp.compact")));
+}
+
+TEST_F(BaseFilesTest, ArchiveToAChosenFolder)
+{
+    fill(50);
+    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp_tempo (AutoNum) VALUES (5);"));
+    const QString target_dir = work_file(QStringLiteral("archives"));
+    ASSERT_TRUE(QDir().mkdir(target_dir));
+    ui.folders.push_back(target_dir);
+    archive_command(*app);
+
+    const QString archive = QDir(target_dir).filePath(QStringLiteral("club.zip"));
+    ASSERT_TRUE(QFile::exists(archive));
+    EXPECT_EQ(zip_entries(archive), QStringList{QStringLiteral("club.mdb")});
+    ASSERT_EQ(ui.messages.size(), 1u);
+    const QString report = ui.messages[0].text;
+    const qint64 zip_size = QFileInfo(archive).size();
+    EXPECT_EQ(report, QStringLiteral("Base archivée mémorisée avec succès.\nTaille de l'archive : %1 ko.\nTaux de compression : %2 %.")
+                          .arg(int(std::nearbyint(zip_size / 1024.0)))
+                          .arg(compression_rate(QFileInfo(base).size(), zip_size)));
+    EXPECT_EQ(ui.folder_prompts, QStringList{QStringLiteral("Répertoire d'archivage :")});
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Rcomp_tempo")), 0);
+    EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
+
+    // The archive holds a base at rest.
+    const QString out = work_file(QStringLiteral("ouverte"));
+    ASSERT_TRUE(unzip_archive(archive, out));
+    Database copy;
+    copy.open(QDir(out).filePath(QStringLiteral("club.mdb")));
+    EXPECT_EQ(copy.load_rows(QStringLiteral("select LastClose from Info")).first(), QStringLiteral("Vrai"));
+    EXPECT_EQ(copy.count_query(QStringLiteral("select count(*) from Remplissage")), 50);
+    copy.close();
+}
+
+TEST_F(BaseFilesTest, ArchiveOverAnExistingOneAnsweredNo)
+{
+    const QString target_dir = work_file(QStringLiteral("archives"));
+    ASSERT_TRUE(QDir().mkdir(target_dir));
+    const QString existing = QDir(target_dir).filePath(QStringLiteral("club.zip"));
+    QFile f(existing);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("ancienne archive");
+    f.close();
+    ui.folders.push_back(target_dir);
+    archive_command(*app);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, existing + QStringLiteral("\nRemplacer cette archive déjà existante ?"));
+    EXPECT_EQ(ui.messages[0].default_button, Button::No);
+    EXPECT_EQ(QFileInfo(existing).size(), 16);
+    EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
+    EXPECT_EQ(flag(), QStringLiteral("Faux"));
+
+    // Answered Yes, the archive is replaced; a cancelled folder choice does nothing.
+    ui.clear();
+    ui.folders.push_back(target_dir);
+    ui.answers.push_back(Button::Yes);
+    archive_command(*app);
+    EXPECT_GT(QFileInfo(existing).size(), 16);
+    EXPECT_EQ(zip_entries(existing), QStringList{QStringLiteral("club.mdb")});
+    ui.clear();
+    archive_command(*app);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
+}
+
+TEST_F(BaseFilesTest, ArchiveNamesAndRates)
+{
+    EXPECT_EQ(archive_name(QStringLiteral("/d/club.mdb")), QStringLiteral("club.zip"));
+    EXPECT_EQ(archive_name(QStringLiteral("/d/base_sans")), QStringLiteral("base_.zip"));
+    EXPECT_EQ(compression_rate(1000000, 250000), 75);
+    EXPECT_EQ(compression_rate(1000, 875), 12);   // 12.5 rounds to even
+    EXPECT_EQ(compression_rate(1000, 865), 14);   // 13.5 rounds to even
+    // Beyond 32-bit products: a large base still reports its rate.
+    EXPECT_EQ(compression_rate(50'000'000, 10'000'000), 80);
+}
+
+TEST_F(BaseFilesTest, DeletingABaseFile)
+{
+    const QString other = make_base(QStringLiteral("autre.mdb"));
+    QFile sav(save_path(other));
+    ASSERT_TRUE(sav.open(QIODevice::WriteOnly));
+    sav.close();
+
+    // The open base is refused even before any question.
+    ui.files.push_back(base);
+    delete_base_command(*app);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de supprimer cette base.\nBase actuellement ouverte.")});
+    EXPECT_TRUE(QFile::exists(base));
+
+    ui.clear();
+    ui.files.push_back(other);
+    delete_base_command(*app);  // default No
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Supprimer la base : autre.mdb")});
+    EXPECT_TRUE(QFile::exists(other));
+
+    ui.clear();
+    ui.files.push_back(other);
+    ui.answers.push_back(Button::Yes);
+    delete_base_command(*app);
+    EXPECT_FALSE(QFile::exists(other));
+    EXPECT_TRUE(QFile::exists(save_path(other))) << "the save file beside it stays";
+    EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Supprimer une Base"));
+}
+
+TEST_F(BaseFilesTest, DeletingABaseHeldByAnotherProcess)
+{
+    const QString other = make_base(QStringLiteral("autre.mdb"));
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        Database db;
+        db.open(other);
+        char c = 1;
+        (void)!write(ready[1], &c, 1);
+        pause();
+        _exit(0);
+    }
+    char c;
+    ASSERT_EQ(read(ready[0], &c, 1), 1);
+    ui.files.push_back(other);
+    ui.answers.push_back(Button::Yes);
+    delete_base_command(*app);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de supprimer cette base.\nUne connexion est active sur la base.")});
+    EXPECT_TRUE(QFile::exists(other));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+}

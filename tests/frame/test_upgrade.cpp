@@ -1,0 +1,519 @@
+// The base upgrade on real bases from the model, with real upgrade files and
+// real zip packages in the temporary application folder.
+
+#include "src/base/zip.h"
+#include "src/frame/access.h"
+#include "src/store/database.h"
+#include "src/store/save.h"
+#include "src/frame/upgrade.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <map>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+const QString kTitle = QStringLiteral("Mise à jour de la base");
+
+void write_file(const QString& path, const QByteArray& bytes)
+{
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << path.toStdString();
+    f.write(bytes);
+}
+
+QByteArray read_file(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A real zip archive holding the given files at its root.
+void write_zip(const QString& archive, const std::map<QString, QByteArray>& entries)
+{
+    QTemporaryDir content;
+    for (const auto& [name, bytes] : entries)
+        write_file(content.filePath(name), bytes);
+    ASSERT_TRUE(zip_folder(archive, content.path()));
+}
+
+class UpgradeTest : public AppFixture {
+protected:
+    void write_upgrade_file(const QString& content) { write_file(upgrade_file_path(*app), content.toUtf8()); }
+
+    // A base from the model at `version`, connected as the opening leaves it.
+    QString connected_base(const QString& version, const QString& name = QStringLiteral("club.mdb"))
+    {
+        const QString path = make_base(name);
+        set_version(path, version);
+        connect(path);
+        return path;
+    }
+
+    static void set_version(const QString& path, const QString& version)
+    {
+        Database db;
+        db.open(path);
+        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
+        db.close();
+    }
+
+    QString version() { return app->db.load_rows(QStringLiteral("SELECT Version FROM Info")).first(); }
+    bool table_exists(const QString& name)
+    {
+        return app->db.count_query(QStringLiteral("select count(*) from sqlite_master where type = 'table' and name = '%1'")
+                                       .arg(name)) == 1;
+    }
+    int pools_named(const QString& name)
+    {
+        return app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom = '%1'").arg(name));
+    }
+
+    // The lines of the one report shown.
+    QStringList report()
+    {
+        EXPECT_EQ(ui.reports.size(), 1u);
+        if (ui.reports.empty())
+            return {};
+        EXPECT_EQ(ui.reports.back().title, kTitle);
+        QStringList out;
+        for (const ReportLine& l : ui.reports.back().lines)
+            out << l.text;
+        return out;
+    }
+    QStringList red_lines()
+    {
+        QStringList out;
+        for (const ReportLine& l : ui.reports.back().lines)
+            if (l.error)
+                out << l.text;
+        return out;
+    }
+    QStringList work_folders() const
+    {
+        return QDir(app->app_dir()).entryList({QStringLiteral("tmpmajbase*")}, QDir::Dirs | QDir::NoDotAndDotDot);
+    }
+};
+
+}  // namespace
+
+// ---- Reading the upgrade file ----------------------------------------------
+
+TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("maj_base.ini"));
+    const QString prefix = QStringLiteral("UPDATE Licence SET Nom = '");
+    const QString long_value = prefix + QString(300 - prefix.size() - 1, QLatin1Char('x')) + QLatin1Char('\'');
+    ASSERT_EQ(long_value.size(), 300);
+    write_file(file, QStringLiteral("; upgrades of the base\r\n"
+                                    "orphan=before any section\r\n"
+                                    "[info]\r\n"
+                                    "  VERSION Finale =  \"3\"  \r\n"
+                                    "[FROM 1]\r\n"
+                                    "maj1=INSERT INTO T (a, b) VALUES ('c:\\tempo', 'x,y')\r\n"
+                                    "MAJ2 = UPDATE Info Set Version = 2\r\n"
+                                    ";maj3=DROP TABLE Licence\r\n"
+                                    "maj4=\"inner \"quotes\" stay\"\r\n"
+                                    "maj5=").toUtf8() + long_value.toUtf8() + "\r\n[FROM 1]\r\nmaj3=second section\r\n");
+
+    EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version finale"), file), QStringLiteral("3"));
+    // Commas and backslashes are part of a statement.
+    EXPECT_EQ(read_ini(QStringLiteral("from 1"), QStringLiteral("maj1"), file),
+              QStringLiteral("INSERT INTO T (a, b) VALUES ('c:\\tempo', 'x,y')"));
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj2"), file),
+              QStringLiteral("UPDATE Info Set Version = 2"));
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj4"), file), QStringLiteral("inner \"quotes\" stay"));
+    // A comment is no key, and a second section of the same name is not looked at.
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj3"), file), QString());
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("orphan"), file), QString());
+    // 255 characters of buffer: the value is cut to 254.
+    const QString cut = read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj5"), file);
+    EXPECT_EQ(cut.size(), 254);
+    EXPECT_EQ(cut, long_value.left(254));
+    // Missing key, section or file.
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj6"), file), QString());
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 2"), QStringLiteral("maj1"), file), QString());
+    EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version"), file), QString());
+    EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version finale"), dir.filePath(QStringLiteral("absent.ini"))),
+              QString());
+}
+
+TEST(ReadIni, ReadsAFileInTheOldEightBitCodePage)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("maj_base.ini"));
+    write_file(file, QByteArray("[FROM 2]\nmaj1=UPDATE Nage SET Libelle = 'Brasse d\xe9\x62utant'\n"));
+    EXPECT_EQ(read_ini(QStringLiteral("FROM 2"), QStringLiteral("maj1"), file),
+              QStringLiteral("UPDATE Nage SET Libelle = 'Brasse débutant'"));
+}
+
+// ---- The walk through the versions -----------------------------------------
+
+TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
+                                      "[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\nmaj2=INSERT INTO Nouvelle VALUES (7)\n"
+                                      "[FROM 2]\nmaj1=ALTER TABLE Nouvelle ADD COLUMN y TEXT\n"));
+    const QString base = connected_base(QStringLiteral("1"));
+    app->state.base_path.clear();
+
+    EXPECT_TRUE(upgrade_base(*app, base));
+    EXPECT_EQ(app->state.base_path, base);
+    EXPECT_EQ(version(), QStringLiteral("3"));
+    ASSERT_TRUE(table_exists(QStringLiteral("Nouvelle")));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Nouvelle where x = 7 and y is null")), 1);
+
+    EXPECT_EQ(report(), (QStringList{
+        QStringLiteral("Version de la base : 1"), QString(),
+        QStringLiteral("Mise à jour vers une version 3"),
+        QStringLiteral("CREATE TABLE Nouvelle (x INTEGER)"), QStringLiteral("... OK"),
+        QStringLiteral("INSERT INTO Nouvelle VALUES (7)"), QStringLiteral("... OK"),
+        QStringLiteral("ALTER TABLE Nouvelle ADD COLUMN y TEXT"), QStringLiteral("... OK"),
+        QStringLiteral("Nouvelle version de la base : 3"),
+        QStringLiteral("UPDATE Info Set Version = 3"), QStringLiteral("... OK"),
+        QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie.")}));
+    EXPECT_TRUE(red_lines().isEmpty());
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.status_history.contains(kTitle));
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
+    EXPECT_EQ(ui.max_wait_depth, 1);
+}
+
+TEST_F(UpgradeTest, ABaseAlreadyAtTheFinalVersionIsLeftAsItIs)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 3]\nmaj1=CREATE TABLE Jamais (x INTEGER)\n"));
+    // A decimal version counts by its whole part.
+    const QString base = connected_base(QStringLiteral("3.5"));
+    EXPECT_TRUE(upgrade_base(*app, base));
+    EXPECT_EQ(report(), (QStringList{QStringLiteral("Version de la base : 3"), QString(),
+                                     QStringLiteral("Pas de mise à jour nécessaire pour cette base")}));
+    EXPECT_FALSE(table_exists(QStringLiteral("Jamais")));
+    EXPECT_EQ(version(), QStringLiteral("3.5"));
+}
+
+TEST_F(UpgradeTest, AHoleInTheSectionsStopsTheWalk)
+{
+    // No section for 2: the walk ends there and writes 2, though 3 is announced.
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
+                                      "[FROM 1]\nmaj1=CREATE TABLE Etape1 (x INTEGER)\n"
+                                      "[FROM 3]\nmaj1=CREATE TABLE Etape3 (x INTEGER)\n"));
+    const QString base = connected_base(QStringLiteral("1"));
+    EXPECT_TRUE(upgrade_base(*app, base));
+    EXPECT_EQ(version(), QStringLiteral("2"));
+    EXPECT_TRUE(table_exists(QStringLiteral("Etape1")));
+    EXPECT_FALSE(table_exists(QStringLiteral("Etape3")));
+    const QStringList lines = report();
+    EXPECT_TRUE(lines.contains(QStringLiteral("Nouvelle version de la base : 2")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("UPDATE Info Set Version = 2")));
+}
+
+TEST_F(UpgradeTest, TheFirstEmptyOrMissingKeyEndsASection)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
+                                      "[FROM 1]\nmaj1=CREATE TABLE Premier (x INTEGER)\nmaj2=\nmaj3=CREATE TABLE Oublie (x INTEGER)\n"
+                                      "[FROM 2]\nmaj1=CREATE TABLE Second (x INTEGER)\nmaj3=CREATE TABLE Saute (x INTEGER)\n"));
+    const QString base = connected_base(QStringLiteral("1"));
+    EXPECT_TRUE(upgrade_base(*app, base));
+    EXPECT_TRUE(table_exists(QStringLiteral("Premier")));
+    EXPECT_TRUE(table_exists(QStringLiteral("Second")));
+    EXPECT_FALSE(table_exists(QStringLiteral("Oublie")));
+    EXPECT_FALSE(table_exists(QStringLiteral("Saute")));
+    EXPECT_EQ(version(), QStringLiteral("3"));
+}
+
+TEST_F(UpgradeTest, WithoutTheUpgradeFileNothingRuns)
+{
+    const QString base = connected_base(QStringLiteral("1"));
+    EXPECT_FALSE(upgrade_base(*app, base));
+    EXPECT_EQ(report(), (QStringList{
+        QStringLiteral("Fichier (maj_base.ini) des mises à jour introuvable."),
+        QStringLiteral("Il faut télécharger depuis le site Plouvarine le package de mise à jour des bases.")}));
+    EXPECT_EQ(version(), QStringLiteral("1"));
+    EXPECT_TRUE(app->db.is_open());
+    EXPECT_EQ(ui.wait_depth, 0);
+    EXPECT_TRUE(ui.status[2].isEmpty());
+}
+
+// ---- A statement that fails --------------------------------------------------
+
+class UpgradeFailureTest : public UpgradeTest {
+protected:
+    void SetUp() override
+    {
+        UpgradeTest::SetUp();
+        write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
+                                          "[FROM 1]\nmaj1=CREATE TABLE Partielle (x INTEGER)\n"
+                                          "maj2=INSERT INTO Absente VALUES (1)\nmaj3=CREATE TABLE Jamais (x INTEGER)\n"));
+        base = connected_base(QStringLiteral("1"));
+    }
+
+    // The save as it stands before the upgrade, then work done after it.
+    void save_then_work()
+    {
+        create_save(app->base_file());
+        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Après la sauvegarde')"));
+    }
+
+    void expect_failure_reported()
+    {
+        const QStringList red = red_lines();
+        ASSERT_EQ(red.size(), 2);
+        EXPECT_EQ(red[0], QStringLiteral("Une erreur s'est produite lors de la mise à jour de la base."));
+        EXPECT_TRUE(red[1].startsWith(QStringLiteral("Erreur n° "))) << red[1].toStdString();
+        EXPECT_TRUE(red[1].contains(QStringLiteral("Absente"))) << red[1].toStdString();
+        const QStringList lines = report();
+        EXPECT_EQ(lines.count(QStringLiteral("... OK")), 1);
+        EXPECT_FALSE(lines.contains(QStringLiteral("CREATE TABLE Jamais (x INTEGER)")));
+        EXPECT_FALSE(lines.contains(QStringLiteral("Nouvelle version de la base : 2")));
+    }
+
+    static QString question()
+    {
+        return QStringLiteral("Suite à une erreur (voir rapport), souhaitez vous revenir à la précédente version de la "
+                              "base (recommandé) ?\nToutes opérations non sauvegardées réalisées avant cette tentative "
+                              "d'update seront annulées.");
+    }
+
+    QString base;
+};
+
+TEST_F(UpgradeFailureTest, YesBringsTheBaseBackToItsSave)
+{
+    save_then_work();
+    ui.answers.push_back(Button::Yes);
+    EXPECT_FALSE(upgrade_base(*app, base));
+
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Confirmation"));
+    EXPECT_EQ(ui.messages[0].text, question());
+    expect_failure_reported();
+    EXPECT_EQ(report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));
+
+    // Reconnected on the base as it was at the save.
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 0);
+    EXPECT_FALSE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(version(), QStringLiteral("1"));
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+}
+
+TEST_F(UpgradeFailureTest, NoKeepsTheHalfUpgradedBase)
+{
+    save_then_work();
+    ui.answers.push_back(Button::No);
+    EXPECT_FALSE(upgrade_base(*app, base));
+
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, question());
+    expect_failure_reported();
+    const QStringList lines = report();
+    ASSERT_GE(lines.size(), 2);
+    EXPECT_EQ(lines.mid(lines.size() - 2),
+              (QStringList{QStringLiteral("La dernière sauvegarde n'a pas été restaurée."),
+                           QStringLiteral("Le logiciel ne pourra pas fonctionner correctement.")}));
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 1);
+    EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(version(), QStringLiteral("1"));
+}
+
+TEST_F(UpgradeFailureTest, AFailedRestoreSpeaksForItself)
+{
+    save_then_work();
+    write_file(save_path(base), "PK\x03\x04 plus une archive");
+    ui.answers.push_back(Button::Yes);
+    EXPECT_FALSE(upgrade_base(*app, base));
+
+    ASSERT_GE(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[0].text, question());
+    EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
+    expect_failure_reported();
+    EXPECT_FALSE(report().contains(QStringLiteral("Restauration de la précédente sauvegarde de la base.")));
+    // The base is closed, as it stood, and the save is kept.
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(app->menus_base_open());
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    connect(base);
+    EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 1);
+}
+
+TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
+{
+    ASSERT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_FALSE(upgrade_base(*app, base));
+    EXPECT_TRUE(ui.messages.empty());
+    expect_failure_reported();
+    const QStringList lines = report();
+    ASSERT_GE(lines.size(), 2);
+    EXPECT_EQ(lines.mid(lines.size() - 2),
+              (QStringList{QStringLiteral("Aucune sauvegarde n'était disponible."),
+                           QStringLiteral("Votre base est donc instable, contacter les fournisseurs de Plouvarine.")}));
+    EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(ui.wait_depth, 0);
+}
+
+// ---- Packages and the upgrade window ---------------------------------------
+
+TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
+{
+    const QByteArray installed = "[INFO]\nVersion finale=9\n[FROM 8]\nmaj1=CREATE TABLE Ancienne (x INTEGER)\n";
+    write_file(upgrade_file_path(*app), installed);
+    const QByteArray model = read_file(app->app_file(QStringLiteral("modele_base.sav")));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+
+    // The same version, written otherwise, is refused.
+    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=9.0\n"},
+                        {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
+    EXPECT_FALSE(install_upgrade_package(*app, package));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("La version apportée par le package 9.0\n"
+                                                     "n'est pas supérieure à celle déjà disponible.\n"
+                                                     "L'installation du package sélectionné est annulée.")});
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
+    EXPECT_EQ(read_file(upgrade_file_path(*app)), installed);
+    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), model);
+    EXPECT_TRUE(work_folders().isEmpty());
+
+    // 10 is above 9 as a number, though not as a text. A work folder of that
+    // name already there is left alone.
+    ui.clear();
+    ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajbase")));
+    const QByteArray offered = "[INFO]\nVersion finale=10\n[FROM 9]\nmaj1=CREATE TABLE Dixieme (x INTEGER)\n";
+    write_zip(package, {{QStringLiteral("maj_base.ini"), offered}, {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
+    EXPECT_TRUE(install_upgrade_package(*app, package));
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(read_file(upgrade_file_path(*app)), offered);
+    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), QByteArray("nouveau modèle"));
+    EXPECT_EQ(final_version(*app), QStringLiteral("10"));
+    EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajbase")});
+    EXPECT_EQ(upgrade_package_label(*app), QStringLiteral("Package dispo pour upgrade vers version 10"));
+}
+
+TEST_F(UpgradeTest, APackageWithoutModelKeepsTheModel)
+{
+    // No upgrade file yet: any version is an improvement.
+    EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
+    const QByteArray model = read_file(app->app_file(QStringLiteral("modele_base.sav")));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=4\n"}});
+    EXPECT_TRUE(install_upgrade_package(*app, package));
+    EXPECT_EQ(final_version(*app), QStringLiteral("4"));
+    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), model);
+    EXPECT_TRUE(work_folders().isEmpty());
+}
+
+TEST_F(UpgradeTest, ABrokenPackageInstallsNothing)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    write_file(package, "PK\x03\x04 ceci n'est pas une archive");
+    EXPECT_FALSE(install_upgrade_package(*app, package));
+    ASSERT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
+    EXPECT_EQ(final_version(*app), QStringLiteral("3"));
+    EXPECT_TRUE(work_folders().isEmpty());
+}
+
+TEST_F(UpgradeTest, TheToolInstallsThePackageThenUpgradesTheBase)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
+    const QString base = make_base();
+    set_version(base, QStringLiteral("1"));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    write_zip(package, {{QStringLiteral("maj_base.ini"),
+                         "[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"}});
+
+    run_upgrade_tool(*app, base, package);
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
+    const QStringList lines = report();
+    EXPECT_TRUE(lines.contains(QStringLiteral("UPDATE Info Set Version = 2")));
+    EXPECT_EQ(lines.value(lines.size() - 1), QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie."));
+    EXPECT_EQ(final_version(*app), QStringLiteral("2"));
+    // The base is left closed in good order, without the save made for the run.
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_EQ(app->state.base_path, base);
+    const QStringList steps{QStringLiteral("Connexion à la base"), QStringLiteral("Sauvegarde de la base"), kTitle,
+                            QStringLiteral("Déconnexion"), QStringLiteral("Suppression de la sauvegarde temporaire")};
+    qsizetype at = -1;
+    for (const QString& step : steps) {
+        const qsizetype next = ui.status_history.indexOf(step, at + 1);
+        EXPECT_GT(next, at) << step.toStdString();
+        at = next;
+    }
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
+
+    connect(base);
+    EXPECT_EQ(version(), QStringLiteral("2"));
+    EXPECT_TRUE(table_exists(QStringLiteral("Nouvelle")));
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select LastClose from Info")).first(), QStringLiteral("Vrai"));
+}
+
+TEST_F(UpgradeTest, TheToolLeavesTheBaseWhenThePackageIsRefused)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"));
+    const QString base = make_base();
+    set_version(base, QStringLiteral("1"));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=2\n"}});
+
+    run_upgrade_tool(*app, base, package);
+    EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u);
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
+    connect(base);
+    EXPECT_EQ(version(), QStringLiteral("1"));
+}
+
+TEST_F(UpgradeTest, TheToolRestoresTheBaseAfterAFailedStatement)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n"
+                                      "[FROM 1]\nmaj1=CREATE TABLE Partielle (x INTEGER)\nmaj2=DROP TABLE Absente\n"));
+    const QString base = make_base();
+    set_version(base, QStringLiteral("1"));
+    ui.answers.push_back(Button::Yes);
+
+    run_upgrade_tool(*app, base, QString());
+    EXPECT_EQ(ui.titled(QStringLiteral("Confirmation")).size(), 1u);
+    EXPECT_EQ(report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));
+    EXPECT_FALSE(app->db.is_open());
+    // A failed upgrade keeps the save: it may be the one good copy of the base.
+    EXPECT_TRUE(QFile::exists(save_path(base)));
+    connect(base);
+    EXPECT_FALSE(table_exists(QStringLiteral("Partielle")));
+    EXPECT_EQ(version(), QStringLiteral("1"));
+}
+
+TEST_F(UpgradeTest, TheToolStopsOnABaseThatCannotBeOpened)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n"));
+    const QString text = work_file(QStringLiteral("notes.mdb"));
+    write_file(text, "liste des nageurs\n");
+    run_upgrade_tool(*app, text, QString());
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors de la connexion à la base.")});
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_FALSE(QFile::exists(save_path(text)));
+    EXPECT_EQ(read_file(text), QByteArray("liste des nageurs\n"));
+}
+
+TEST(UpgradeNames, PackageAndBaseFilesAreRecognisedByName)
+{
+    EXPECT_TRUE(is_upgrade_package_name(QStringLiteral("/home/club/maj_base.zip")));
+    EXPECT_FALSE(is_upgrade_package_name(QStringLiteral("/home/club/maj_base (1).zip")));
+    EXPECT_FALSE(is_upgrade_package_name(QStringLiteral("/home/club/maj_soft_2.zip")));
+    EXPECT_TRUE(is_base_file_name(QStringLiteral("/home/club/club.mdb")));
+    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/club.MDB")));
+    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/club.mdb.sav")));
+    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/mdb")));
+}

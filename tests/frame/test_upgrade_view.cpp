@@ -1,0 +1,263 @@
+// The base upgrade window's view on real bases from the model, real upgrade
+// files and a real package, with the person's choices scripted.
+
+#include "src/base/zip.h"
+#include "src/store/database.h"
+#include "src/store/save.h"
+#include "src/frame/upgrade.h"
+#include "src/frame/upgrade_view.h"
+#include "support/app_fixture.h"
+#include "support/temp_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::read_bytes;
+using plouvarine::testing::write_bytes;
+
+namespace {
+
+const QString kConnectionError = QStringLiteral("Erreur lors de la connexion à la base.");
+const QString kLabelHead = QStringLiteral("Package dispo pour upgrade vers version ");
+
+const QString kUpgradeTo3 = QStringLiteral("[INFO]\nVersion finale=3\n"
+                                           "[FROM 1]\nmaj1=CREATE TABLE Bassin_Historique (Num INTEGER, Nom TEXT)\n"
+                                           "maj2=INSERT INTO Bassin_Historique VALUES (1, 'Piscine Saint-Georges')\n"
+                                           "[FROM 2]\nmaj1=ALTER TABLE Bassin_Historique ADD COLUMN Longueur INTEGER\n"
+                                           "maj2=UPDATE Bassin_Historique SET Longueur = 25\n");
+
+class UpgradeViewTest : public AppFixture {
+protected:
+    void write_upgrade_file(const QString& content)
+    {
+        ASSERT_TRUE(write_bytes(upgrade_file_path(*app), content.toUtf8()));
+    }
+
+    // A base from the model at `version`, closed.
+    QString base_at(const QString& version, const QString& name = QStringLiteral("club.mdb"))
+    {
+        const QString path = make_base(name);
+        Database db;
+        db.open(path);
+        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
+        db.close();
+        return path;
+    }
+
+    // A value read from a closed base, which is left closed.
+    static QString read_value(const QString& base, const QString& sql)
+    {
+        Database db;
+        db.open(base);
+        const QString value = db.load_rows(sql).first();
+        db.close();
+        return value;
+    }
+};
+
+}  // namespace
+
+// ---- Load and unload ----------------------------------------------------------------
+
+TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
+{
+    const QString base = base_at(QStringLiteral("3"));
+    connect(base);
+    app->db.set_last_close(QStringLiteral("False"));
+
+    UpgradeView view(*app);
+    view.load();
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(QFile::exists(Database::lock_path(base)));
+    // Closed in good order: the flag says so in the file.
+    EXPECT_EQ(read_value(base, QStringLiteral("select LastClose from Info")), QStringLiteral("Vrai"));
+    EXPECT_EQ(app->state.base_path, base);
+
+    view.unload();
+    ASSERT_TRUE(app->db.is_open());
+    EXPECT_EQ(app->db.path(), base);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(UpgradeViewTest, WithNoBaseInUseLoadAndUnloadOpenNothing)
+{
+    UpgradeView view(*app);
+    view.load();
+    view.unload();
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(UpgradeViewTest, UnloadReportsABaseThatCannotBeOpenedAgain)
+{
+    const QString base = base_at(QStringLiteral("3"));
+    connect(base);
+    UpgradeView view(*app);
+    view.load();
+    // Meanwhile the file has become something that is no base.
+    ASSERT_TRUE(write_bytes(base, "liste des nageurs\n"));
+
+    view.unload();
+    EXPECT_FALSE(app->db.is_open());
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
+    EXPECT_EQ(ui.messages[0].text, kConnectionError);
+    EXPECT_EQ(read_bytes(base), QByteArray("liste des nageurs\n"));
+}
+
+// ---- Choosing --------------------------------------------------------------------------
+
+TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
+{
+    UpgradeView view(*app);
+    view.load();
+    const QString good = base_at(QStringLiteral("1"));
+
+    // Cancel: nothing chosen, nothing said.
+    EXPECT_FALSE(view.choose_base());
+    EXPECT_TRUE(view.txt_base().isEmpty());
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ui.file_requests.size(), 1u);
+    EXPECT_EQ(ui.file_requests[0].title, QStringLiteral("Sélection d'une Base"));
+    EXPECT_EQ(ui.file_requests[0].filter, QStringLiteral("Base de données (*.mdb)|*.mdb"));
+    EXPECT_FALSE(ui.file_requests[0].save);
+
+    ui.files.push_back(good);
+    EXPECT_TRUE(view.choose_base());
+    EXPECT_EQ(view.txt_base(), good);
+
+    // A base under another extension, even an upper-case one, is refused, and
+    // the base chosen before stays.
+    const QString upper = work_file(QStringLiteral("autre.MDB"));
+    ASSERT_TRUE(QFile::copy(good, upper));
+    for (const QString& wrong : {upper, save_path(good), work_file(QStringLiteral("nageurs.txt"))}) {
+        ui.clear();
+        ui.files.push_back(wrong);
+        EXPECT_FALSE(view.choose_base()) << wrong.toStdString();
+        EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Le fichier sélectionné n'est pas une base reconnue.")});
+        EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
+        EXPECT_EQ(view.txt_base(), good);
+    }
+}
+
+TEST_F(UpgradeViewTest, APackageMustBeNamedMajBaseZip)
+{
+    UpgradeView view(*app);
+    view.load();
+    for (const QString& wrong : {work_file(QStringLiteral("maj_base (1).zip")), work_file(QStringLiteral("MAJ_BASE.ZIP")),
+                                 work_file(QStringLiteral("maj_soft_2.zip"))}) {
+        ui.files.push_back(wrong);
+        EXPECT_FALSE(view.choose_package()) << wrong.toStdString();
+        EXPECT_TRUE(view.txt_rep().isEmpty());
+    }
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    ui.files.push_back(package);
+    EXPECT_TRUE(view.choose_package());
+    EXPECT_EQ(view.txt_rep(), package);
+    for (const FileDialogRequest& r : ui.file_requests)
+        EXPECT_EQ(r.filter, QStringLiteral("Package maj base (maj_base.zip)|maj_base.zip"));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
+{
+    UpgradeView view(*app);
+    view.load();
+    EXPECT_FALSE(view.run_enabled());
+    view.set_txt_base(QStringLiteral("   "));
+    EXPECT_FALSE(view.run_enabled());
+
+    ui.files.push_back(base_at(QStringLiteral("1")));
+    ASSERT_TRUE(view.choose_base());
+    EXPECT_TRUE(view.run_enabled());
+
+    UpgradeView package_only(*app);
+    package_only.load();
+    ui.files.push_back(work_file(QStringLiteral("maj_base.zip")));
+    ASSERT_TRUE(package_only.choose_package());
+    EXPECT_TRUE(package_only.run_enabled());
+
+    // With nothing chosen, running does nothing at all.
+    UpgradeView nothing(*app);
+    nothing.load();
+    ui.clear();
+    nothing.run();
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_EQ(ui.max_wait_depth, 0);
+}
+
+TEST_F(UpgradeViewTest, TheLabelTellsTheVersionOfTheUpgradeFile)
+{
+    {
+        UpgradeView view(*app);
+        view.load();
+        EXPECT_TRUE(view.package_label().isEmpty());
+    }
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=4\n"));
+    UpgradeView view(*app);
+    view.load();
+    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("4"));
+}
+
+// ---- Running ---------------------------------------------------------------------------
+
+TEST_F(UpgradeViewTest, RunBringsABaseFromVersion1To3)
+{
+    write_upgrade_file(kUpgradeTo3);
+    const QString base = base_at(QStringLiteral("1"));
+
+    UpgradeView view(*app);
+    view.load();
+    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("3"));
+    ui.files.push_back(base);
+    ASSERT_TRUE(view.choose_base());
+    view.run();
+
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
+    ASSERT_EQ(ui.reports.size(), 1u);
+    EXPECT_EQ(ui.reports[0].title, QStringLiteral("Mise à jour de la base"));
+    EXPECT_EQ(ui.reports[0].lines.back().text,
+              QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie."));
+    // The run worked under the wait cursor and gave it back.
+    EXPECT_GE(ui.max_wait_depth, 1);
+    EXPECT_EQ(ui.wait_depth, 0);
+    EXPECT_TRUE(ui.status[2].isEmpty());
+
+    // The base is closed, at version 3, with both steps' statements in it, and
+    // the save made for the run is gone.
+    EXPECT_FALSE(app->db.is_open());
+    EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_EQ(read_value(base, QStringLiteral("SELECT Version FROM Info")), QStringLiteral("3"));
+    EXPECT_EQ(read_value(base, QStringLiteral("select Nom from Bassin_Historique where Longueur = 25")),
+              QStringLiteral("Piscine Saint-Georges"));
+    EXPECT_EQ(read_value(base, QStringLiteral("select LastClose from Info")), QStringLiteral("Vrai"));
+}
+
+TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
+    const QString base = base_at(QStringLiteral("1"));
+    QTemporaryDir content;
+    ASSERT_TRUE(write_bytes(content.filePath(QStringLiteral("maj_base.ini")), kUpgradeTo3.toUtf8()));
+    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    ASSERT_TRUE(zip_folder(package, content.path()));
+
+    UpgradeView view(*app);
+    view.load();
+    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("1"));
+    ui.files.push_back(package);
+    ASSERT_TRUE(view.choose_package());
+    ui.files.push_back(base);
+    ASSERT_TRUE(view.choose_base());
+    view.run();
+
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("3"));
+    EXPECT_EQ(read_bytes(upgrade_file_path(*app)), kUpgradeTo3.toUtf8());
+    EXPECT_EQ(read_value(base, QStringLiteral("SELECT Version FROM Info")), QStringLiteral("3"));
+    EXPECT_TRUE(QDir(app->app_dir()).entryList({QStringLiteral("tmpmajbase*")}, QDir::Dirs).isEmpty());
+}
