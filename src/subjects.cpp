@@ -4,6 +4,7 @@
 #include "src/clubs/club_hooks.h"
 #include "src/competitions/competition_hooks.h"
 #include "src/competitions/utils_compet.h"
+#include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
 
@@ -14,6 +15,7 @@ void install_subject_hooks(AppContext& app)
     install_club_hooks(app);
     install_licence_hooks(app);
     install_competition_hooks(app);
+    install_relay_handoff();
 }
 
 void install_subject_commands(AppContext& app)
