@@ -15,7 +15,6 @@ void install_subject_hooks(AppContext& app)
     install_club_hooks(app);
     install_licence_hooks(app);
     install_competition_hooks(app);
-    install_relay_handoff();
 }
 
 void install_subject_commands(AppContext& app)
@@ -23,6 +22,8 @@ void install_subject_commands(AppContext& app)
     install_club_commands(app);
     install_licence_commands(app);
     install_competition_commands(app);
+    // The competition list's door to the relays.
+    install_relay_handoff();
 }
 
 }  // namespace plouvarine

@@ -130,7 +130,7 @@ private:
         engag_ = new BoundList(QStringLiteral("lsv_engag_relais"), view_.lsv_engag_relais(), view_.engag_selection(),
                                page);
         engag_->on_delete_key = [this] { view_.cmd_add(1); };
-        body->addWidget(engag_, 2);
+        body->addLayout(titled(QStringLiteral("Nageurs du relais, dans l'ordre"), engag_), 2);
         auto* moves = new QVBoxLayout;
         moves->addStretch(1);
         auto* add_row = new QHBoxLayout;
@@ -144,7 +144,7 @@ private:
         body->addLayout(moves);
         nageurs_ = new BoundList(QStringLiteral("lsv_nageurs"), view_.lsv_nageurs(), view_.nageurs_selection(), page);
         nageurs_->on_activated = [this] { view_.cmd_add(0); };
-        body->addWidget(nageurs_, 2);
+        body->addLayout(titled(QStringLiteral("Nageurs de l'équipe"), nageurs_), 2);
         column->addLayout(body, 1);
 
         auto* time_row = new QHBoxLayout;
@@ -160,6 +160,14 @@ private:
         time_row->addStretch(1);
         column->addLayout(time_row);
         return page;
+    }
+
+    static QVBoxLayout* titled(const QString& caption, QWidget* list)
+    {
+        auto* column = new QVBoxLayout;
+        column->addWidget(new QLabel(caption));
+        column->addWidget(list, 1);
+        return column;
     }
 
     QComboBox* combo(const QString& name)
