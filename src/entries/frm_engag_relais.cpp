@@ -422,7 +422,12 @@ bool FrmEngagRelais::save_relay()
     return true;
 }
 
-void FrmEngagRelais::finish()
+bool FrmEngagRelais::save_shown()
+{
+    return composition_ ? save_relay() : save_counts();
+}
+
+void FrmEngagRelais::empty_tempo()
 {
     AppContext& a = app();
     status_text(a.ui, QStringLiteral("Suppression des données temporaires"));
@@ -432,14 +437,18 @@ void FrmEngagRelais::finish()
         msg_erreur(a.ui, kOpError, &e);
     }
     status_text(a.ui, QString());
+}
+
+void FrmEngagRelais::finish()
+{
+    empty_tempo();
     close();
 }
 
 void FrmEngagRelais::cmd_ok()
 {
-    if (composition_ ? !save_relay() : !save_counts())
-        return;
-    finish();
+    if (save_shown())
+        finish();
 }
 
 void FrmEngagRelais::cmd_annuler()
@@ -448,6 +457,14 @@ void FrmEngagRelais::cmd_annuler()
                                     app().state.profile_num, key_))
         return;
     finish();
+}
+
+bool FrmEngagRelais::query_close()
+{
+    if (!save_shown())
+        return false;
+    empty_tempo();
+    return true;
 }
 
 FrmEngagRelais* OuvrirEngagRelais(AppContext& app, const QString& mode, const QString& key, const QString& title,

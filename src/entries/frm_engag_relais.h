@@ -97,6 +97,9 @@ public:
     // Command 0 "Ok" and "&Annuler".
     void cmd_ok();
     void cmd_annuler();
+    // The close box keeps the work as "Ok" does; a failed save keeps the
+    // window open.
+    bool query_close() override;
 
 private:
     struct RelayEvent {
@@ -113,6 +116,8 @@ private:
     void set_count(int row, int value);
     RelayKey relay_key() const;
     QStringList composition_nums() const;
+    bool save_shown();
+    void empty_tempo();
     void finish();
 
     QString mode_;

@@ -3,6 +3,7 @@
 #include "src/base/services.h"
 #include "src/base/text.h"
 #include "src/frame/app_context.h"
+#include "src/licences/removed_swimmers.h"
 
 namespace plouvarine {
 
@@ -180,6 +181,98 @@ void AffecterEquipe(AppContext& app, const EntryScope& scope, const QString& swi
                     QStringLiteral("Equipe = ") + QString::number(team.number) + QStringLiteral(", Equipe_m = ") +
                     bool_text(team.mixed) + QStringLiteral(" where Num_Lic = ") + swimmer + QStringLiteral(" and ") +
                     scope.key_where());
+}
+
+QString team_members_sql(const EntryScope& scope, const Team& team, bool several_clubs)
+{
+    const QString t = scope.nageur_table();
+    QString sql = QStringLiteral("SELECT Licence.Nom, Licence.Prenom, Licence.Licence, ") +
+                  (several_clubs ? QStringLiteral("Club.Intitule,") : QString()) + QStringLiteral(" Licence.Num ") +
+                  QStringLiteral("FROM Licence Licence") + QStringLiteral(",Club Club") + QStringLiteral(", ") + t +
+                  QLatin1Char(' ') + t + QLatin1Char(' ') + QStringLiteral("WHERE ") +
+                  QStringLiteral("Club.Code_federal = Licence.Code_Club AND ") + QStringLiteral("Licence.Num = ") + t +
+                  QStringLiteral(".Num_Lic AND ") + scope.key_where(t + QLatin1Char('.')) + QStringLiteral(" AND ") +
+                  t + QStringLiteral(".Equipe = ") + QString::number(team.number) + QStringLiteral(" AND ") + t +
+                  QStringLiteral(".Equipe_m = ") + bool_text(team.mixed);
+    if (!team.sex.isEmpty())
+        sql += QStringLiteral(" AND Licence.Sexe = '") + team.sex + QLatin1Char('\'');
+    return sql + QStringLiteral(" AND Licence.Visible = true ORDER BY Licence.Nom, Licence.Prenom");
+}
+
+QString team_candidates_sql(AppContext& app, const EntryScope& scope, const Team& team)
+{
+    const bool selection = app.state.club_selection;
+    const QString code = quote_sql(app.state.club_code);
+    QString sql =
+        selection ? QStringLiteral("SELECT Licence.Licence, Licence.Nom, Licence.Prenom, Licence.Num, Club.Intitule ") +
+                        QStringLiteral("FROM Club Club, Licence Licence, Selection Selection ") +
+                        QStringLiteral("WHERE Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic "
+                                       "and ") +
+                        QStringLiteral("Selection.Code_Sel =  '") + code +
+                        QStringLiteral("' and Selection.Visible = true and Licence.Visible = true")
+                  : QStringLiteral("SELECT Licence, Nom, Prenom, Num FROM Licence ") +
+                        QStringLiteral("where Code_Club = '") + code + QStringLiteral("' and Visible = true");
+    const QString t = scope.nageur_table();
+    sql += QStringLiteral(" AND NOT (") + (selection ? QStringLiteral("Licence.") : QString()) +
+           QStringLiteral("Num IN ") + QStringLiteral("(SELECT Num_Lic FROM ") + t + QStringLiteral(" WHERE ") +
+           scope.key_where() + QStringLiteral(" AND NOT (") + t + QStringLiteral(".Equipe = 0 AND ") + t +
+           QStringLiteral(".Equipe_m = false) AND not (") + t + QStringLiteral(".Equipe = ") +
+           QString::number(team.number) + QStringLiteral(" AND ") + t + QStringLiteral(".Equipe_m = ") +
+           bool_text(team.mixed) + QStringLiteral(")))");
+    if (!team.sex.isEmpty())
+        sql += QStringLiteral(" and ") + QStringLiteral("Sexe = '") + team.sex + QLatin1Char('\'');
+    return sql + QStringLiteral(" order by ") + QStringLiteral("Nom, ") + QStringLiteral("Prenom");
+}
+
+bool AjouterDansEquipe(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team)
+{
+    try {
+        const QString count =
+            scope.modele ? QStringLiteral("select count(*) from Engag_nageur_modele ") +
+                               QStringLiteral("where Num_modele = ") + scope.key + QStringLiteral(" And Num_Lic = ") +
+                               swimmer
+                         : QStringLiteral("select count(*) from Engag_nageur where Num_compet = ") + scope.key +
+                               QStringLiteral(" and Num_Lic = ") + swimmer + QStringLiteral(" and Num_profil = ") +
+                               scope.profile;
+        if (app.db.count_query(count) >= 1) {
+            AffecterEquipe(app, scope, swimmer, team);
+            return true;
+        }
+        const QString owner = scope.modele ? QStringLiteral("INSERT INTO Engag_nageur_modele (Num_modele")
+                                           : QStringLiteral("INSERT INTO Engag_nageur (Num_profil, Num_compet");
+        const QString key = scope.modele ? scope.key : scope.profile + QStringLiteral(", ") + scope.key;
+        app.db.exec_sql(owner + QStringLiteral(", Num_Lic") + QStringLiteral(", Equipe, Equipe_m") +
+                        QStringLiteral(") ") + QStringLiteral("VALUES (") + key + QStringLiteral(", ") + swimmer +
+                        QStringLiteral(", ") + QString::number(team.number) + QStringLiteral(", ") +
+                        bool_text(team.mixed) + QStringLiteral(");"));
+    } catch (const std::exception& e) {
+        msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de l'opération."), &e);
+        return false;
+    }
+    return true;
+}
+
+void EffacerEngagNageur(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team)
+{
+    app.db.exec_sql(scope.modele ? QStringLiteral("delete from Engag_modele where Num_modele = ") + scope.key +
+                                       QStringLiteral(" and Num_Lic = ") + swimmer + team.filter()
+                                 : QStringLiteral("delete from Engag where Num_compet = ") + scope.key +
+                                       QStringLiteral(" and Num_Lic = ") + swimmer +
+                                       QStringLiteral(" and Num_profil = ") + scope.profile + team.filter());
+}
+
+bool RetirerDeLEquipe(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team)
+{
+    try {
+        EffacerEngagNageur(app, scope, swimmer, team);
+        AffecterEquipe(app, scope, swimmer, {});
+        if (!scope.modele)
+            RetirerDesRelais(app, swimmer, scope.key, team.number, team.mixed, scope.profile);
+    } catch (const std::exception& e) {
+        msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de l'opération."), &e);
+        return false;
+    }
+    return true;
 }
 
 void SnapNageurCompet(AppContext& app, const QString& num)

@@ -75,6 +75,24 @@ void ExecTemplate(AppContext& app, const QString& sql, const QString& table, int
 // Puts the swimmer in `team` (he has a row in the owner's swimmer table).
 void AffecterEquipe(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team);
 
+// lsv_engag: the swimmers of `team`, with their sex when the team has one:
+// Nom, Prenom, Licence, Club.Intitule with several clubs, Num.
+QString team_members_sql(const EntryScope& scope, const Team& team, bool several_clubs);
+// lsv_licencie: the swimmers who may join `team` (the club's selection when
+// one is in use): Licence, Nom, Prenom, Num, and Club.Intitule for a
+// selection. A member of another team is left out, so a swimmer is in one
+// team at most; individuals and the team's own members stay.
+QString team_candidates_sql(AppContext& app, const EntryScope& scope, const Team& team);
+// Cmd_add for one swimmer: his row in the swimmer table, or his team changed.
+// False, with the message shown, on error.
+bool AjouterDansEquipe(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team);
+// The swimmer's entries in `team` deleted.
+void EffacerEngagNageur(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team);
+// The swimmer leaves `team`: his entries of the team go, he becomes
+// individual and leaves the team's relays. False, with the message shown, on
+// error.
+bool RetirerDeLEquipe(AppContext& app, const EntryScope& scope, const QString& swimmer, const Team& team);
+
 // The snapshots taken at the start of an editing pass.
 void SnapNageurCompet(AppContext& app, const QString& num);
 void SnapNageurModele(AppContext& app, const QString& num);

@@ -24,6 +24,7 @@ protected:
     {
         AppFixture::SetUp();
         connect(make_base());
+        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
         app->state.club_code = QLatin1String(kClub);
         app->state.profile_num = QStringLiteral("1");
         app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, QLatin1String(kClub));

@@ -281,4 +281,23 @@ TEST_F(RelayWindowFlow, MixedTeamTakesBothSexesAndCancelRestores)
     EXPECT_EQ(count(QStringLiteral("select count(*) from Relais_tempo")), 0);
 }
 
+TEST_F(RelayWindowFlow, TheCloseBoxKeepsTheRelayOnShow)
+{
+    install_relay_handoff();
+    relay(58, 1, 1, false);
+    competition_chosen(*app, QString(keyword::kChoixPourEngagementsRelais), compet);
+    auto* view = ui.window_as<FrmEngagRelais>(QString(FrmEngagRelais::kName));
+    ASSERT_NE(view, nullptr);
+    view->set_team_index(1);
+    view->cmd_composition();
+    ASSERT_EQ(view->relay_number(), 1);
+    select_row_at(view->nageurs_selection(), 2);
+    view->cmd_add(0);
+    view->txt_temps = QStringLiteral("4.1");
+    EXPECT_TRUE(ui.close_window(QString(FrmEngagRelais::kName)));
+    EXPECT_EQ(dump(QStringLiteral("select Tps, Licence1, Licence2 from Relais")),
+              QStringList{QStringLiteral("4.1:%1:%2").arg(men[2], app->state.num_lic_nulle)});
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Relais_tempo")), 0);
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 // the snapshots and the work tables. The model tables run the same statements.
 
 #include "src/entries/teams.h"
+#include "src/licences/removed_swimmers.h"
 #include "entries_test_base.h"
 
 using namespace plouvarine;
@@ -204,6 +205,57 @@ TEST_F(Teams, AModelRunsTheSameStatementsOnItsOwnTables)
     EXPECT_EQ(dump(QStringLiteral("select Num_Lic, Equipe from Engag_nageur_modele order by Num_Lic")),
               (QStringList{man + ":2", woman + ":2"}));
     EXPECT_EQ(read_counts(*app, m), (TeamCounts{2, 2, 0}));
+}
+
+TEST_F(Teams, ListsKeepASwimmerInOneTeamOfHisSex)
+{
+    interclubs();
+    const QString free_man = swimmer(QStringLiteral("Floch"), QStringLiteral("M"));
+    const QString free_woman = swimmer(QStringLiteral("Gourvennec"), QStringLiteral("F"));
+    const QString hidden = swimmer(QStringLiteral("Hascoet"), QStringLiteral("M"));
+    exec(QStringLiteral("update Licence set Visible = false where Num = ") + hidden);
+    member(free_man, 0, false);  // an individual may be moved into a team
+    const auto names = [this](const QString& sql, int column) {
+        return app->db.load_rows(sql).column(column);
+    };
+    const Team men1{1, false, QStringLiteral("M")};
+    const Team men3{3, false, QStringLiteral("M")};
+    const Team mixed2{2, true, {}};
+
+    EXPECT_EQ(names(team_members_sql(scope(), men3, false), 0), QStringList{"Bothorel"});
+    EXPECT_EQ(names(team_members_sql(scope(), mixed2, false), 0), (QStringList{"Derrien", "Even"}));
+    EXPECT_EQ(names(team_members_sql(scope(), {3, false, QStringLiteral("F")}, true), 3), QStringList{"Brest Natation"});
+    // Men not in another team: the team's own, the individual, one in no row.
+    EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 1), (QStringList{"Abgrall", "Floch"}));
+    // A mixed team takes both sexes, and keeps its own members.
+    EXPECT_EQ(names(team_candidates_sql(*app, scope(), mixed2), 1),
+              (QStringList{"Derrien", "Even", "Floch", "Gourvennec"}));
+
+    // The same through the club's selection.
+    app->state.club_selection = true;
+    for (const QString& num : {man1, man3, free_man, free_woman})
+        exec(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2)").arg(kClub, num));
+    EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 1), (QStringList{"Abgrall", "Floch"}));
+    EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 4), (QStringList{"Brest Natation", "Brest Natation"}));
+    app->state.club_selection = false;
+
+    // Cmd_add: a new row for a swimmer without one, a move for the others.
+    ASSERT_TRUE(AjouterDansEquipe(*app, scope(), free_man, men1));
+    ASSERT_TRUE(AjouterDansEquipe(*app, scope(), free_woman, mixed2));
+    EXPECT_EQ(names(team_members_sql(scope(), men1, false), 0), (QStringList{"Abgrall", "Floch"}));
+    EXPECT_EQ(names(team_members_sql(scope(), mixed2, false), 0), (QStringList{"Derrien", "Even", "Gourvennec"}));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + free_man), 1);
+
+    // Leaving the team: its entries and relay places go, not the others.
+    relay(57, 1, 3, false, {man1, man3});
+    RetirerDeLEquipe(*app, scope(), man3, men3);
+    EXPECT_EQ(dump(QStringLiteral("select Code_epreuve, Num_equipe from Engag where Num_Lic = ") + man3),
+              QStringList{"53:0"});
+    EXPECT_EQ(value(QStringLiteral("select Equipe from Engag_nageur where Num_Lic = ") + man3), QStringLiteral("0"));
+    EXPECT_EQ(dump(QStringLiteral("select Licence1, Licence2 from Relais where Code_epreuve = 57")),
+              QStringList{man1 + ":" + app->state.num_lic_nulle});
+    EXPECT_EQ(value(QStringLiteral("select Licence1 from Relais where Code_epreuve = 58 and Num_equipe = 3")),
+              app->state.num_lic_nulle);
 }
 
 TEST_F(Teams, AFailedStatementShowsTheMessageAndStops)
