@@ -70,7 +70,8 @@ void FrmEngagRelais::RemplirInfo()
 
 void FrmEngagRelais::set_team_index(int index)
 {
-    if (index == team_index_ || index < 0 || index >= teams_.size())
+    // The team is chosen on the selection page only.
+    if (composition_ || index == team_index_ || index < 0 || index >= teams_.size())
         return;
     if (!save_counts())
         return;

@@ -103,8 +103,11 @@ TEST_F(Relays, CountsAndCompositionStatementsRunAsTheyReachTheBase)
 {
     const Team men1{1, false, QStringLiteral("M")};
     const Team mixed1{1, true, {}};
-    relay(46, 1, 1, true);  // the mixed team's relays are not the men's
+    // The mixed team of the same number, in a mixed and in a men's event.
+    relay(46, 1, 1, true);
     relay(46, 2, 1, true);
+    relay(58, 1, 1, true);
+    relay(58, 2, 1, true);
     std::vector<RelayCount> counts{{QStringLiteral("58"), 4, 3, 0}, {QStringLiteral("46"), 4, 0, 0}};
     ASSERT_TRUE(save_relay_counts(*app, QStringLiteral("1"), compet, men1, counts));
     const QString nulle = app->state.num_lic_nulle;
@@ -121,23 +124,24 @@ TEST_F(Relays, CountsAndCompositionStatementsRunAsTheyReachTheBase)
     const RelayRow row = load_relay(*app, key(QStringLiteral("58"), 2));
     EXPECT_EQ(row.tps, QStringLiteral("3.5512"));
     EXPECT_EQ(row.licences, (QStringList{b, a} + QStringList(8, nulle)));
-    EXPECT_TRUE(load_relay(*app, key(QStringLiteral("58"), 2, mixed1)).licences.isEmpty());
+    EXPECT_TRUE(load_relay(*app, key(QStringLiteral("58"), 3, mixed1)).licences.isEmpty());
 
     // Lowering 3 to 1 deletes relays 2 and 3 with their compositions, and no
     // relay of the mixed team of the same number.
     counts[0].nb_equipe = 1;
     counts[1].nb_equipe = 0;
     ASSERT_TRUE(save_relay_counts(*app, QStringLiteral("1"), compet, men1, counts));
-    EXPECT_EQ(dump(QStringLiteral("select Code_epreuve, Num_Lic, Equipe_mixte from Relais order by Code_epreuve, "
-                                  "Num_Lic")),
-              (QStringList{"46:1:Vrai", "46:2:Vrai", "58:1:Faux"}));
-    // A mixed team's count ignores the event's sex: its relay in a men's event
-    // is its own.
-    std::vector<RelayCount> mixed_counts{{QStringLiteral("46"), 4, 1, 2}, {QStringLiteral("58"), 4, 1, 0}};
+    const auto left = [this] {
+        QStringList rows = dump(QStringLiteral("select Code_epreuve, Num_Lic, Equipe_mixte from Relais"));
+        rows.sort();
+        return rows;
+    };
+    EXPECT_EQ(left(), (QStringList{"46:1:Vrai", "46:2:Vrai", "58:1:Faux", "58:1:Vrai", "58:2:Vrai"}));
+    // A mixed team's count ignores the event's sex: its relays in a men's
+    // event are its own.
+    std::vector<RelayCount> mixed_counts{{QStringLiteral("46"), 4, 1, 2}, {QStringLiteral("58"), 4, 1, 2}};
     ASSERT_TRUE(save_relay_counts(*app, QStringLiteral("1"), compet, mixed1, mixed_counts));
-    QStringList left = dump(QStringLiteral("select Code_epreuve, Num_Lic, Equipe_mixte from Relais"));
-    left.sort();
-    EXPECT_EQ(left, (QStringList{"46:1:Vrai", "58:1:Faux", "58:1:Vrai"}));
+    EXPECT_EQ(left(), (QStringList{"46:1:Vrai", "58:1:Faux", "58:1:Vrai"}));
 
     exec(QStringLiteral("DROP TABLE Relais"));
     std::vector<RelayCount> more{{QStringLiteral("58"), 4, 2, 1}};
