@@ -32,6 +32,20 @@ std::optional<int> current_row(const QItemSelectionModel& selection)
 
 const QString kOpError = QStringLiteral("Une erreur s'est produite lors de l'opération.");
 
+// Runs the reads of a command. A statement that fails has been shown to the
+// person by load_rows already: the command only stops, and says false.
+template <typename Read>
+bool reading(Services& ui, Read&& read)
+{
+    try {
+        read();
+        return true;
+    } catch (const std::exception&) {
+        status_text(ui, QString());
+        return false;
+    }
+}
+
 }  // namespace
 
 FrmEngagRelais::FrmEngagRelais(AppContext& app, const QString& mode, const QString& key)
@@ -61,8 +75,11 @@ void FrmEngagRelais::RemplirInfo()
 {
     AppContext& a = app();
     several_clubs_ = a.state.club_selection;
-    longueur_ = a.db.load_rows(QStringLiteral("select Longueur from Rcomp where AutoNum = ") + key_).first().toInt();
-    teams_ = team_list(read_counts(a, EntryScope::competition(key_, a.state.profile_num)));
+    reading(a.ui, [&] {
+        longueur_ =
+            a.db.load_rows(QStringLiteral("select Longueur from Rcomp where AutoNum = ") + key_).first().toInt();
+        teams_ = team_list(read_counts(a, EntryScope::competition(key_, a.state.profile_num)));
+    });
     team_index_ = 0;
     load_events();
     changed();
@@ -91,8 +108,8 @@ void FrmEngagRelais::load_events()
     if (longueur_ == 50)
         sql += QStringLiteral("AND Possible_50 = true ");
     sql += QStringLiteral("ORDER BY Sexe, distance, Code_nage");
-    const Rows events = a.db.load_rows(sql);
-
+    Rows events;
+    Rows stored;
     // The stored counts: the highest relay number of each event. A mixed
     // team's relays are told by their flag, a men's or women's team's by the
     // event's sex; the individuals' relays are those not mixed.
@@ -109,7 +126,11 @@ void FrmEngagRelais::load_events()
     else
         stored_sql += QStringLiteral(" and Relais.Equipe_mixte = false");
     stored_sql += QStringLiteral(" group by Relais.code_epreuve");
-    const Rows stored = a.db.load_rows(stored_sql);
+    if (!reading(a.ui, [&] {
+            events = a.db.load_rows(sql);
+            stored = a.db.load_rows(stored_sql);
+        }))
+        events = Rows();
 
     loading_ = true;
     events_.removeRows(0, events_.rowCount());
@@ -236,7 +257,8 @@ void FrmEngagRelais::load_relay_events()
         sql += QStringLiteral(" and Relais.Equipe_mixte = false");
     sql += QStringLiteral(" GROUP BY Nage.Libelle, Nage.Code_Nage, Nage.Sexe, Nage.distance, Nage.Nb_nageurs") +
            QStringLiteral(" order by Nage.Sexe, Nage.distance, Nage.Code_nage");
-    const Rows rows = a.db.load_rows(sql);
+    Rows rows;
+    reading(a.ui, [&] { rows = a.db.load_rows(sql); });
     relay_events_.clear();
     relay_labels_.clear();
     for (int r = 0; r < rows.size(); ++r) {
@@ -292,8 +314,6 @@ void FrmEngagRelais::select_relay(int number)
     AppContext& a = app();
     relay_number_ = number;
     status_text(a.ui, QStringLiteral("Affichage de la composition du relais en cours"));
-    const RelayRow row = load_relay(a, relay_key());
-    txt_temps = text_to_double(row.tps) > 0 ? normalise_temps(row.tps) : QString();
     composition_list_.clear();
     QStringList headers{QStringLiteral("Nom"), QStringLiteral("Prénom"), QStringLiteral("Licence")};
     if (several_clubs_)
@@ -308,17 +328,29 @@ void FrmEngagRelais::select_relay(int number)
                                   QStringLiteral("Selection.Num_Lic = <NUM_LICENCE>")
                             : QStringLiteral("SELECT Nom, Prenom, Licence") + QStringLiteral(" FROM Licence ") +
                                   QStringLiteral(" WHERE Visible = true") + QStringLiteral(" AND Num = <NUM_LICENCE>");
-    for (const QString& num : row.licences) {
-        if (num.isEmpty() || num == a.state.num_lic_nulle)
-            continue;
-        const Rows swimmer = a.db.load_rows(QString(one).replace(QStringLiteral("<NUM_LICENCE>"), num));
-        if (swimmer.empty())
-            continue;  // deleted since: the place shows nothing
-        QList<QStandardItem*> items;
-        for (int c = 0; c < swimmer.column_count(); ++c)
-            items << cell(swimmer.value(0, c));
-        composition_list_.appendRow(items);
-        set_row_key(composition_list_, composition_list_.rowCount() - 1, num);
+    const bool read = reading(a.ui, [&] {
+        const RelayRow row = load_relay(a, relay_key());
+        txt_temps = text_to_double(row.tps) > 0 ? normalise_temps(row.tps) : QString();
+        for (const QString& num : row.licences) {
+            if (num.isEmpty() || num == a.state.num_lic_nulle)
+                continue;
+            const Rows swimmer = a.db.load_rows(QString(one).replace(QStringLiteral("<NUM_LICENCE>"), num));
+            if (swimmer.empty())
+                continue;  // deleted since: the place shows nothing
+            QList<QStandardItem*> items;
+            for (int c = 0; c < swimmer.column_count(); ++c)
+                items << cell(swimmer.value(0, c));
+            composition_list_.appendRow(items);
+            set_row_key(composition_list_, composition_list_.rowCount() - 1, num);
+        }
+    });
+    if (!read) {
+        // A relay half read is not shown, so that no save can write it back.
+        relay_number_ = 0;
+        composition_list_.removeRows(0, composition_list_.rowCount());
+        txt_temps.clear();
+        changed();
+        return;
     }
     load_members();
     status_text(a.ui, QString());
@@ -346,7 +378,7 @@ void FrmEngagRelais::load_members()
     std::vector<int> columns{0, 1, 2};
     if (several_clubs_)
         columns.push_back(3);
-    fill_collections(a.db, sql, {ListFill{&members_, columns, key_column}});
+    reading(a.ui, [&] { fill_collections(a.db, sql, {ListFill{&members_, columns, key_column}}); });
     QStringList headers{QStringLiteral("Nom"), QStringLiteral("Prénom"), QStringLiteral("Licence")};
     if (several_clubs_)
         headers << QStringLiteral("Club Origine");
@@ -395,8 +427,11 @@ void FrmEngagRelais::cmd_caltps()
     for (int r = 0; r < composition_list_.rowCount(); ++r)
         swimmers.push_back({row_key(composition_list_, r), composition_list_.item(r, 0)->text(),
                             composition_list_.item(r, 1)->text()});
-    const RelayTime result =
-        calcul_temps_relais(app(), relay_events_[size_t(relay_event_index_)].libelle, swimmers, longueur_);
+    RelayTime result;
+    if (!reading(app().ui, [&] {
+            result = calcul_temps_relais(app(), relay_events_[size_t(relay_event_index_)].libelle, swimmers, longueur_);
+        }))
+        return;
     if (result.ok())
         txt_temps = result.time;
     else

@@ -304,4 +304,26 @@ TEST_F(RelayWindowFlow, TheCloseBoxKeepsTheRelayOnShow)
     EXPECT_EQ(count(QStringLiteral("select count(*) from Relais_tempo")), 0);
 }
 
+TEST_F(RelayWindowFlow, ARelayThatCannotBeReadIsNotShownNorSaved)
+{
+    relay(58, 1, 1, false, {men[0]});
+    relay(58, 2, 1, false, {men[1], men[2]});
+    FrmEngagRelais* view = OuvrirEngagRelais(*app, QString(keyword::kModif), compet, QStringLiteral("Relais"));
+    ASSERT_NE(view, nullptr);
+    view->set_team_index(1);
+    view->cmd_composition();
+    ASSERT_EQ(view->lsv_engag_relais().rowCount(), 1);
+    exec(QStringLiteral("ALTER TABLE Licence RENAME TO Licence_ailleurs"));
+    select_row_at(view->num_selection(), 1);
+    EXPECT_EQ(view->relay_number(), 0);
+    EXPECT_EQ(view->lsv_engag_relais().rowCount(), 0);
+    EXPECT_TRUE(messages().last().contains(QStringLiteral("n'a pu être exécutée")));
+    view->cmd_caltps();
+    view->cmd_ok();
+    EXPECT_TRUE(view->is_closed());
+    EXPECT_EQ(dump(QStringLiteral("select Num_Lic, Licence1, Licence2 from Relais order by Num_Lic")),
+              (QStringList{QStringLiteral("1:%1:%2").arg(men[0], app->state.num_lic_nulle),
+                           QStringLiteral("2:%1:%2").arg(men[1], men[2])}));
+}
+
 }  // namespace
