@@ -2,6 +2,7 @@
 
 #include "gui/frame/time_field_binding.h"
 #include "gui/frame/window_parts.h"
+#include "src/base/utils_time.h"
 #include "src/entries/frm_engag_relais.h"
 #include "src/frame/app_context.h"
 
@@ -154,6 +155,13 @@ private:
         temps_->setMaximumWidth(100);
         bind_time_field(view_.app().ui, temps_);
         connect(temps_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.txt_temps = t; });
+        // A time left is shown in its canonical form, as it will be stored.
+        connect(temps_, &QLineEdit::editingFinished, this, [this] {
+            if (!view_.txt_temps.trimmed().isEmpty()) {
+                view_.txt_temps = normalise_temps(view_.txt_temps);
+                set_text(temps_, view_.txt_temps);
+            }
+        });
         time_row->addWidget(temps_);
         caltps_ = add_button(time_row, QStringLiteral("Cmd_caltps"), QStringLiteral("Calculer le temps"),
                              [this] { view_.cmd_caltps(); });
