@@ -230,8 +230,11 @@ void Database::close()
         sqlite3_close_v2(db_);
         db_ = nullptr;
     }
-    if (lock_fd_ >= 0 && !path_.isEmpty()) {
-        ::unlink(QFile::encodeName(lock_path(path_)).constData());
+    if (lock_fd_ >= 0) {
+        // Removed while still held, so that no other process locks a file
+        // about to lose its name (take_lock checks the name after its lock).
+        if (!path_.isEmpty())
+            ::unlink(QFile::encodeName(lock_path(path_)).constData());
         ::close(lock_fd_);
         lock_fd_ = -1;
     }
