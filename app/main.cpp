@@ -12,8 +12,13 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <sys/stat.h>
+
 int main(int argc, char** argv)
 {
+    // The bases hold personal data of minors: whatever the program or a
+    // library makes (reports, exports, the engine's files) is for the user only.
+    ::umask(077);
     QApplication qapp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Plouvarine"));
     QApplication::setOrganizationName(QStringLiteral("Plouvarine"));

@@ -163,13 +163,19 @@ void MainWindow::trigger(const QString& command)
 {
     if (!app_.menus.is_enabled(command))
         return;
-    const auto it = commands_.constFind(command);
-    if (it != commands_.cend() && *it) {
-        (*it)();
-        return;
+    // An error no command expected ends that command with its message, never
+    // the program.
+    try {
+        const auto it = commands_.constFind(command);
+        if (it != commands_.cend() && *it) {
+            (*it)();
+            return;
+        }
+        if (const CommandTable::Run* run = app_.commands.find(command); run && *run)
+            (*run)(app_);
+    } catch (const std::exception& e) {
+        msg_erreur(app_.ui, QStringLiteral("Une erreur s'est produite."), &e);
     }
-    if (const CommandTable::Run* run = app_.commands.find(command); run && *run)
-        (*run)(app_);
 }
 
 QAction* MainWindow::action(const QString& name) const

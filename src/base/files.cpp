@@ -4,8 +4,13 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStorageInfo>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace plouvarine {
 
@@ -70,24 +75,152 @@ QString unique_folder(const QString& name, const QString& folder)
     return candidate;
 }
 
-bool copy_file_over(const QString& source, const QString& target)
+WholeFile::WholeFile(const QString& target) : target_(target)
 {
-    QFile in(source);
-    if (!in.open(QIODevice::ReadOnly))
+    QByteArray name = QFile::encodeName(partial_prefix(target) + QStringLiteral("XXXXXX"));
+    fd_ = ::mkostemp(name.data(), O_CLOEXEC);  // made 0600
+    if (fd_ < 0) {
+        errno_ = errno;
+        return;
+    }
+    temporary_ = QFile::decodeName(name);
+    struct stat st;
+    if (::stat(QFile::encodeName(target).constData(), &st) == 0 && ::fchmod(fd_, st.st_mode & 07777) != 0)
+        fail(errno);
+}
+
+WholeFile::~WholeFile()
+{
+    if (fd_ >= 0)
+        ::close(fd_);
+    if (!temporary_.isEmpty())
+        ::unlink(QFile::encodeName(temporary_).constData());
+}
+
+bool WholeFile::fail(int number)
+{
+    if (errno_ == 0)
+        errno_ = number ? number : EIO;
+    return false;
+}
+
+bool WholeFile::write(const char* data, qint64 size)
+{
+    if (errno_ != 0 || fd_ < 0)
+        return fail(EBADF);
+    while (size > 0) {
+        const ssize_t n = ::write(fd_, data, size_t(size));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)  // a short write is retried; the one after it tells the cause
+            return fail(n < 0 ? errno : ENOSPC);
+        data += n;
+        size -= n;
+    }
+    return true;
+}
+
+bool WholeFile::commit()
+{
+    if (errno_ != 0 || fd_ < 0)
+        return fail(EBADF);
+    if (::fsync(fd_) != 0)
+        return fail(errno);
+    const int fd = fd_;
+    fd_ = -1;
+    if (::close(fd) != 0)
+        return fail(errno);
+    if (::rename(QFile::encodeName(temporary_).constData(), QFile::encodeName(target_).constData()) != 0)
+        return fail(errno);
+    temporary_.clear();
+    // The rename itself reaches the disk with the folder.
+    const int dir = ::open(QFile::encodeName(parent_folder(target_, false)).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+    }
+    return true;
+}
+
+QString WholeFile::error_text() const
+{
+    return error_cause(errno_) + QStringLiteral(" : ") + target_;
+}
+
+QString error_cause(int number)
+{
+    switch (number) {
+    case ENOSPC: case EFBIG: case EDQUOT: return QStringLiteral("Disque plein");
+    case EACCES: case EPERM: return QStringLiteral("Permission refusée");
+    case EROFS: return QStringLiteral("Disque en lecture seule");
+    case ENOENT: case ENOTDIR: return QStringLiteral("Chemin d'accès introuvable");
+    case EIO: return QStringLiteral("Erreur d'entrée/sortie");
+    default: return QStringLiteral("Erreur d'accès au fichier (") + QString::fromLocal8Bit(std::strerror(number)) + QLatin1Char(')');
+    }
+}
+
+bool copy_file_over(const QString& source, const QString& target, QString* cause)
+{
+    const auto failed = [&](const QString& text) {
+        if (cause)
+            *cause = text;
         return false;
-    QSaveFile out(target);
-    if (!out.open(QIODevice::WriteOnly))
-        return false;
-    while (!in.atEnd()) {
-        const QByteArray chunk = in.read(kCopyChunk);
-        if (chunk.isEmpty() || out.write(chunk) != chunk.size())
+    };
+    const int in = ::open(QFile::encodeName(source).constData(), O_RDONLY | O_CLOEXEC);
+    if (in < 0)
+        return failed(error_cause(errno) + QStringLiteral(" : ") + source);
+    WholeFile out(target);
+    QByteArray chunk(kCopyChunk, Qt::Uninitialized);
+    for (;;) {
+        const ssize_t n = ::read(in, chunk.data(), size_t(chunk.size()));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0) {
+            const int number = errno;
+            ::close(in);
+            return failed(error_cause(number) + QStringLiteral(" : ") + source);
+        }
+        if (n == 0)
+            break;
+        if (!out.write(chunk.constData(), n))
             break;
     }
-    if (!in.atEnd() || in.error() != QFileDevice::NoError) {
-        out.cancelWriting();  // the temporary file goes with `out`
+    ::close(in);
+    if (!out.commit())
+        return failed(out.error_text());
+    return true;
+}
+
+bool settle_file(const QString& path, int mode)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
         return false;
-    }
-    return out.commit();
+    const bool ok = ::fchmod(fd, mode_t(mode)) == 0 && ::fsync(fd) == 0;
+    return ::close(fd) == 0 && ok;
+}
+
+bool make_private_folder(const QString& path)
+{
+    if (QFileInfo(path).isDir())
+        return true;
+    const QString parent = QFileInfo(path).absolutePath();
+    if (parent != path && !make_private_folder(parent))
+        return false;
+    return ::mkdir(QFile::encodeName(path).constData(), 0700) == 0 || (errno == EEXIST && QFileInfo(path).isDir());
+}
+
+int file_mode(const QString& path)
+{
+    struct stat st;
+    if (::stat(QFile::encodeName(path).constData(), &st) != 0)
+        return 0600;
+    return int(st.st_mode & 07777);
+}
+
+QString partial_prefix(const QString& target)
+{
+    return target + QStringLiteral(".part");
 }
 
 QString copy_unique(const QString& path, const QString& folder)
@@ -123,13 +256,12 @@ bool delete_file_forced(const QString& path)
     return file.remove();
 }
 
-void delete_folder(const QString& path)
+bool delete_folder(const QString& path)
 {
-    QDir dir(path);
-    const QStringList files = dir.entryList(QDir::Files | QDir::Hidden | QDir::System);
-    for (const QString& name : files)
-        delete_file_forced(dir.filePath(name));
-    QDir().rmdir(path);
+    if (!QFileInfo::exists(path) && !QFileInfo(path).isSymLink())
+        return true;
+    QDir(path).removeRecursively();
+    return !QFileInfo::exists(path);
 }
 
 bool is_zip(const QString& path)

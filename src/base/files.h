@@ -28,9 +28,50 @@ QString unique_name(const QString& path, const QString& folder);
 // by a counter from 1: "tmpexpimp", then "tmpexpimp1", "tmpexpimp2"...
 QString unique_folder(const QString& name, const QString& folder);
 
-// Copies `source` over `target`. The copy is written beside the target and
-// renamed over it at the end, so that a failure leaves the old target whole.
-bool copy_file_over(const QString& source, const QString& target);
+// A file written whole or not at all. The data goes to a temporary file beside
+// the target, made for the user only (or with the mode of the file it
+// replaces); every write is checked for its count, and commit() flushes the
+// data to the disk and renames the file over the target. Until then the old
+// target stays as it was; a writer dropped without commit removes its file.
+class WholeFile {
+public:
+    explicit WholeFile(const QString& target);
+    ~WholeFile();
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+
+    bool write(const char* data, qint64 size);
+    bool commit();
+    // The errno of the first failure (0 when none) and its cause in French,
+    // with the path: "Disque plein : /x/club.mdb".
+    int error_number() const { return errno_; }
+    QString error_text() const;
+
+private:
+    bool fail(int number);
+
+    QString target_;
+    QString temporary_;
+    int fd_ = -1;
+    int errno_ = 0;
+};
+
+// A system error number in French, as the person can act on it.
+QString error_cause(int number);
+
+// Copies `source` over `target` through a WholeFile, so that a failure leaves
+// the old target whole. `cause`, when given, receives the reason of a failure.
+bool copy_file_over(const QString& source, const QString& target, QString* cause = nullptr);
+// Flushes a file that another writer (the engine, the zip library) finished
+// to the disk and gives it `mode`. False when it cannot be done.
+bool settle_file(const QString& path, int mode);
+// Makes the folder and its missing parents for the user only (0700).
+bool make_private_folder(const QString& path);
+// The mode bits of a file, or 0600 when it does not exist.
+int file_mode(const QString& path);
+// The temporary files that WholeFile leaves beside `target` when the process
+// is killed before commit ("club.mdb.partXXXXXX").
+QString partial_prefix(const QString& target);
 // A copy of the file under `unique_name` in the folder; gives the new path, or
 // the empty text when the copy failed.
 QString copy_unique(const QString& path, const QString& folder);
@@ -40,9 +81,9 @@ QString move_file(const QString& path, const QString& folder);
 
 // Deletes a file even if it is read-only. True when the file was deleted.
 bool delete_file_forced(const QString& path);
-// Deletes every file of the folder, forced, then the folder itself, which
-// stays if it still holds something. Errors are ignored, step by step.
-void delete_folder(const QString& path);
+// Deletes the folder with everything below it. True when nothing of it is left;
+// a failure part way leaves the rest where it is.
+bool delete_folder(const QString& path);
 
 // True when the extension is "zip", exactly (so "a.ZIP" is not).
 bool is_zip(const QString& path);

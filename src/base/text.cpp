@@ -30,6 +30,9 @@ qsizetype take_digits(const QString& s, qsizetype i, QByteArray& out)
 QString quote_sql(const QString& text)
 {
     QString quoted = text;
+    // The engine reads a statement up to its first NUL: one inside a value
+    // would cut the statement there.
+    quoted.remove(QChar(u'\0'));
     return quoted.replace(QLatin1Char('\''), QLatin1String("''"));
 }
 

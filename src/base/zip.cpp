@@ -9,11 +9,11 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <zip.h>
 
 #include <cerrno>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -116,14 +116,16 @@ FileError file_error(zip_error_t* error, const QString& path)
     throw e;
 }
 
-[[noreturn]] void fail_save(const QSaveFile& out, const QString& path)
+[[noreturn]] void fail_write(const WholeFile& out)
 {
     int number = kAccessError;
-    if (out.error() == QFileDevice::ResourceError)
-        number = kDiskFull;
-    else if (out.error() == QFileDevice::OpenError || out.error() == QFileDevice::PermissionsError)
-        number = kPermissionDenied;
-    fail(number, path, out.errorString());
+    switch (out.error_number()) {
+    case ENOSPC: case EFBIG: case EDQUOT: number = kDiskFull; break;
+    case EACCES: case EPERM: case EROFS: number = kPermissionDenied; break;
+    case ENOENT: case ENOTDIR: number = kPathNotFound; break;
+    default: break;
+    }
+    throw FileError(number, out.error_text());
 }
 
 // ---- writing ----
@@ -167,11 +169,15 @@ void add_file(zip_t* z, const QString& file, const QString& name, const QString&
         fail(zip_get_error(z), archive);
 }
 
-void commit(Archive z, const QString& archive)
+// libzip checks its writes and renames its temporary file over the archive
+// only when complete; the archive then reaches the disk with `mode`.
+void commit(Archive z, const QString& archive, int mode)
 {
     if (zip_close(z.get()) < 0)
         fail(zip_get_error(z.get()), archive);  // `z` is discarded on the way out
     z.release();  // zip_close freed it
+    if (!settle_file(archive, mode))
+        fail(kAccessError, archive, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 // libzip writes no file for an archive without entries; an empty folder still
@@ -180,9 +186,9 @@ void write_empty_archive(const QString& archive)
 {
     QByteArray record("PK\x05\x06", 4);
     record.append(18, '\0');
-    QSaveFile out(archive);
-    if (!out.open(QIODevice::WriteOnly) || out.write(record) != record.size() || !out.commit())
-        fail_save(out, archive);
+    WholeFile out(archive);
+    if (!out.write(record.constData(), record.size()) || !out.commit())
+        fail_write(out);
 }
 
 // ---- reading ----
@@ -218,11 +224,7 @@ void extract_entry(zip_t* z, zip_uint64_t index, const QString& target, const QS
     zip_file_t* entry = zip_fopen_index(z, index, 0);
     if (!entry)
         fail(zip_get_error(z), archive);
-    QSaveFile out(target);
-    if (!out.open(QIODevice::WriteOnly)) {
-        zip_fclose(entry);
-        fail_save(out, target);
-    }
+    WholeFile out(target);
     QByteArray buffer(kReadChunk, Qt::Uninitialized);
     for (;;) {
         const zip_int64_t n = zip_fread(entry, buffer.data(), zip_uint64_t(buffer.size()));
@@ -234,12 +236,12 @@ void extract_entry(zip_t* z, zip_uint64_t index, const QString& target, const QS
             zip_fclose(entry);
             throw error;
         }
-        if (out.write(buffer.constData(), n) != n)
+        if (!out.write(buffer.constData(), n))
             break;
     }
     zip_fclose(entry);
     if (!out.commit())
-        fail_save(out, target);
+        fail_write(out);
 
     zip_stat_t st;
     if (zip_stat_index(z, index, 0, &st) == 0 && (st.valid & ZIP_STAT_MTIME)) {
@@ -254,9 +256,10 @@ void extract_entry(zip_t* z, zip_uint64_t index, const QString& target, const QS
 bool zip_file(const QString& archive, const QString& file, const QString& name_in_archive)
 {
     check_readable(file);
+    const int mode = file_mode(archive);
     Archive z = open_for_writing(archive);
     add_file(z.get(), file, name_in_archive.isEmpty() ? file_name(file) : name_in_archive, archive);
-    commit(std::move(z), archive);
+    commit(std::move(z), archive, mode);
     return true;
 }
 
@@ -280,10 +283,11 @@ bool zip_folder(const QString& archive, const QString& folder)
     }
     for (const QString& name : names)
         check_readable(root.filePath(name));
+    const int mode = file_mode(archive);
     Archive z = open_for_writing(archive);
     for (const QString& name : names)
         add_file(z.get(), root.filePath(name), name, archive);
-    commit(std::move(z), archive);
+    commit(std::move(z), archive, mode);
     return true;
 }
 
@@ -307,7 +311,7 @@ bool unzip_archive(const QString& archive, const QString& folder)
         targets.push_back({*relative, name.endsWith(QLatin1Char('/')) || name.endsWith(QLatin1Char('\\'))});
     }
 
-    if (!QDir().mkpath(folder))
+    if (!make_private_folder(folder))
         fail(kPathNotFound, folder);
     const QDir base(folder);
     const QString root = QFileInfo(folder).canonicalFilePath();
@@ -317,7 +321,7 @@ bool unzip_archive(const QString& archive, const QString& folder)
             continue;
         const QString target = base.filePath(entry.relative);
         const QString parent = entry.folder ? target : QFileInfo(target).absolutePath();
-        if (!QDir().mkpath(parent))
+        if (!make_private_folder(parent))
             fail(kPathNotFound, parent);
         // A link already in the folder must not carry an entry elsewhere.
         if (!inside(root, parent))
@@ -356,7 +360,7 @@ bool unzip_file(Services& ui, const QString& archive, const QString& folder)
 QString unpack_package(Services& ui, const QString& app_dir, const QString& name, const QString& archive)
 {
     const QString folder = unique_folder(name, app_dir);
-    if (!QDir().mkpath(folder)) {
+    if (!make_private_folder(folder)) {
         const FileError error(kPathNotFound, label(kPathNotFound) + QStringLiteral(" : ") + folder);
         msg_erreur(ui, kUncompressFailed, &error);
         return {};

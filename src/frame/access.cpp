@@ -14,13 +14,19 @@ const QString kStatusRestore = QStringLiteral("Restauration de la sauvegarde");
 
 }  // namespace
 
-bool connect_base(AppContext& app)
+bool connect_base(AppContext& app, std::optional<Error>* failure)
 {
     close_base(app);
     status_text(app.ui, QStringLiteral("Ouverture de la base"));
     try {
         app.db.open(app.state.base_path);
-    } catch (const Error&) {
+        clean_leftovers(app.state.base_path, app.tempo_dir());
+    } catch (const std::exception& e) {
+        if (failure) {
+            const auto* known = dynamic_cast<const Error*>(&e);
+            failure->emplace(known ? *known : Error(0, QString::fromLocal8Bit(e.what())));
+        }
+        app.db.close();
         status_text(app.ui, QString());
         return false;
     }
@@ -34,7 +40,7 @@ void close_base(AppContext& app)
         return;
     try {
         app.db.set_last_close(QStringLiteral("True"));
-    } catch (const Error&) {
+    } catch (const std::exception&) {
         // A base that cannot take the flag (no Info table, read-only) still closes.
     }
     app.db.close();

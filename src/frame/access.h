@@ -1,13 +1,18 @@
 #pragma once
 // Opening and closing the base in use, on the application's one connection.
 
+#include "src/base/errors.h"
+
+#include <optional>
+
 namespace plouvarine {
 
 class AppContext;
 
 // Closes the open base in good order, then opens the base at state.base_path.
-// Gives false on any failure; the caller composes its message with msg_erreur_base.
-bool connect_base(AppContext& app);
+// Gives false on any failure; the caller composes its message with msg_erreur_base,
+// with the engine's error that `failure`, when given, receives.
+bool connect_base(AppContext& app, std::optional<Error>* failure = nullptr);
 // Writes LastClose true and closes; with no open connection does nothing.
 void close_base(AppContext& app);
 

@@ -129,8 +129,9 @@ void open_base_command(AppContext& app)
         app.enable_menus(false);
         finish();
     };
-    if (!connect_base(app)) {
-        msg_erreur_base(app.ui, QString());
+    std::optional<Error> failure;
+    if (!connect_base(app, &failure)) {
+        msg_erreur_base(app.ui, QString(), failure ? &*failure : nullptr);
         give_up();
         return;
     }
@@ -183,8 +184,9 @@ void close_command(AppContext& app)
     if (msg_confirm(app.ui, kLoseUnsaved, kDefaultNo) == Button::Yes) {
         app.enable_menus(false);
         close_base(app);
-        restore_save(app.base_file());
-        delete_save(app.state.base_path);
+        // A save that could not be put back stays for the next opening.
+        if (restore_save(app.base_file()))
+            delete_save(app.state.base_path);
         app.state.base_path.clear();
     }
     release_monitor(app);
@@ -214,13 +216,15 @@ bool query_close(AppContext& app)
     if (app.is_busy())
         return false;
     if (app.db.is_open()) {
+        bool done = true;
         if (msg_confirm(app.ui, QStringLiteral("Sauvegarder les données ?"), kDefaultNo) == Button::Yes) {
             clear_tempo_tables(app.db);
         } else {
             close_base(app);
-            restore_save(app.base_file());
+            done = restore_save(app.base_file());
         }
-        delete_save(app.state.base_path);
+        if (done)
+            delete_save(app.state.base_path);
     }
     release_monitor(app);
     return true;

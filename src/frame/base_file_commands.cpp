@@ -75,12 +75,18 @@ void compact_base(AppContext& app, const QString& path)
             return;
         }
         step = 3;
-        for (const QString& s : Database::sibling_files(path))
-            if (QFileInfo::exists(s))
-                delete_file_forced(s);
-        if (!copy_file_over(compact, path)) {
+        // Only a whole base takes the place of the live one, in one rename.
+        QString cause = Database::check_base_file(compact);
+        if (cause.isEmpty()) {
+            for (const QString& s : Database::sibling_files(path))
+                if (QFileInfo::exists(s))
+                    delete_file_forced(s);
+        }
+        if (!cause.isEmpty() || !copy_file_over(compact, path, &cause)) {
+            const FileError error(75, cause);
             msg_erreur(app.ui, QStringLiteral("Impossible de sauvegardée la base compactée.\nLe fichier (") + path +
-                                   QStringLiteral(") est en cours d'utilisation."));
+                                   QStringLiteral(") est en cours d'utilisation."), &error);
+            delete_file_forced(compact);
             reopen_or_recover(app);
             return;
         }
@@ -119,12 +125,13 @@ void archive_command(AppContext& app)
     try {
         status_text(app.ui, QStringLiteral("Archiver la base"));
         const QString name = archive_name(app.state.base_path);
-        QDir().mkpath(tempo);
+        make_private_folder(tempo);
         temp_archive = unique_name(name, tempo);
 
         app.db.set_last_close(QStringLiteral("true"));
         clear_tempo_tables(app.db);
-        zip_base(app.base_file(), temp_archive);
+        qint64 base_size = 0;  // what was zipped: the write-ahead log folded in
+        zip_base(app.base_file(), temp_archive, &base_size);
         app.db.set_last_close(QStringLiteral("False"));
 
         if (!QFileInfo::exists(temp_archive)) {
@@ -144,10 +151,10 @@ void archive_command(AppContext& app)
                         throw FileError(75, QStringLiteral("Impossible de supprimer ") + target);
                 }
                 if (go) {
-                    if (!copy_file_over(temp_archive, target))
-                        throw FileError(75, QStringLiteral("Copie impossible vers ") + target);
+                    QString cause;
+                    if (!copy_file_over(temp_archive, target, &cause))
+                        throw FileError(75, QStringLiteral("Copie impossible vers ") + target + QLatin1Char('\n') + cause);
                     const qint64 zip_size = QFileInfo(temp_archive).size();
-                    const qint64 base_size = QFileInfo(app.state.base_path).size();
                     msg_info(app.ui, QStringLiteral("Base archivée mémorisée avec succès.\nTaille de l'archive : ") +
                                          QString::number(round_half_even(double(zip_size) / 1024.0)) +
                                          QStringLiteral(" ko.\nTaux de compression : ") +

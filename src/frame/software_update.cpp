@@ -5,6 +5,7 @@
 #include "src/base/files.h"
 #include "src/base/zip.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -94,6 +95,7 @@ void install_listed_files(AppContext& app, const QString& work, Steps& step)
     const QStringList names = update_list_values(read_list_file(list_file));
 
     QString missing;
+    QString refused;
     for (const QString& name : names) {
         step(QStringLiteral("Mise à jour de ") + name);
         // A name that would leave the application folder is treated as absent
@@ -107,12 +109,25 @@ void install_listed_files(AppContext& app, const QString& work, Steps& step)
         // Components are plugins found by their file name: there is nothing to
         // register or unregister, replacing the file is the whole installation.
         const QString target = app.app_file(*relative);
-        QDir().mkpath(QFileInfo(target).absolutePath());
-        if (!copy_file_over(source, target))
+        // The running program and the model base change only through their
+        // own upgrade path, never under the program's feet.
+        const QString canonical = QFileInfo(target).canonicalFilePath();
+        if (!canonical.isEmpty() &&
+            (canonical == QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath() ||
+             canonical == QFileInfo(app.app_file(QStringLiteral("modele_base.sav"))).canonicalFilePath())) {
+            refused += QStringLiteral("\nFichier ") + name + QStringLiteral(" en cours d'utilisation, non remplacé.");
+            continue;
+        }
+        make_private_folder(QFileInfo(target).absolutePath());
+        QString cause;
+        if (!copy_file_over(source, target, &cause))  // keeps the target's mode, run bits included
             throw FileError(kAccessError, QStringLiteral("Impossible de copier ") + source +
-                                              QStringLiteral(" vers ") + target);
+                                              QStringLiteral(" vers ") + target + QLatin1Char('\n') + cause);
     }
 
+    if (!refused.isEmpty())
+        msg_erreur(app.ui, QStringLiteral("Des fichiers du paquet ne peuvent pas être remplacés par cette mise à jour :") +
+                               refused);
     if (!missing.isEmpty())
         msg_info(app.ui, QStringLiteral("Des fichiers listés dans maj.txt n'ont pas été trouvés dans le répertoire :") +
                              missing);

@@ -105,6 +105,9 @@ long long whole_version(const QString& text)
     const double d = text_to_double(text);
     if (!std::isfinite(d))
         return 0;
+    // Beyond the range of the whole numbers the conversion has no result.
+    if (d <= -9.2e18 || d >= 9.2e18)
+        throw DbError(0, QStringLiteral("Numéro de version hors limites : ") + text);
     return static_cast<long long>(std::trunc(d));
 }
 

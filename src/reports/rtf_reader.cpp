@@ -636,8 +636,12 @@ bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error)
         return false;
     document.clear();
     QTextCursor cursor(&document);
+    // One edit block: the document lays itself out once at the end instead of
+    // after each run of text, which made large templates quadratic.
+    cursor.beginEditBlock();
     Reader reader(data, cursor);
     reader.run();
+    cursor.endEditBlock();
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "src/store/database.h"
 
 #include "src/base/errors.h"
+#include "src/base/files.h"
 #include "src/base/services.h"
 #include "src/store/collation.h"
 #include "src/store/dialect.h"
@@ -10,6 +11,8 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -80,9 +83,48 @@ QString value_text(sqlite3_stmt* stmt, int column, bool boolean)
     }
 }
 
+// The engine makes its files readable by all; one made empty beforehand keeps
+// the mode it was made with, and so do the engine's -wal and -shm beside it.
+void create_private(const QString& path, int mode)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode_t(mode));
+    if (fd >= 0) {
+        ::fchmod(fd, mode_t(mode));  // whatever the umask took away
+        ::close(fd);
+    }
+}
+
 }  // namespace
 
 Database::Database() = default;
+
+QString Database::check_base_file(const QString& path)
+{
+    sqlite3* db = nullptr;
+    // Read-write: a file that a killed process left with its write-ahead log
+    // is first brought back to its last commit, as any opening does.
+    int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
+    QString reason;
+    if (rc == SQLITE_OK) {
+        prepare_connection(db);
+        sqlite3_stmt* stmt = nullptr;
+        rc = sqlite3_prepare_v2(db, "PRAGMA quick_check", -1, &stmt, nullptr);
+        if (rc == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW) {
+            const QString verdict = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+            if (verdict != QLatin1String("ok"))
+                reason = QStringLiteral("Base endommagée : ") + verdict;
+        } else {
+            reason = QString::fromUtf8(sqlite3_errmsg(db));
+        }
+        sqlite3_finalize(stmt);
+        if (reason.isEmpty() && sqlite3_exec(db, "select count(*) from Info", nullptr, nullptr, nullptr) != SQLITE_OK)
+            reason = QStringLiteral("Ce fichier n'est pas une base du club : ") + QString::fromUtf8(sqlite3_errmsg(db));
+    } else {
+        reason = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
+    }
+    sqlite3_close_v2(db);
+    return reason.isEmpty() ? QString() : reason + QStringLiteral(" (") + path + QLatin1Char(')');
+}
 
 Database::~Database()
 {
@@ -99,10 +141,12 @@ bool Database::lock_held(const QString& base_path)
     const QString lock = lock_path(base_path);
     if (!QFileInfo::exists(lock))
         return false;
-    const int fd = ::open(QFile::encodeName(lock).constData(), O_RDONLY | O_CLOEXEC);
+    const int fd = ::open(QFile::encodeName(lock).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
     if (fd < 0)
         return true;  // there, but we cannot even look at it: count it as held
-    const bool held = ::flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    struct stat st;
+    const bool foreign = ::fstat(fd, &st) != 0 || st.st_uid != ::getuid();
+    const bool held = foreign || (::flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK);
     ::close(fd);
     return held;
 }
@@ -120,11 +164,37 @@ void Database::prepare_connection(sqlite3* db)
     sqlite3_busy_timeout(db, 2000);
 }
 
+// Opening the lock file and taking its lock is one step that either gives the
+// base to this process or refuses it: no window between a look and a lock.
+void Database::take_lock(const QString& path)
+{
+    const QString refused = QStringLiteral("La base est ouverte par une autre application.");
+    const QByteArray lock = QFile::encodeName(lock_path(path));
+    for (int tries = 0; tries < 10; ++tries) {
+        const int fd = ::open(lock.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+        if (fd < 0)
+            throw DbError(SQLITE_BUSY, refused + QStringLiteral(" (") + QString::fromLocal8Bit(std::strerror(errno)) +
+                                           QStringLiteral(" : ") + lock_path(path) + QLatin1Char(')'));
+        struct stat held, named;
+        if (::fstat(fd, &held) != 0 || held.st_uid != ::getuid() || ::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+            ::close(fd);
+            throw DbError(SQLITE_BUSY, refused);
+        }
+        // The holder before us removes the file as it closes: a lock on a file
+        // that no longer has the name is worth nothing, and the name is tried again.
+        if (::stat(lock.constData(), &named) == 0 && named.st_ino == held.st_ino && named.st_dev == held.st_dev) {
+            lock_fd_ = fd;
+            return;
+        }
+        ::close(fd);
+    }
+    throw DbError(SQLITE_BUSY, refused);
+}
+
 void Database::open(const QString& path)
 {
     close();
-    if (lock_held(path))
-        throw DbError(SQLITE_BUSY, QStringLiteral("La base est ouverte par une autre application."));
+    take_lock(path);
 
     sqlite3* db = nullptr;
     const QByteArray file = QFile::encodeName(path);
@@ -133,6 +203,8 @@ void Database::open(const QString& path)
     if (rc != SQLITE_OK) {
         const QString msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
         sqlite3_close(db);
+        path_ = path;
+        close();
         throw DbError(rc, msg + QStringLiteral(" (") + path + QLatin1Char(')'));
     }
     prepare_connection(db);
@@ -147,17 +219,8 @@ void Database::open(const QString& path)
         if (sqlite3_db_readonly(db_, "main") == 1)
             throw DbError(SQLITE_READONLY, QStringLiteral("La base est en lecture seule (") + path + QLatin1Char(')'));
     } catch (...) {
-        sqlite3_close_v2(db_);
-        db_ = nullptr;
-        path_.clear();
+        close();
         throw;
-    }
-
-    const QByteArray lock = QFile::encodeName(lock_path(path));
-    lock_fd_ = ::open(lock.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-    if (lock_fd_ >= 0 && ::flock(lock_fd_, LOCK_EX | LOCK_NB) != 0) {
-        ::close(lock_fd_);
-        lock_fd_ = -1;
     }
 }
 
@@ -168,7 +231,10 @@ void Database::close()
         db_ = nullptr;
     }
     if (lock_fd_ >= 0) {
-        ::unlink(QFile::encodeName(lock_path(path_)).constData());
+        // Removed while still held, so that no other process locks a file
+        // about to lose its name (take_lock checks the name after its lock).
+        if (!path_.isEmpty())
+            ::unlink(QFile::encodeName(lock_path(path_)).constData());
         ::close(lock_fd_);
         lock_fd_ = -1;
     }
@@ -308,6 +374,7 @@ void Database::snapshot_to(const QString& target) const
         raise();
     sqlite3* out = nullptr;
     const QByteArray file = QFile::encodeName(target);
+    create_private(target, 0600);
     int rc = sqlite3_open_v2(file.constData(), &out, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (rc == SQLITE_OK) {
         prepare_connection(out);
@@ -337,6 +404,7 @@ void Database::compact_file(const QString& source, const QString& target)
     int rc = sqlite3_open_v2(QFile::encodeName(source).constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
     QString msg;
     if (rc == SQLITE_OK) {
+        create_private(target, file_mode(source));
         prepare_connection(db);
         QString into = target;
         into.replace(QLatin1Char('\''), QStringLiteral("''"));

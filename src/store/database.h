@@ -68,7 +68,13 @@ public:
     // Writes a compacted copy of the base file `source` (not open) to `target`.
     static void compact_file(const QString& source, const QString& target);
 
-    // The lock file of a base path, and whether a live process holds it.
+    // Checks that a base file (not open) is whole and is a base: the engine's
+    // quick check passes and the Info table is there. Gives the empty text
+    // when it is, else the reason.
+    static QString check_base_file(const QString& path);
+
+    // The lock file of a base path, and whether a live process holds it. A
+    // lock file that this account cannot open counts as held.
     static QString lock_path(const QString& base_path);
     static bool lock_held(const QString& base_path);
     // The engine's sibling files of a base path (journal, write-ahead log, shared memory).
@@ -78,6 +84,7 @@ public:
     static void prepare_connection(sqlite3* db);
 
 private:
+    void take_lock(const QString& path);
     [[noreturn]] void raise(const QString& context = {}) const;
 
     sqlite3* db_ = nullptr;

@@ -14,17 +14,6 @@ namespace plouvarine {
 
 namespace {
 
-// Deletes a file the way the platform's plain delete does: a read-only file is
-// refused rather than removed.
-void delete_not_forced(const QString& path)
-{
-    if (!(QFile::permissions(path) & QFileDevice::WriteOwner))
-        throw FileError(75, QStringLiteral("Accès refusé : ") + path);
-    QFile f(path);
-    if (!f.remove())
-        throw FileError(75, f.errorString() + QStringLiteral(" : ") + path);
-}
-
 // The engine's journal files must never outlive the file they belong to.
 void delete_siblings(const QString& base_path)
 {
@@ -40,14 +29,19 @@ QString save_path(const QString& base_path)
     return base_path + QStringLiteral(".sav");
 }
 
-bool zip_base(const BaseFile& base_file, const QString& archive)
+bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapshot_size)
 {
     const QString base = base_file.path;
     const QString snapshot = archive + QStringLiteral(".snapshot");
     try {
         QFile::remove(snapshot);
         base_file.db.snapshot_to(snapshot);
+        const QString damaged = Database::check_base_file(snapshot);
+        if (!damaged.isEmpty())
+            throw DbError(11, damaged);
         zip_file(archive, snapshot, file_name(base));
+        if (snapshot_size)
+            *snapshot_size = QFileInfo(snapshot).size();
         QFile::remove(snapshot);
         return true;
     } catch (const std::exception& e) {
@@ -92,36 +86,58 @@ bool restore_save(const BaseFile& base_file)
         msg_erreur(base_file.ui, QStringLiteral("Sauvegarde de la base non trouvée."));
         return false;
     }
+    const QString not_restored = QStringLiteral("La restauration de la sauvegarde a échoué.\n"
+                                                "Les opérations n'ont pas été annulées.\n"
+                                                "Vérifier l'espace sur le disque dur, les droits d'accès.");
+    const QString tempo = base_file.tempo_dir;
+    const QString unpacked = path_join(tempo, file_name(base));
+    // What an earlier run left in the work folder must not stand in the way.
+    delete_folder(tempo);
+    if (!unzip_file(base_file.ui, sav, tempo) || !QFileInfo::exists(unpacked)) {
+        msg_erreur(base_file.ui, not_restored);
+        return false;
+    }
+    // A save that does not hold a whole base never replaces the live one.
+    const QString damaged = Database::check_base_file(unpacked);
+    if (!damaged.isEmpty()) {
+        const FileError error(75, damaged);
+        msg_erreur(base_file.ui, not_restored, &error);
+        delete_folder(tempo);
+        return false;
+    }
     QString failure;
     try {
-        const QString name = file_name(base);
-        const QString folder = parent_folder(base, true);
-        const QString tempo = base_file.tempo_dir;
-        const QString unpacked = path_join(tempo, name);
-        if (QFileInfo::exists(unpacked))
-            delete_not_forced(unpacked);
-        unzip_file(base_file.ui, sav, tempo);
-        if (!QFileInfo::exists(unpacked)) {
-            msg_erreur(base_file.ui, QStringLiteral("La restauration de la sauvegarde a échoué.\n"
-                                              "Les opérations n'ont pas été annulées.\n"
-                                              "Vérifier l'espace sur le disque dur, les droits d'accès."));
-            return false;
-        }
         failure = QStringLiteral("Impossible de supprimer la base ") + base + QLatin1Char('\n');
-        if (QFileInfo::exists(base))
-            delete_not_forced(base);
+        if (QFileInfo::exists(base) && !(QFile::permissions(base) & QFileDevice::WriteOwner))
+            throw FileError(75, QStringLiteral("Accès refusé : ") + base);
+        // A journal of the old file would be applied to the new one.
         delete_siblings(base);
         failure = QStringLiteral("Impossible de remplacer la base ") + base + QStringLiteral(" par la sauvegarde.\n");
-        const QString moved = move_file(unpacked, folder);
-        if (!moved.isEmpty())
-            throw FileError(75, moved);
-        failure = QStringLiteral("Erreur lors de la suppression du répertoire temporaire \n") + tempo + QLatin1Char('\n');
-        if (!QDir().rmdir(tempo))
-            throw FileError(75, QStringLiteral("Le répertoire n'est pas vide ou est inaccessible."));
-        return true;
+        QString cause;
+        if (!copy_file_over(unpacked, base, &cause))
+            throw FileError(75, cause);
     } catch (const std::exception& e) {
         msg_erreur(base_file.ui, QStringLiteral("Erreur lors de la restauration de la sauvegarde.\n") + failure, &e);
         return false;
+    }
+    // The base is restored; a work folder that will not go is cleared at the next opening.
+    delete_folder(tempo);
+    return true;
+}
+
+void clean_leftovers(const QString& base_path, const QString& tempo_dir)
+{
+    delete_folder(tempo_dir);
+    const QString name = file_name(base_path);
+    const QStringList prefixes{partial_prefix(name), save_path(name) + QLatin1Char('.'),
+                               name + QStringLiteral(".tmp.compact")};
+    const QDir folder(parent_folder(base_path, false));
+    for (const QString& entry : folder.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        for (const QString& prefix : prefixes)
+            if (entry.startsWith(prefix)) {
+                delete_file_forced(folder.filePath(entry));
+                break;
+            }
     }
 }
 

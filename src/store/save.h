@@ -22,13 +22,22 @@ struct BaseFile {
 QString save_path(const QString& base_path);
 
 // Compresses a consistent snapshot of the open base into `archive`, under the
-// base's own file name. Reports a failure itself and gives false.
-bool zip_base(const BaseFile& base_file, const QString& archive);
+// base's own file name. A snapshot that fails the engine's check never reaches
+// the archive. Reports a failure itself and gives false; on success
+// `snapshot_size`, when given, receives the size of what was zipped.
+bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapshot_size = nullptr);
 
 // LastClose true, read back, the base zipped over its save file, LastClose false.
 void create_save(const BaseFile& base_file);
-// Replaces the (closed) base with the content of its save file.
+// Replaces the (closed) base with the content of its save file: unpacked in
+// the work folder, checked as a base, copied whole beside the base and renamed
+// over it, with the base's mode. Any failure before the rename leaves the base
+// and the save as they were.
 bool restore_save(const BaseFile& base_file);
+// Removes what a killed run left: the work folder, and beside the base the
+// partial copies, snapshots, temporary zips and compacted copies. Call it with
+// the base's lock held.
+void clean_leftovers(const QString& base_path, const QString& tempo_dir);
 void delete_save(const QString& base_path);
 // Empties the five work tables.
 void clear_tempo_tables(Database& db);

@@ -37,6 +37,8 @@ TEST(SqlText, QuoteSqlDoublesEveryApostrophe)
     EXPECT_EQ(quote_sql(QStringLiteral("O'Brien")), QStringLiteral("O''Brien"));
     EXPECT_EQ(quote_sql(QStringLiteral("'l''île'")), QStringLiteral("''l''''île''"));
     EXPECT_EQ(quote_sql(QStringLiteral("Dupont")), QStringLiteral("Dupont"));
+    // A NUL would end the statement where the engine reads it.
+    EXPECT_EQ(quote_sql(QString::fromUtf16(u"Du\0pont'", 8)), QStringLiteral("Dupont''"));
 
     QStringList fields{QStringLiteral("D'Artagnan"), QString(), QStringLiteral("rue de l'Église")};
     quote_tab(fields);

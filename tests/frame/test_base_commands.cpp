@@ -147,10 +147,13 @@ TEST_F(BaseCommandsTest, OpeningRefusesWhatIsNotAnUsableBase)
     }
     open(text);
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, QStringLiteral("Erreur lors de la connexion à la base."));
+    // The engine's reason comes first, then the command's text.
+    EXPECT_TRUE(ui.messages[0].text.startsWith(QStringLiteral("Erreur n° 26, file is not a database"))) << ui.messages[0].text.toStdString();
+    EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Erreur lors de la connexion à la base.")));
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(app->menus_base_open());
     EXPECT_FALSE(QFile::exists(save_path(text)));
+    EXPECT_FALSE(QFile::exists(Database::lock_path(text)));
 }
 
 TEST_F(BaseCommandsTest, ABaseWithoutInfoIsClosedAgain)

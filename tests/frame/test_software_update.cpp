@@ -2,6 +2,7 @@
 // folder: files installed byte for byte, files missing from the package, names
 // that would leave the folder, refused and broken packages.
 
+#include "src/base/files.h"
 #include "src/base/zip.h"
 #include "src/frame/software_update.h"
 #include "support/app_fixture.h"
@@ -293,4 +294,23 @@ TEST_F(SoftwareUpdateTest, AWorkFolderLeftFromBeforeIsNotTouched)
     EXPECT_EQ(installed(QStringLiteral("tmpmajsoft/calpts.so")), QByteArray("oublié"));
     EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajsoft")});
     EXPECT_EQ(ui.texts(), QStringList{kSuccess});
+}
+
+TEST_F(SoftwareUpdateTest, AProgramKeepsItsRunBitsAndTheModelBaseIsNotReplaced)
+{
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("outil")), "ancien"));
+    QFile::setPermissions(app_path(QStringLiteral("outil")),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("modele_base.sav")), "modèle"));
+    const QByteArray tool = random_bytes(2048, 5);
+    run(package({{QStringLiteral("maj.txt"), "outil\r\nmodele_base.sav\r\n"},
+                 {QStringLiteral("outil"), tool},
+                 {QStringLiteral("modele_base.sav"), "autre modèle"}}));
+    EXPECT_EQ(installed(QStringLiteral("outil")), tool);
+    EXPECT_EQ(file_mode(app_path(QStringLiteral("outil"))), 0700);
+    EXPECT_EQ(installed(QStringLiteral("modele_base.sav")), QByteArray("modèle"));
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
+    EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("\nFichier modele_base.sav en cours d'utilisation, non remplacé.")));
+    expect_clean_end();
 }

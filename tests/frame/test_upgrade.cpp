@@ -517,3 +517,17 @@ TEST(UpgradeNames, PackageAndBaseFilesAreRecognisedByName)
     EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/club.mdb.sav")));
     EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/mdb")));
 }
+
+TEST_F(UpgradeTest, AVersionBeyondTheWholeNumbersIsAFailureNotASuccess)
+{
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 1]\nmaj1=CREATE TABLE Etape1 (x INTEGER)\n"));
+    for (const QString& v : {QStringLiteral("-1e300"), QStringLiteral("1e19")}) {
+        ui.clear();
+        const QString base = connected_base(v);
+        EXPECT_FALSE(upgrade_base(*app, base)) << v.toStdString();
+        if (app->db.is_open()) {
+            EXPECT_FALSE(table_exists(QStringLiteral("Etape1")));
+        }
+        close_base(*app);
+    }
+}

@@ -2,6 +2,7 @@
 // the person would, with the messages and file dialogs scripted.
 
 #include "gui/frame/main_window.h"
+#include "src/base/errors.h"
 #include "src/subjects.h"
 #include "src/frame/window_registry.h"
 #include "src/store/save.h"
@@ -226,6 +227,20 @@ TEST_F(MainWindowTest, OpeningRefusesAnUpperCaseExtension)
     EXPECT_EQ(ui.messages.back().title, QStringLiteral("Erreur"));
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(enabled(QStringLiteral("mnuBaseSave")));
+}
+
+TEST_F(MainWindowTest, AnErrorNoCommandCaughtEndsTheCommandNotTheProgram)
+{
+    app->commands.add(QStringLiteral("mnuBaseNew"), [](AppContext&) {
+        throw DbError(8, QStringLiteral("attempt to write a readonly database"));
+    });
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
+    EXPECT_TRUE(ui.messages[0].text.contains(QStringLiteral("attempt to write a readonly database")));
+    EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Une erreur s'est produite.")));
+    click(QStringLiteral("mnuBaseNew"));  // and the program goes on
+    EXPECT_EQ(ui.messages.size(), 2u);
 }
 
 TEST_F(MainWindowTest, TheInformationWindowWithNoBase)

@@ -129,6 +129,51 @@ TEST_F(SaveTest, ACorruptSaveLeavesTheBaseUntouched)
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Intact")});
 }
 
+TEST_F(SaveTest, ASaveHoldingAnythingButABaseNeverReplacesTheBase)
+{
+    add_pool(QStringLiteral("Intact"));
+    close_base(*app);
+    const QByteArray before = [&] { QFile f(base); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    const QString other = work_file(QStringLiteral("autre"));
+    QDir().mkdir(other);
+    for (const QByteArray& content : {QByteArray("ceci n'est pas une base"), QByteArray()}) {
+        QFile f(QDir(other).filePath(QStringLiteral("club.mdb")));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+        f.close();
+        ASSERT_TRUE(zip_file(save_path(base), f.fileName()));
+        ui.messages.clear();
+        EXPECT_FALSE(restore_save(app->base_file()));
+        ASSERT_EQ(ui.messages.size(), 1u);
+        EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Les opérations n'ont pas été annulées.\n"
+                                                                "Vérifier l'espace sur le disque dur, les droits d'accès.")));
+        QFile now(base);
+        ASSERT_TRUE(now.open(QIODevice::ReadOnly));
+        EXPECT_EQ(now.readAll(), before);
+        EXPECT_TRUE(QFile::exists(save_path(base)));
+    }
+}
+
+TEST_F(SaveTest, LeftoversInTheWorkFolderNeverStopARestore)
+{
+    add_pool(QStringLiteral("Gardé"));
+    create_save(app->base_file());
+    add_pool(QStringLiteral("Perdu"));
+    // What a killed archive leaves: a snapshot, a temporary zip, a read-only file, a folder.
+    const QDir tempo(app->tempo_dir());
+    QDir().mkpath(tempo.filePath(QStringLiteral("sous-dossier")));
+    for (const char* name : {"club.zip.snapshot", "club.zip.Ab12Cd", "sous-dossier/x", "verrouillé"}) {
+        QFile f(tempo.filePath(QString::fromUtf8(name)));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("reste");
+    }
+    QFile::setPermissions(tempo.filePath(QStringLiteral("verrouillé")), QFileDevice::ReadOwner);
+    ASSERT_TRUE(cancel_operations(*app));
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé")});
+    EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
+}
+
 TEST_F(SaveTest, AReadOnlyBaseCannotBeReplaced)
 {
     create_save(app->base_file());
@@ -138,9 +183,8 @@ TEST_F(SaveTest, AReadOnlyBaseCannotBeReplaced)
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Erreur lors de la restauration de la sauvegarde.\n"
                                                             "Impossible de supprimer la base ") + base + QStringLiteral("\n")));
-    // The save and the unpacked copy both remain.
+    // The save remains.
     EXPECT_TRUE(QFile::exists(save_path(base)));
-    EXPECT_TRUE(QFile::exists(QDir(app->tempo_dir()).filePath(QStringLiteral("club.mdb"))));
     QFile::setPermissions(base, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
