@@ -104,10 +104,12 @@ bool AjouteDirigeant(AppContext& app, const QString& code, const Officer& o)
 
 bool AjouteActivite(AppContext& app, const QString& code, const QString& activite, const QString& responsable)
 {
+    const SqlFields fields = {{QStringLiteral("Code_federal"), quote_sql(code)},
+                              {QStringLiteral("Activite"), quote_sql(activite)},
+                              {QStringLiteral("Responsable"), quote_sql(responsable)}};
     return run(app,
-               QStringLiteral("insert into Activites ") + QStringLiteral("(Code_federal, Activite, Responsable) ") +
-                   QStringLiteral("values (") + quote_sql(code) + QStringLiteral(", ") + quote_sql(activite) +
-                   QStringLiteral(", ") + quote_sql(responsable) + QStringLiteral(")"),
+               QStringLiteral("insert into Activites ") + QStringLiteral("(") + sql_columns(fields) +
+                   QStringLiteral(") ") + QStringLiteral("values (") + sql_values(fields) + QStringLiteral(")"),
                QStringLiteral("Erreur lors de la sauvegarde du responsable ") + responsable +
                    QStringLiteral(" pour l'activité ") + activite);
 }
@@ -115,10 +117,12 @@ bool AjouteActivite(AppContext& app, const QString& code, const QString& activit
 bool AjouteTarif(AppContext& app, const QString& code, const QString& intitule, double montant)
 {
     // The amount goes unquoted, with a point as decimal mark.
+    const SqlFields fields = {{QStringLiteral("Code_federal"), quote_sql(code)},
+                              {QStringLiteral("Intitule"), quote_sql(intitule)},
+                              {QStringLiteral("Tarif"), sql_decimal(montant)}};
     return run(app,
-               QStringLiteral("insert into Tarifs ") + QStringLiteral("(Code_federal, Intitule, Tarif) ") +
-                   QStringLiteral("values (") + quote_sql(code) + QStringLiteral(", ") + quote_sql(intitule) +
-                   QStringLiteral(", ") + sql_decimal(montant) + QStringLiteral(")"),
+               QStringLiteral("insert into Tarifs ") + QStringLiteral("(") + sql_columns(fields) +
+                   QStringLiteral(") ") + QStringLiteral("values (") + sql_values(fields) + QStringLiteral(")"),
                QStringLiteral("Erreur lors de la sauvegarde du tarif ") + intitule + QStringLiteral("."));
 }
 
