@@ -29,10 +29,6 @@ private:
     friend SqlText quote_sql(const QString& text);
     friend SqlText sql_key(const QString& digits);
     friend SqlText sql_keys(const QStringList& keys);
-// Keys joined with commas, for an IN list.
-SqlText sql_keys(const QStringList& keys);
-// Whether sql_key takes the text.
-bool is_sql_key(const QString& text);
     friend SqlText sql_number(qint64 value);
     friend SqlText sql_decimal(double value);
     friend SqlText bool_text(bool value);
