@@ -27,26 +27,6 @@ qsizetype take_digits(const QString& s, qsizetype i, QByteArray& out)
 
 }  // namespace
 
-QString quote_sql(const QString& text)
-{
-    QString quoted = text;
-    // The engine reads a statement up to its first NUL: one inside a value
-    // would cut the statement there.
-    quoted.remove(QChar(u'\0'));
-    return quoted.replace(QLatin1Char('\''), QLatin1String("''"));
-}
-
-void quote_tab(QStringList& texts)
-{
-    for (QString& t : texts)
-        t = quote_sql(t);
-}
-
-QString bool_text(bool value)
-{
-    return value ? QStringLiteral("true") : QStringLiteral("false");
-}
-
 double text_to_double(const QString& text)
 {
     QString s;
@@ -111,15 +91,6 @@ QString SansAccents(const QString& text)
         for (const char16_t* c = r.letters; *c; ++c)
             s.replace(QChar(*c), r.plain);
     return s.toUpper();
-}
-
-QString text_or(const QStringList& values, const QString& field)
-{
-    QStringList parts;
-    parts.reserve(values.size());
-    for (const QString& v : values)
-        parts << field + QStringLiteral(" = '") + quote_sql(v) + QLatin1Char('\'');
-    return parts.join(QStringLiteral(" or "));
 }
 
 bool write_text_file(Services& ui, const QString& path, const QString& text)

@@ -1,7 +1,6 @@
 #pragma once
-// Text helpers shared across the system: SQL quoting, the literals and numbers
-// that statements are composed with, the family-name normalisation, and the
-// writing of a text file.
+// Text helpers shared across the system: the numbers that texts hold, the
+// family-name normalisation, and the writing of a text file.
 
 #include <QString>
 #include <QStringList>
@@ -10,12 +9,6 @@ namespace plouvarine {
 
 class Services;
 
-// Every apostrophe doubled, so that the text can stand between apostrophes in SQL.
-QString quote_sql(const QString& text);
-// quote_sql on each element, in place.
-void quote_tab(QStringList& texts);
-// "true" or "false", the boolean literals of the statements.
-QString bool_text(bool value);
 // The number at the start of the text, commas read as decimal points, so that
 // "12,5" is 12.5 whatever the machine's settings. As the platform's Val: blanks,
 // tabs and line feeds are skipped, reading stops at the first character that
@@ -27,8 +20,6 @@ int round_half_even(double value);
 // The text in capitals without the accents of French: "Hélène" gives "HELENE".
 // Letters with other accents keep them ("ñ" gives "Ñ").
 QString SansAccents(const QString& text);
-// "field = 'v1' or field = 'v2'...", for a WHERE clause; the values are quoted.
-QString text_or(const QStringList& values, const QString& field);
 
 // Writes the text in UTF-8. The file is replaced only once the new text is
 // completely written, so a failure leaves the old file as it was; it shows

@@ -2,6 +2,7 @@
 
 #include "src/clubs/utils_club.h"
 #include "src/frame/app_context.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 
 namespace plouvarine {
@@ -42,8 +43,7 @@ ConstrucCodeClub::ConstrucCodeClub(AppContext& app, const QString& code) : View(
     code_fourni_ = type_ == Club ? QString() : QStringLiteral("0000");
 
     if (code.size() == kClubCodeLength && CodeClubValide(app, code, false, {})) {
-        pays_.value = lookup(QStringLiteral("select Libelle from Pays where Code = '") + quote_sql(code.left(3))
-                             + QLatin1Char('\''));
+        pays_.value = lookup(QStringLiteral("select Libelle from Pays where Code = ") + quote_sql(code.left(3)));
         country_logic();
         if (code.mid(3, 1) != QLatin1String("0") && inter_.enabled) {
             inter_.value = lookup(QStringLiteral("select Libelle from Inter_Region where Code = ") + code.mid(3, 1));
@@ -51,12 +51,12 @@ ConstrucCodeClub::ConstrucCodeClub(AppContext& app, const QString& code) : View(
         }
         if (code.mid(4, 2) != QLatin1String("00") && region_.enabled) {
             region_.value =
-                lookup(QStringLiteral("select Libelle from Region where Code = '") + code.mid(4, 2) + QLatin1Char('\''));
+                lookup(QStringLiteral("select Libelle from Region where Code = ") + quote_sql(code.mid(4, 2)));
             region_logic();
         }
         if (code.mid(6, 3) != QLatin1String("000") && departement_.enabled)
-            departement_.value = lookup(QStringLiteral("select Libelle from Departement where Code = '")
-                                        + code.mid(6, 3) + QLatin1Char('\''));
+            departement_.value = lookup(QStringLiteral("select Libelle from Departement where Code = ")
+                                        + quote_sql(code.mid(6, 3)));
         code_fourni_ = code.right(4);
     } else {
         pays_.value = QString(kFrance);
@@ -94,9 +94,9 @@ void ConstrucCodeClub::country_logic()
         departement_ = {{}, {}, false};
         region_.items = read_names(QStringLiteral("SELECT Region.Libelle ") + QStringLiteral("FROM Region Region, Pays Pays ")
                                    + QStringLiteral("WHERE (Region.Code = Pays.Code_Reg ")
-                                   + QStringLiteral("AND Pays.Libelle='") + quote_sql(pays_.value)
-                                   + QStringLiteral("' ") + QStringLiteral("AND NOT (Region.Libelle = '") + kNull
-                                   + QStringLiteral("'))"));
+                                   + QStringLiteral("AND Pays.Libelle=") + quote_sql(pays_.value)
+                                   + QStringLiteral(" ") + QStringLiteral("AND NOT (Region.Libelle = ") + quote_sql(kNull)
+                                   + QStringLiteral("))"));
         region_.value = region_.items.value(0);
         region_.enabled = false;
         changed();
@@ -110,8 +110,8 @@ void ConstrucCodeClub::country_logic()
         return;
     }
     fill(inter_,
-         read_names(QStringLiteral("SELECT Libelle FROM Inter_Region WHERE not (Libelle = '") + kNull
-                    + QStringLiteral("') ORDER BY Libelle")),
+         read_names(QStringLiteral("SELECT Libelle FROM Inter_Region WHERE not (Libelle = ") + quote_sql(kNull)
+                    + QStringLiteral(") ORDER BY Libelle")),
          true);
     inter_logic();
 }
@@ -127,7 +127,7 @@ void ConstrucCodeClub::inter_logic()
     fill(region_,
          read_names(QStringLiteral("SELECT Region.Libelle ") + QStringLiteral("FROM Inter_Region Inter_Region, Region Region ")
                     + QStringLiteral("WHERE Inter_Region.Code = Region.CodeInter ")
-                    + QStringLiteral("AND Inter_Region.Libelle = '") + quote_sql(inter_.value) + QStringLiteral("' ")
+                    + QStringLiteral("AND Inter_Region.Libelle = ") + quote_sql(inter_.value) + QStringLiteral(" ")
                     + QStringLiteral("ORDER BY Region.Libelle")),
          true);
     region_logic();
@@ -147,7 +147,7 @@ void ConstrucCodeClub::region_logic()
     }
     fill(departement_,
          read_names(QStringLiteral("SELECT Departement.Libelle ") + QStringLiteral("FROM Region Region, Departement Departement ")
-                    + QStringLiteral("WHERE Region.Libelle='") + quote_sql(region_.value) + QStringLiteral("' ")
+                    + QStringLiteral("WHERE Region.Libelle=") + quote_sql(region_.value) + QStringLiteral(" ")
                     + QStringLiteral("AND Region.Code = Departement.Region ")
                     + QStringLiteral("ORDER BY Departement.Libelle")),
          true);
@@ -230,8 +230,8 @@ void ConstrucCodeClub::set_code_fourni(const QString& text)
 void ConstrucCodeClub::compose()
 {
     auto code_of = [this](const char* table, const QString& name) {
-        return lookup(QStringLiteral("select Code from ") + QLatin1String(table) + QStringLiteral(" where Libelle = '")
-                      + quote_sql(name) + QLatin1Char('\''));
+        return lookup(QStringLiteral("select Code from ") + QLatin1String(table) + QStringLiteral(" where Libelle = ")
+                      + quote_sql(name));
     };
     const QString country = code_of("Pays", pays_.value);
     const QString inter = inter_.value.isEmpty() ? QStringLiteral("0") : code_of("Inter_Region", inter_.value);

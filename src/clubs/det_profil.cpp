@@ -6,7 +6,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 #include <QStandardItemModel>
 
@@ -101,15 +101,14 @@ bool DetProfil::confirm()
                 source_ ? source_->index(source_row_, 0).data(kProfileCodeRole).toString() : QString();
             if (num.isEmpty())
                 return false;
-            a.db.exec_sql(QStringLiteral("Update Profil Set Code_club = '") + code_ + QStringLiteral("', Libelle = '")
-                          + quote_sql(nom_) + QLatin1Char('\'') + QStringLiteral(" where Num = ") + num);
+            a.db.exec_sql(QStringLiteral("Update Profil Set ") + sql_set(profile_fields(code_, nom_))
+                          + QStringLiteral(" where Num = ") + sql_key(num));
             // The profile's work was done for its old club.
             if (code_ != old_code)
                 purge_profile_entries(a, num);
             read_profile(a, false);
         } else {
-            if (a.db.count_query(QStringLiteral("select count(*) from Profil where Libelle ='") + quote_sql(nom_)
-                                 + QLatin1Char('\''))
+            if (a.db.count_query(QStringLiteral("select count(*) from Profil where Libelle =") + quote_sql(nom_))
                 >= 1) {
                 msg_erreur(a.ui, duplicate);
                 return false;

@@ -6,6 +6,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -131,8 +132,8 @@ void FrmListeClub::confirm_deletion()
         status_text(a.ui, QStringLiteral("Suppression des clubs et des licenciés"));
         QStringList numeric, quoted;
         for (const QString& num : marked_) {
-            numeric << QStringLiteral("Num = ") + num;
-            quoted << QStringLiteral("Code_Club = '") + num + QLatin1Char('\'');
+            numeric << QStringLiteral("Num = ") + sql_key(num);
+            quoted << QStringLiteral("Code_Club = ") + quote_sql(num);
         }
         SupprimeClubs(a, numeric.join(QStringLiteral(" or ")), quoted.join(QStringLiteral(" or ")));
         marked_.clear();

@@ -5,6 +5,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -82,8 +83,7 @@ void FrmListeProfil::ok()
     const QString code = list_.item(row, 0)->data(kProfileCodeRole).toString();
     QString club;
     try {
-        club = a.db.load_rows(QStringLiteral("select Intitule from Club where Code_federal = '") + code
-                              + QLatin1Char('\''))
+        club = a.db.load_rows(QStringLiteral("select Intitule from Club where Code_federal = ") + quote_sql(code))
                    .first();
     } catch (const std::exception&) {
     }
@@ -109,7 +109,7 @@ void FrmListeProfil::confirm_deletion()
     AppContext& a = app();
     QStringList condition;
     for (const QString& num : marked_)
-        condition << QStringLiteral("Num = ") + num;
+        condition << QStringLiteral("Num = ") + sql_key(num);
     try {
         a.db.exec_sql(QStringLiteral("Delete from Profil where ") + condition.join(QStringLiteral(" or ")));
         marked_.clear();

@@ -2,6 +2,7 @@
 
 #include "src/clubs/utils_club.h"
 #include "src/frame/app_context.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/clubs/licence_fees.h"
 #include "src/store/collation.h"
@@ -11,11 +12,6 @@
 namespace plouvarine {
 
 namespace {
-
-QString q(const QString& text)
-{
-    return QStringLiteral("'") + quote_sql(text) + QStringLiteral("'");
-}
 
 bool run(AppContext& app, const QString& sql, const QString& message)
 {
@@ -30,7 +26,7 @@ bool run(AppContext& app, const QString& sql, const QString& message)
 
 QString club_condition(const QString& code)
 {
-    return QStringLiteral("Code_federal = '") + quote_sql(code) + QStringLiteral("'");
+    return QStringLiteral("Code_federal = ") + quote_sql(code);
 }
 
 QList<QStandardItem*> row_of(const QStringList& cells)
@@ -64,10 +60,14 @@ QString cell(const QStandardItemModel& model, int row, int column)
 bool SauveInfosClub(AppContext& app, const ClubInfo& info, const QString& num)
 {
     return run(app,
-               QStringLiteral("Update Club Set Adresse = ") + q(info.adresse) + QStringLiteral(", Code_Postal = ") +
-                   q(info.code_postal) + QStringLiteral(", Ville = ") + q(info.ville) +
-                   QStringLiteral(", Telephone = ") + q(info.telephone) + QStringLiteral(", Fax = ") + q(info.fax) +
-                   QStringLiteral(", Mail = ") + q(info.mail) + QStringLiteral(" where Num = ") + num,
+               QStringLiteral("Update Club Set ") +
+                   sql_set({{QStringLiteral("Adresse"), quote_sql(info.adresse)},
+                            {QStringLiteral("Code_Postal"), quote_sql(info.code_postal)},
+                            {QStringLiteral("Ville"), quote_sql(info.ville)},
+                            {QStringLiteral("Telephone"), quote_sql(info.telephone)},
+                            {QStringLiteral("Fax"), quote_sql(info.fax)},
+                            {QStringLiteral("Mail"), quote_sql(info.mail)}}) +
+                   QStringLiteral(" where Num = ") + sql_key(num),
                QStringLiteral("Erreur lors de la sauvegarde des informations sur le club."));
 }
 
@@ -89,22 +89,27 @@ bool RetireSuppr(AppContext& app, const QString& table, const QString& libelle, 
 
 bool AjouteDirigeant(AppContext& app, const QString& code, const Officer& o)
 {
+    const SqlFields fields = {{QStringLiteral("Code_federal"), quote_sql(code)},
+                              {QStringLiteral("Fonction"), quote_sql(o.fonction)},
+                              {QStringLiteral("Nom"), quote_sql(o.nom)},
+                              {QStringLiteral("Tel1"), quote_sql(o.tel1)},
+                              {QStringLiteral("Tel2"), quote_sql(o.tel2)},
+                              {QStringLiteral("Mail"), quote_sql(o.mail)}};
     return run(app,
-               QStringLiteral("insert into Dirigeant ") +
-                   QStringLiteral("(Code_federal, Fonction, Nom, Tel1, Tel2, Mail) ") + QStringLiteral("values (") +
-                   QStringList{q(code), q(o.fonction), q(o.nom), q(o.tel1), q(o.tel2), q(o.mail)}.join(
-                       QStringLiteral(", ")) +
-                   QStringLiteral(")"),
+               QStringLiteral("insert into Dirigeant ") + QStringLiteral("(") + sql_columns(fields) +
+                   QStringLiteral(") ") + QStringLiteral("values (") + sql_values(fields) + QStringLiteral(")"),
                QStringLiteral("Erreur lors de la sauvegarde du rôle ") + o.fonction + QStringLiteral(" pour ") +
                    o.nom + QStringLiteral("."));
 }
 
 bool AjouteActivite(AppContext& app, const QString& code, const QString& activite, const QString& responsable)
 {
+    const SqlFields fields = {{QStringLiteral("Code_federal"), quote_sql(code)},
+                              {QStringLiteral("Activite"), quote_sql(activite)},
+                              {QStringLiteral("Responsable"), quote_sql(responsable)}};
     return run(app,
-               QStringLiteral("insert into Activites ") + QStringLiteral("(Code_federal, Activite, Responsable) ") +
-                   QStringLiteral("values (") + q(code) + QStringLiteral(", ") + q(activite) +
-                   QStringLiteral(", ") + q(responsable) + QStringLiteral(")"),
+               QStringLiteral("insert into Activites ") + QStringLiteral("(") + sql_columns(fields) +
+                   QStringLiteral(") ") + QStringLiteral("values (") + sql_values(fields) + QStringLiteral(")"),
                QStringLiteral("Erreur lors de la sauvegarde du responsable ") + responsable +
                    QStringLiteral(" pour l'activité ") + activite);
 }
@@ -112,10 +117,12 @@ bool AjouteActivite(AppContext& app, const QString& code, const QString& activit
 bool AjouteTarif(AppContext& app, const QString& code, const QString& intitule, double montant)
 {
     // The amount goes unquoted, with a point as decimal mark.
+    const SqlFields fields = {{QStringLiteral("Code_federal"), quote_sql(code)},
+                              {QStringLiteral("Intitule"), quote_sql(intitule)},
+                              {QStringLiteral("Tarif"), sql_decimal(montant)}};
     return run(app,
-               QStringLiteral("insert into Tarifs ") + QStringLiteral("(Code_federal, Intitule, Tarif) ") +
-                   QStringLiteral("values (") + q(code) + QStringLiteral(", ") + q(intitule) + QStringLiteral(", ") +
-                   QString::number(montant, 'g', 15) + QStringLiteral(")"),
+               QStringLiteral("insert into Tarifs ") + QStringLiteral("(") + sql_columns(fields) +
+                   QStringLiteral(") ") + QStringLiteral("values (") + sql_values(fields) + QStringLiteral(")"),
                QStringLiteral("Erreur lors de la sauvegarde du tarif ") + intitule + QStringLiteral("."));
 }
 
@@ -162,8 +169,8 @@ void OwnClubView::load()
 void OwnClubView::load_info()
 {
     const Rows r = app().db.load_rows(QStringLiteral("SELECT Adresse, Code_Postal, Ville, Telephone, Fax, Mail ") +
-                                      QStringLiteral("FROM Club ") + QStringLiteral("WHERE Code_federal='") +
-                                      quote_sql(club_code_) + QStringLiteral("'"));
+                                      QStringLiteral("FROM Club ") + QStringLiteral("WHERE Code_federal=") +
+                                      quote_sql(club_code_));
     info = ClubInfo{r.first(0), r.first(1), r.first(2), r.first(3), r.first(4), r.first(5)};
 }
 
@@ -171,8 +178,8 @@ void OwnClubView::load_officers()
 {
     roles_.removeRows(0, roles_.rowCount());
     const Rows r = app().db.load_rows(QStringLiteral("SELECT Fonction, Nom, Tel1, Tel2, Mail ") +
-                                      QStringLiteral("FROM Dirigeant ") + QStringLiteral("WHERE Code_federal='") +
-                                      quote_sql(club_code_) + QStringLiteral("' and suppr = false ") +
+                                      QStringLiteral("FROM Dirigeant ") + QStringLiteral("WHERE Code_federal=") +
+                                      quote_sql(club_code_) + QStringLiteral(" and suppr = false ") +
                                       QStringLiteral("ORDER BY Fonction, Nom"));
     for (int i = 0; i < r.size(); ++i)
         roles_.appendRow(row_of({r.value(i, 0), r.value(i, 1), r.value(i, 2), r.value(i, 3), r.value(i, 4)}));

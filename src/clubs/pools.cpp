@@ -3,7 +3,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 #include <QStandardItem>
 
@@ -35,7 +35,7 @@ int number_or(const QString& text, int fallback)
 
 QString NumPiscineNulle(AppContext& app)
 {
-    return app.db.load_rows(QStringLiteral("select Num from Piscine where Nom = '") + kNullPool + QStringLiteral("'"))
+    return app.db.load_rows(QStringLiteral("select Num from Piscine where Nom = ") + quote_sql(kNullPool))
         .first();
 }
 
@@ -99,8 +99,8 @@ void PoolListView::set_liste()
     status_text(app().ui, QStringLiteral("Chargement de la liste des piscines"));
     try {
         fill_collections(app().db,
-                         QStringLiteral("SELECT * from Piscine where Nom <> '") + kNullPool +
-                             QStringLiteral("' order by Nom"),
+                         QStringLiteral("SELECT * from Piscine where Nom <> ") + quote_sql(kNullPool) +
+                             QStringLiteral(" order by Nom"),
                          {ListFill{&list_, {InfoNom}, InfoNum},
                           ListFill{&info_, {InfoNum, InfoNom, InfoAdresse, InfoCodePostal, InfoVille, InfoCouloir,
                                             InfoBassin},
@@ -172,13 +172,13 @@ void PoolListView::confirm_deletion()
 {
     QStringList terms;
     for (int i = 0; i < marked_.rowCount(); ++i)
-        terms << QStringLiteral("Num = ") + marked_.item(i)->text();
+        terms << QStringLiteral("Num = ") + sql_key(marked_.item(i)->text());
     const QString condition = terms.join(QStringLiteral(" or "));
     QString pool_condition = condition;
     pool_condition.replace(QStringLiteral("Num"), QStringLiteral("Num_Piscine"));
     try {
         // The competitions held there fall back on the reference pool first.
-        app().db.exec_sql(QStringLiteral("Update Rcomp Set Num_Piscine = ") + NumPiscineNulle(app()) +
+        app().db.exec_sql(QStringLiteral("Update Rcomp Set Num_Piscine = ") + sql_key(NumPiscineNulle(app())) +
                           QStringLiteral(" where ") + pool_condition);
         app().db.exec_sql(QStringLiteral("Delete from Piscine where ") + condition);
     } catch (const std::exception& e) {
@@ -264,13 +264,14 @@ bool PoolDetailView::save()
         return false;
     if (mode_ == keyword::kModif) {
         try {
-            app().db.exec_sql(QStringLiteral("Update Piscine set Nom = '") + quote_sql(pool.nom) +
-                              QStringLiteral("', Adresse = '") + quote_sql(pool.adresse) +
-                              QStringLiteral("', Code_Postal = '") + quote_sql(pool.code_postal) +
-                              QStringLiteral("', Ville = '") + quote_sql(pool.ville) +
-                              QStringLiteral("', NbCouloir = ") + QString::number(pool.couloirs) +
-                              QStringLiteral(", Bassin = ") + QString::number(pool.bassin) +
-                              QStringLiteral(" where Num = ") + pool.num);
+            app().db.exec_sql(QStringLiteral("Update Piscine set ") +
+                              sql_set({{QStringLiteral("Nom"), quote_sql(pool.nom)},
+                                       {QStringLiteral("Adresse"), quote_sql(pool.adresse)},
+                                       {QStringLiteral("Code_Postal"), quote_sql(pool.code_postal)},
+                                       {QStringLiteral("Ville"), quote_sql(pool.ville)},
+                                       {QStringLiteral("NbCouloir"), sql_number(pool.couloirs)},
+                                       {QStringLiteral("Bassin"), sql_number(pool.bassin)}}) +
+                              QStringLiteral(" where Num = ") + sql_key(pool.num));
         } catch (const std::exception& e) {
             msg_erreur(app().ui, QStringLiteral("Erreur lors de la sauvegarde de la piscine."), &e);
             return false;

@@ -5,7 +5,7 @@
 #include "src/clubs/liste_club.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -18,6 +18,14 @@ bool refuse(AppContext& app, bool afficher, const QString& prefixe)
     if (afficher)
         msg_erreur(app.ui, (prefixe.isEmpty() ? QString() : prefixe + QLatin1Char('\n')) + invalid_code_message());
     return false;
+}
+
+// What a club's detail writes, new or changed.
+SqlFields club_fields(const QString& code, const QString& name)
+{
+    return {{QStringLiteral("Code_federal"), quote_sql(code)},
+            {QStringLiteral("Intitule"), quote_sql(name)},
+            {QStringLiteral("Selection"), bool_text(EstCodeSelection(code))}};
 }
 
 }  // namespace
@@ -41,12 +49,11 @@ bool CodeClubValide(AppContext& app, const QString& code, bool afficher, const Q
     const QString region = code.mid(4, 2);
     const QString department = code.mid(6, 3);
 
-    if (app.db.count_query(QStringLiteral("select count(*) from Pays where code = '") + quote_sql(country)
-                           + QLatin1Char('\'')) == 0)
+    if (app.db.count_query(QStringLiteral("select count(*) from Pays where code = ") + quote_sql(country)) == 0)
         return refuse(app, afficher, prefixe);
     // The inter-region digit is joined unquoted: anything but a digit is no code.
-    if (!inter.at(0).isDigit()
-        || app.db.count_query(QStringLiteral("select count(*) from Inter_Region where code = ") + inter) == 0)
+    if (!is_sql_key(inter)
+        || app.db.count_query(QStringLiteral("select count(*) from Inter_Region where code = ") + sql_key(inter)) == 0)
         return refuse(app, afficher, prefixe);
 
     if (country.compare(kFrance, Qt::CaseInsensitive) != 0)
@@ -62,27 +69,26 @@ bool CodeClubValide(AppContext& app, const QString& code, bool afficher, const Q
 
     const int in_inter = app.db.count_query(
         QStringLiteral("SELECT count(*) ") + QStringLiteral("FROM Inter_Region Inter_Region, Region Region ")
-        + QStringLiteral("WHERE Inter_Region.Code = Region.CodeInter ") + QStringLiteral("AND Region.Code = '")
-        + quote_sql(region) + QStringLiteral("' ") + QStringLiteral("and Inter_Region.Code = ") + inter);
+        + QStringLiteral("WHERE Inter_Region.Code = Region.CodeInter ") + QStringLiteral("AND Region.Code = ")
+        + quote_sql(region) + QStringLiteral(" ") + QStringLiteral("and Inter_Region.Code = ") + sql_key(inter));
     if (in_inter == 0)
         return refuse(app, afficher, prefixe);
     if (department == QLatin1String("000"))
         return true;
     const int in_region = app.db.count_query(
         QStringLiteral("SELECT count(*) ") + QStringLiteral("FROM Region Region, Departement Departement ")
-        + QStringLiteral("WHERE Region.Code = Departement.Region ") + QStringLiteral("AND Departement.Code = '")
-        + quote_sql(department) + QStringLiteral("' ") + QStringLiteral("AND region.code = '") + quote_sql(region)
-        + QLatin1Char('\''));
+        + QStringLiteral("WHERE Region.Code = Departement.Region ") + QStringLiteral("AND Departement.Code = ")
+        + quote_sql(department) + QStringLiteral(" ") + QStringLiteral("AND region.code = ") + quote_sql(region));
     return in_region != 0 ? true : refuse(app, afficher, prefixe);
 }
 
 bool ClubExiste(AppContext& app, const QString& code, const QString& num_exclu, bool afficher,
                 const QString& prefixe)
 {
-    QString sql = QStringLiteral("select count(*) from Club ") + QStringLiteral("where Code_federal = '")
-                  + quote_sql(code) + QLatin1Char('\'');
+    QString sql = QStringLiteral("select count(*) from Club ") + QStringLiteral("where Code_federal = ")
+                  + quote_sql(code);
     if (!num_exclu.isEmpty())
-        sql += QStringLiteral("and not num in (") + num_exclu + QLatin1Char(')');
+        sql += QStringLiteral("and not num in (") + sql_key(num_exclu) + QLatin1Char(')');
     const bool exists = app.db.count_query(sql) >= 1;
     if (exists && afficher)
         msg_club_double(app.ui, prefixe.isEmpty() ? QString() : prefixe + QLatin1Char('\n'));
@@ -93,9 +99,9 @@ bool AjouteClub(AppContext& app, const QString& code, const QString& name)
 {
     if (!CodeClubValide(app, code, true, QStringLiteral("Ajout annulé.")))
         return false;
-    app.db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection) ") + QStringLiteral("VALUES (")
-                    + QLatin1Char('\'') + quote_sql(code) + QStringLiteral("', '") + quote_sql(name)
-                    + QStringLiteral("', ") + bool_text(EstCodeSelection(code)) + QStringLiteral(");"));
+    const SqlFields fields = club_fields(code, name);
+    app.db.exec_sql(QStringLiteral("INSERT INTO Club (") + sql_columns(fields) + QStringLiteral(") ")
+                    + QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");"));
     return true;
 }
 
@@ -104,17 +110,16 @@ bool ModifieClub(AppContext& app, const QString& code, const QString& name, cons
 {
     if (!CodeClubValide(app, code, true, prefixe))
         return false;
-    app.db.exec_sql(QStringLiteral("Update Club Set Code_federal = '") + quote_sql(code)
-                    + QStringLiteral("', Intitule = '") + quote_sql(name) + QStringLiteral("', Selection = ")
-                    + bool_text(EstCodeSelection(code)) + QStringLiteral(" where Num = ") + num);
+    app.db.exec_sql(QStringLiteral("Update Club Set ") + sql_set(club_fields(code, name)) + QStringLiteral(" where Num = ")
+                    + sql_key(num));
     return true;
 }
 
 QString NumClub(AppContext& app, const QString& code)
 {
     return app.db
-        .load_rows(QStringLiteral("select num from Club ") + QStringLiteral("where Code_federal = '")
-                   + quote_sql(code) + QLatin1Char('\''))
+        .load_rows(QStringLiteral("select num from Club ") + QStringLiteral("where Code_federal = ")
+                   + quote_sql(code))
         .first();
 }
 
@@ -127,8 +132,8 @@ bool SupprimeClubs(AppContext& app, const QString& numeric_condition, const QStr
         // here on those rows are found by the club's Num.
         app.db.exec_sql(QStringLiteral("Update Club Set Code_federal = Num, Visible = false where ") + n);
         app.db.exec_sql(QStringLiteral("Delete from Profil where ") + c);
-        app.db.exec_sql(QStringLiteral("UPDATE Licence Set Visible = false, Date_suppr = '") + app.clock.today_text()
-                        + QStringLiteral("' where ") + c);
+        app.db.exec_sql(QStringLiteral("UPDATE Licence Set Visible = false, Date_suppr = ") + quote_sql(app.clock.today_text())
+                        + QStringLiteral(" where ") + c);
         app.db.exec_sql(QStringLiteral("UPDATE Selection Set Visible = false where Num_Lic IN (select Num from Licence where ")
                         + c + QLatin1Char(')'));
         for (const char* table : {"Engag_nageur", "Engag_modele", "Engag"})

@@ -4,7 +4,7 @@
 #include "src/clubs/liste_profil.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -62,11 +62,17 @@ void read_profile(AppContext& app, bool avec_suivi)
                              + app.state.club_name + QLatin1Char(')'));
 }
 
+SqlFields profile_fields(const QString& code, const QString& name)
+{
+    return {{QStringLiteral("Code_club"), quote_sql(code)}, {QStringLiteral("Libelle"), quote_sql(name)}};
+}
+
 bool AjouteProfil(AppContext& app, const QString& code, const QString& name)
 {
     try {
-        app.db.exec_sql(QStringLiteral("INSERT INTO Profil (Code_club, libelle) ") + QStringLiteral("VALUES ('") + code
-                        + QStringLiteral("', '") + quote_sql(name) + QStringLiteral("');"));
+        const SqlFields fields = profile_fields(code, name);
+        app.db.exec_sql(QStringLiteral("INSERT INTO Profil (") + sql_columns(fields) + QStringLiteral(") ")
+                        + QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");"));
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de la sauvegarde du profil."), &e);
         return false;
@@ -78,7 +84,7 @@ bool SauveVisibiliteSuivi(AppContext& app, bool value)
 {
     try {
         app.db.exec_sql(QStringLiteral("UPDATE Profil SET ") + QStringLiteral("bAlwaysVisibleSuivi = ") + bool_text(value)
-                        + QStringLiteral(" WHERE Num = ") + app.state.profile_num);
+                        + QStringLiteral(" WHERE Num = ") + sql_key(app.state.profile_num));
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de la sauvegarde du paramètre."), &e);
         return false;
@@ -94,7 +100,7 @@ bool SauveParametresSuivi(AppContext& app, int x, int y, int interval, bool visi
                         + QStringLiteral(", lgIntervalSuivi = ") + QString::number(interval)
                         + QStringLiteral(", bAlwaysVisibleSuivi = ")
                         + (visible ? QStringLiteral("true") : QStringLiteral("False"))
-                        + QStringLiteral(" WHERE Num = ") + app.state.profile_num);
+                        + QStringLiteral(" WHERE Num = ") + sql_key(app.state.profile_num));
     } catch (const std::exception& e) {
         msg_erreur(app.ui,
                    QStringLiteral("Une erreur s'est produite lors de la sauvegarde ")
@@ -108,8 +114,7 @@ bool SauveParametresSuivi(AppContext& app, int x, int y, int interval, bool visi
 void choose_profile(AppContext& app, const QString& name, bool avec_suivi)
 {
     app.db.exec_sql(QStringLiteral("Update Profil Set LastUse = false"));
-    app.db.exec_sql(QStringLiteral("Update Profil Set LastUse = true where Libelle = '") + quote_sql(name)
-                    + QLatin1Char('\''));
+    app.db.exec_sql(QStringLiteral("Update Profil Set LastUse = true where Libelle = ") + quote_sql(name));
     read_profile(app, avec_suivi);
 }
 
@@ -117,7 +122,7 @@ void purge_profile_entries(AppContext& app, const QString& num)
 {
     for (const char* table : kProfileTables)
         app.db.exec_sql(QStringLiteral("DELETE from ") + QLatin1String(table) + QStringLiteral(" where Num_profil = ")
-                        + num);
+                        + sql_key(num));
 }
 
 void OuvreDetailProfil(AppContext& app, const QString& keyword)

@@ -3,6 +3,8 @@
 // profile (LastUse true) decides which club the whole program works for; its
 // fields in the application state are written here and nowhere else.
 
+#include "src/base/sql_text.h"
+
 #include <QString>
 
 namespace plouvarine {
@@ -20,6 +22,8 @@ inline constexpr const char* kProfileTables[] = {"Engag", "Engag_equipe", "Engag
 // settings.
 void read_profile(AppContext& app, bool avec_suivi);
 
+// What a profile's detail writes, new or changed: its club and its name.
+SqlFields profile_fields(const QString& code, const QString& name);
 // Adds a profile bound to the club `code`. Shows the message and gives false
 // on failure.
 bool AjouteProfil(AppContext& app, const QString& code, const QString& name);

@@ -5,7 +5,7 @@
 #include "src/competitions/utils_compet.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 #include "src/base/utils_date.h"
 #include "src/frame/choose_date_view.h"
 
@@ -93,7 +93,7 @@ void DetCompet::load()
         rows = a.db.load_rows(QStringLiteral("SELECT Rcomp.*, Piscine.Nom ") +
                               QStringLiteral("FROM Piscine Piscine, Rcomp Rcomp ") +
                               QStringLiteral("WHERE Piscine.Num = Rcomp.Num_Piscine ") +
-                              QStringLiteral("and AutoNum = ") + autonum_);
+                              QStringLiteral("and AutoNum = ") + sql_key(autonum_));
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
         return;
@@ -277,7 +277,6 @@ bool DetCompet::save()
     }
     const QString debut = tab[kCompetDebut];
     const QString fin = tab[kCompetFin];
-    quote_tab(tab);
     if (!ModifierCompet(a, tab, autonum_)) {
         msg_erreur(a.ui, QStringLiteral("Erreur lors de la modification de la compétition."));
         return false;
@@ -288,7 +287,7 @@ bool DetCompet::save()
     try {
         a.db.exec_sql(QStringLiteral("UPDATE Pcomp SET JourCourse = 1, Num_ordre = 0 ") +
                       QStringLiteral("where JourCourse > ") + days + QStringLiteral(" and Num_compet = ") +
-                      autonum_);
+                      sql_key(autonum_));
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
     }

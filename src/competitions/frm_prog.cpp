@@ -4,6 +4,7 @@
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "src/base/utils_date.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -98,7 +99,7 @@ void FrmProg::setListeNage()
         } else {
             setTabFromTab(key_);
             const Rows rows = a.db.load_rows(QStringLiteral("SELECT Longueur, Debut, Fin from Rcomp where AutoNum = ") +
-                                             key_);
+                                             sql_key(key_));
             if (rows.size() > 0) {
                 longueur_ = rows.value(0, 0).toInt();
                 const QString debut = rows.value(0, 1);
@@ -354,7 +355,7 @@ void FrmProg::cmd_annuler()
 {
     if (mode_ == kNewModele) {
         try {
-            app().db.exec_sql(QStringLiteral("DELETE from Modele_prog where NumAuto = ") + key_);
+            app().db.exec_sql(QStringLiteral("DELETE from Modele_prog where NumAuto = ") + sql_key(key_));
         } catch (const std::exception& e) {
             msg_erreur(app().ui, QString(), &e);
         }

@@ -5,7 +5,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 #include "src/base/utils_date.h"
 
 #include <algorithm>
@@ -276,7 +276,7 @@ void FrmListeCompet::hide_selection()
     QStringList keys;
     for (int row : rows)
         keys << row_key(list_, row);
-    const QString in_list = keys.join(QLatin1Char(','));
+    const SqlText in_list = sql_keys(keys);
     if (!SauverCompetTempo(a, in_list))
         return;
     a.db.exec_sql(QStringLiteral("Update Rcomp Set Visible = false where AutoNum IN (") + in_list +

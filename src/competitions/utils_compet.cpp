@@ -6,32 +6,39 @@
 #include "src/frame/app_context.h"
 #include "src/frame/commands.h"
 #include "src/frame/keywords.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
 namespace {
 
-QString quoted(const QString& text)
+// What a competition's detail writes, new or changed; Num, the user's own
+// number, is a text.
+SqlFields compet_fields(const QStringList& tab)
 {
-    return QLatin1Char('\'') + text + QLatin1Char('\'');
+    auto v = [&tab](int i) { return tab.value(i); };
+    return {{QStringLiteral("Num"), quote_sql(v(kCompetNum))},
+            {QStringLiteral("Type"), quote_sql(v(kCompetType))},
+            {QStringLiteral("Nom"), quote_sql(v(kCompetNom))},
+            {QStringLiteral("Debut"), quote_sql(v(kCompetDebut))},
+            {QStringLiteral("Fin"), quote_sql(v(kCompetFin))},
+            {QStringLiteral("Lieu"), quote_sql(v(kCompetLieu))},
+            {QStringLiteral("Longueur"), sql_key(v(kCompetLongueur))},
+            {QStringLiteral("Nb_couloir"), sql_key(v(kCompetNbCouloir))},
+            {QStringLiteral("Codif_fede"), quote_sql(v(kCompetCodifFede))},
+            {QStringLiteral("Codif_inter"), quote_sql(v(kCompetCodifInter))},
+            {QStringLiteral("Codif_reg"), quote_sql(v(kCompetCodifReg))},
+            {QStringLiteral("Codif_depar"), quote_sql(v(kCompetCodifDepar))},
+            {QStringLiteral("Num_Piscine"), sql_key(v(kCompetNumPiscine))}};
 }
 
 }  // namespace
 
 QString AjouterCompetSql(const QStringList& tab)
 {
-    auto v = [&tab](int i) { return tab.value(i); };
-    return QStringLiteral("INSERT INTO Rcomp ") +
-           QStringLiteral("(Num, Type, Nom, debut, fin, Lieu, Longueur, Nb_couloir, Codif_fede, Codif_inter, "
-                          "Codif_reg, Codif_depar, Num_Piscine) ") +
-           QStringLiteral("VALUES ('") + v(kCompetNum) + QStringLiteral("', ") + quoted(v(kCompetType)) +
-           QStringLiteral(", ") + quoted(quote_sql(v(kCompetNom))) + QStringLiteral(", ") + quoted(v(kCompetDebut)) +
-           QStringLiteral(", ") + quoted(v(kCompetFin)) + QStringLiteral(", ") + quoted(quote_sql(v(kCompetLieu))) +
-           QStringLiteral(", ") + v(kCompetLongueur) + QStringLiteral(", ") + v(kCompetNbCouloir) + QStringLiteral(", ") +
-           quoted(v(kCompetCodifFede)) + QStringLiteral(", ") + quoted(v(kCompetCodifInter)) + QStringLiteral(", ") +
-           quoted(v(kCompetCodifReg)) + QStringLiteral(", ") + quoted(v(kCompetCodifDepar)) + QStringLiteral(", ") +
-           v(kCompetNumPiscine) + QStringLiteral(");");
+    const SqlFields fields = compet_fields(tab);
+    return QStringLiteral("INSERT INTO Rcomp ") + QStringLiteral("(") + sql_columns(fields) + QStringLiteral(") ") +
+           QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");");
 }
 
 bool AjouterCompet(AppContext& app, const QStringList& tab)
@@ -46,18 +53,8 @@ bool AjouterCompet(AppContext& app, const QStringList& tab)
 
 QString ModifierCompetSql(const QStringList& tab, const QString& autonum)
 {
-    auto v = [&tab](int i) { return tab.value(i); };
-    return QStringLiteral("Update Rcomp Set Num = '") + v(kCompetNum) + QStringLiteral("', ") +
-           QStringLiteral("Type = '") + v(kCompetType) + QStringLiteral("', ") + QStringLiteral("Nom = '") +
-           v(kCompetNom) + QStringLiteral("', ") + QStringLiteral("Debut = '") + v(kCompetDebut) + QStringLiteral("', ") +
-           QStringLiteral("Fin = '") + v(kCompetFin) + QStringLiteral("', ") + QStringLiteral("Lieu = '") +
-           v(kCompetLieu) + QStringLiteral("', ") + QStringLiteral("Longueur = ") + v(kCompetLongueur) +
-           QStringLiteral(", ") + QStringLiteral("Nb_couloir = ") + v(kCompetNbCouloir) + QStringLiteral(", ") +
-           QStringLiteral("Codif_fede = '") + v(kCompetCodifFede) + QStringLiteral("', ") +
-           QStringLiteral("Codif_inter = '") + v(kCompetCodifInter) + QStringLiteral("', ") +
-           QStringLiteral("Codif_reg = '") + v(kCompetCodifReg) + QStringLiteral("', ") +
-           QStringLiteral("Codif_depar = '") + v(kCompetCodifDepar) + QStringLiteral("', ") +
-           QStringLiteral("Num_Piscine = ") + v(kCompetNumPiscine) + QStringLiteral(" where AutoNum = ") + autonum;
+    return QStringLiteral("Update Rcomp Set ") + sql_set(compet_fields(tab)) + QStringLiteral(" where AutoNum = ") +
+           sql_key(autonum);
 }
 
 bool ModifierCompet(AppContext& app, const QStringList& tab, const QString& autonum)
@@ -91,7 +88,7 @@ QString CreerCompetImport(AppContext& app)
 QString ChampCompet(AppContext& app, const QString& autonum, const QString& column)
 {
     const Rows rows = app.db.load_rows(QStringLiteral("SELECT ") + column +
-                                       QStringLiteral(" FROM Rcomp where AutoNum = ") + autonum);
+                                       QStringLiteral(" FROM Rcomp where AutoNum = ") + sql_key(autonum));
     return rows.size() > 0 ? rows.value(0, 0) : QString();
 }
 
@@ -108,11 +105,11 @@ qint16 LongueurCompet(AppContext& app, const QString& autonum)
 void MajCompetitions(AppContext& app)
 {
     app.db.exec_sql(QStringLiteral("UPDATE Rcomp SET Deroule = true, Visible = false") +
-                    QStringLiteral(" WHERE Deroule = false AND Visible = true AND Debut <= '") +
-                    app.clock.today_text() + QStringLiteral("'"));
+                    QStringLiteral(" WHERE Deroule = false AND Visible = true AND Debut <= ") +
+                    quote_sql(app.clock.today_text()));
 }
 
-bool SauverCompetTempo(AppContext& app, const QString& autonums)
+bool SauverCompetTempo(AppContext& app, const SqlText& autonums)
 {
     try {
         app.db.exec_sql(QStringLiteral("INSERT INTO Rcomp_tempo ") + QStringLiteral("SELECT Rcomp.* ") +

@@ -8,6 +8,8 @@
 // false), retired once begun (true, false); rows made for an import of
 // results stand at (true, true).
 
+#include "src/base/sql_text.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -33,11 +35,11 @@ enum TabCompet : int {
     kCompetTabSize
 };
 
-// The INSERT of a new competition; apostrophes of Nom and Lieu are doubled here.
+// The INSERT of a new competition, its texts quoted.
 QString AjouterCompetSql(const QStringList& tabCompet);
 // True on success; the engine's error is dropped, the caller reports.
 bool AjouterCompet(AppContext& app, const QStringList& tabCompet);
-// The UPDATE of the competition `autonum`; the caller has quoted the texts.
+// The UPDATE of the competition `autonum`, its texts quoted.
 QString ModifierCompetSql(const QStringList& tabCompet, const QString& autonum);
 bool ModifierCompet(AppContext& app, const QStringList& tabCompet, const QString& autonum);
 // A competition row for an import of results (taken place, shown, no pool):
@@ -51,7 +53,7 @@ qint16 LongueurCompet(AppContext& app, const QString& autonum);
 // Errors go to the caller.
 void MajCompetitions(AppContext& app);
 // Copies the rows of the comma list of AutoNum into Rcomp_tempo.
-bool SauverCompetTempo(AppContext& app, const QString& autonums);
+bool SauverCompetTempo(AppContext& app, const SqlText& autonums);
 
 // det_compet in `mode` ("Nouveau" or "Modif"), under `title`; `caller` is the
 // window to reload after a save (the main window when empty).

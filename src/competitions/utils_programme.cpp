@@ -3,6 +3,7 @@
 #include "src/competitions/frm_prog.h"
 #include "src/frame/app_context.h"
 #include "src/frame/menu_state.h"
+#include "src/base/sql_text.h"
 
 #include <QStandardItemModel>
 #include <stdexcept>
@@ -36,19 +37,19 @@ QString ListeNageSql(int longueur)
 QString TabFromTabSql(const QString& num_compet)
 {
     return QStringLiteral("SELECT Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre ") +
-           QStringLiteral("FROM Pcomp ") + QStringLiteral("WHERE Num_compet = ") + num_compet;
+           QStringLiteral("FROM Pcomp ") + QStringLiteral("WHERE Num_compet = ") + sql_key(num_compet);
 }
 
 QString TabFromModeleSql(const QString& num_modele, int longueur)
 {
     if (longueur == 25)
         return QStringLiteral("SELECT Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre ") +
-               QStringLiteral("FROM Pcomp_modele ") + QStringLiteral("WHERE Num_modele = ") + num_modele;
+               QStringLiteral("FROM Pcomp_modele ") + QStringLiteral("WHERE Num_modele = ") + sql_key(num_modele);
     return QStringLiteral("SELECT Pcomp_modele.Code_epreuve, Pcomp_modele.JourCourse, Pcomp_modele.Type, "
                           "Pcomp_modele.Nb_finales, Pcomp_modele.Type_finale, Pcomp_modele.Num_ordre ") +
            QStringLiteral("FROM Nage Nage, Pcomp_modele Pcomp_modele ") +
            QStringLiteral("WHERE Nage.Code_Nage = Pcomp_modele.Code_epreuve ") +
-           QStringLiteral("AND Pcomp_modele.Num_modele = ") + num_modele + QStringLiteral(" ") +
+           QStringLiteral("AND Pcomp_modele.Num_modele = ") + sql_key(num_modele) + QStringLiteral(" ") +
            QStringLiteral("AND Nage.Possible_50 = true");
 }
 
@@ -73,12 +74,16 @@ LoadedProg ChargeTabProg(Database& db, const QString& sql)
 
 QString InsertProgSql(const QString& table, const QString& key, const QString& num, int code, const ProgSlot& slot)
 {
-    return QStringLiteral("INSERT INTO ") + table + QStringLiteral(" (") + key +
-           QStringLiteral(", Code_epreuve, JourCourse, Type, nb_finales, Type_finale, num_ordre) ") +
-           QStringLiteral("VALUES (") + num + QStringLiteral(", ") + QString::number(code) + QStringLiteral(", ") +
-           QString::number(slot.JourCourse) + QStringLiteral(", '") + QString::number(slot.Type) +
-           QStringLiteral("', '") + QString::number(slot.Nb_finales) + QStringLiteral("', '") + slot.Type_finale +
-           QStringLiteral("', ") + QString::number(slot.Num_ordre) + QStringLiteral(");");
+    // Type and Nb_finales are text columns.
+    const SqlFields fields = {{key, sql_key(num)},
+                              {QStringLiteral("Code_epreuve"), sql_number(code)},
+                              {QStringLiteral("JourCourse"), sql_number(slot.JourCourse)},
+                              {QStringLiteral("Type"), quote_sql(QString::number(slot.Type))},
+                              {QStringLiteral("nb_finales"), quote_sql(QString::number(slot.Nb_finales))},
+                              {QStringLiteral("Type_finale"), quote_sql(slot.Type_finale)},
+                              {QStringLiteral("num_ordre"), sql_number(slot.Num_ordre)}};
+    return QStringLiteral("INSERT INTO ") + table + QStringLiteral(" (") + sql_columns(fields) + QStringLiteral(") ") +
+           QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");");
 }
 
 bool SaveTabInTable(AppContext& app, TabProg& tab, int day_count, const QString& table, const QString& num,
@@ -87,7 +92,7 @@ bool SaveTabInTable(AppContext& app, TabProg& tab, int day_count, const QString&
     const QString key = modele ? QStringLiteral("Num_modele") : QStringLiteral("Num_compet");
     try {
         app.db.exec_sql(QStringLiteral("DELETE FROM ") + table + QStringLiteral(" where ") + key +
-                        QStringLiteral(" = ") + num);
+                        QStringLiteral(" = ") + sql_key(num));
         for (int code = 0; code < kEventSlots; ++code) {
             ProgSlot& slot = tab[size_t(code)];
             if (slot.JourCourse <= 0)
@@ -139,7 +144,7 @@ void ChargerListeProg(Database& db, QStandardItemModel& list, const QString& tab
     const QString& t = table;
     const QString from_where = QStringLiteral("FROM Nage Nage, ") + t + QStringLiteral(" ") +
                                QStringLiteral("WHERE Nage.Code_Nage = ") + t + QStringLiteral(".Code_epreuve ") +
-                               QStringLiteral("AND ") + t + QStringLiteral(".") + key + QStringLiteral(" = ") + num +
+                               QStringLiteral("AND ") + t + QStringLiteral(".") + key + QStringLiteral(" = ") + sql_key(num) +
                                QStringLiteral(" ");
     const Rows unordered = db.load_rows(QStringLiteral("SELECT Nage.Libelle, ") + t + QStringLiteral(".Num_ordre ") +
                                         from_where + QStringLiteral("AND ") + t + QStringLiteral(".Num_ordre = 0 ") +

@@ -1,6 +1,7 @@
 #include "src/entries/relays.h"
 
 #include "src/base/services.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"

@@ -1,6 +1,7 @@
 #include "src/entries/teams.h"
 
 #include "src/base/services.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/frame/app_context.h"
 #include "src/licences/removed_swimmers.h"
@@ -202,16 +203,16 @@ QString team_members_sql(const EntryScope& scope, const Team& team, bool several
 QString team_candidates_sql(AppContext& app, const EntryScope& scope, const Team& team)
 {
     const bool selection = app.state.club_selection;
-    const QString code = quote_sql(app.state.club_code);
+    const SqlText code = quote_sql(app.state.club_code);
     QString sql =
         selection ? QStringLiteral("SELECT Licence.Licence, Licence.Nom, Licence.Prenom, Licence.Num, Club.Intitule ") +
                         QStringLiteral("FROM Club Club, Licence Licence, Selection Selection ") +
                         QStringLiteral("WHERE Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic "
                                        "and ") +
-                        QStringLiteral("Selection.Code_Sel =  '") + code +
-                        QStringLiteral("' and Selection.Visible = true and Licence.Visible = true")
+                        QStringLiteral("Selection.Code_Sel =  ") + code +
+                        QStringLiteral(" and Selection.Visible = true and Licence.Visible = true")
                   : QStringLiteral("SELECT Licence, Nom, Prenom, Num FROM Licence ") +
-                        QStringLiteral("where Code_Club = '") + code + QStringLiteral("' and Visible = true");
+                        QStringLiteral("where Code_Club = ") + code + QStringLiteral(" and Visible = true");
     const QString t = scope.nageur_table();
     sql += QStringLiteral(" AND NOT (") + (selection ? QStringLiteral("Licence.") : QString()) +
            QStringLiteral("Num IN ") + QStringLiteral("(SELECT Num_Lic FROM ") + t + QStringLiteral(" WHERE ") +

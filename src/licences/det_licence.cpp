@@ -5,6 +5,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/licences/liste_licence.h"
 #include "src/licences/season_maintenance.h"
@@ -95,14 +96,14 @@ void DetLicence::load_lists()
     tarifs_.clear();
     if (selection_)
         return;
-    const QString club = quote_sql(app().state.club_code);
+    const SqlText club = quote_sql(app().state.club_code);
     fill_names(app().db, activites_,
                QStringLiteral("SELECT distinct Activite ") + QStringLiteral("FROM Activites ") +
-                   QStringLiteral("WHERE Code_federal = '") + club + QStringLiteral("'"),
+                   QStringLiteral("WHERE Code_federal = ") + club,
                QStringLiteral("Activités"), true);
     fill_names(app().db, tarifs_,
                QStringLiteral("SELECT distinct Intitule ") + QStringLiteral("FROM Tarifs ") +
-                   QStringLiteral("WHERE Code_federal = '") + club + QStringLiteral("'"),
+                   QStringLiteral("WHERE Code_federal = ") + club,
                QStringLiteral("Tarifs"), false);
 }
 
@@ -111,7 +112,7 @@ void DetLicence::load_licence(const QString& num, bool take_fields_only)
     const Rows rows = app().db.load_rows(QStringLiteral("SELECT Licence.*, Pays.Libelle ") +
                                          QStringLiteral("FROM Pays Pays, Licence Licence ") +
                                          QStringLiteral("WHERE Pays.Code = Licence.Nationalite ") +
-                                         QStringLiteral("AND Licence.Num = ") + num);
+                                         QStringLiteral("AND Licence.Num = ") + sql_key(num));
     if (rows.empty())
         return;
     auto v = [&rows](int column) { return rows.value(0, column); };
@@ -158,7 +159,7 @@ void DetLicence::load_licence(const QString& num, bool take_fields_only)
         return;
     const Rows ticked = app().db.load_rows(QStringLiteral("SELECT distinct Activite ") +
                                            QStringLiteral("FROM Activite_licence ") +
-                                           QStringLiteral("WHERE Num_lic = ") + num);
+                                           QStringLiteral("WHERE Num_lic = ") + sql_key(num));
     for (int r = 0; r < activites_.rowCount(); ++r) {
         const bool on = ticked.column(0).contains(activites_.item(r)->text(), Qt::CaseInsensitive);
         activites_.item(r)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
@@ -200,9 +201,9 @@ void DetLicence::choose_club()
     FrmListeClub list(app(), QString(keyword::kChoisir));
     list.set_title(QStringLiteral("Liste des clubs"));
     list.set_ok_caption(QStringLiteral("&OK"));
-    list.set_sql(QStringLiteral("SELECT Code_federal, Intitule, Num FROM Club where Code_federal like '") +
-                 quote_sql(PrefixeSelection(app().state.club_code)) +
-                 QStringLiteral("%' and Visible = true order by Intitule"));
+    list.set_sql(QStringLiteral("SELECT Code_federal, Intitule, Num FROM Club where Code_federal like ") +
+                 quote_sql(PrefixeSelection(app().state.club_code) + QLatin1Char('%')) +
+                 QStringLiteral(" and Visible = true order by Intitule"));
     if (!list.register_window(name()))
         return;
     list.set_liste();
@@ -219,7 +220,7 @@ void DetLicence::choose_origin()
         return;
     if (app().windows.check_window_open(QString(FrmListeLicence::kName)))
         return;
-    const QString prefix = quote_sql(PrefixeSelection(app().state.club_code));
+    const SqlText prefix = quote_sql(PrefixeSelection(app().state.club_code) + QLatin1Char('%'));
     FrmListeLicence list(app(), QString(keyword::kChoisir));
     list.set_ok_caption(QStringLiteral("&OK"));
     if (!list.register_window(name()))
@@ -229,7 +230,7 @@ void DetLicence::choose_origin()
                                   "Licence.Date_Naissance ") +
                        QStringLiteral("FROM Club Club, Licence Licence ") +
                        QStringLiteral("WHERE Club.Code_federal = Licence.Code_Club ") +
-                       QStringLiteral("AND Licence.Code_Club like '") + prefix + QStringLiteral("%' ") +
+                       QStringLiteral("AND Licence.Code_Club like ") + prefix + QStringLiteral(" ") +
                        QStringLiteral("AND Licence.Visible = true ") +
                        QStringLiteral("ORDER BY Licence.Nom, Licence.Prenom"));
     app().ui.show_modal(list);
@@ -300,8 +301,8 @@ QStringList DetLicence::LitLicence()
     tab << (Option_sexe == 0 ? QStringLiteral("M") : Option_sexe == 1 ? QStringLiteral("F") : QString());
     tab << date_of(kNaissance);
     const QString code = app().db
-                             .load_rows(QStringLiteral("select Code from Pays where Libelle = '") +
-                                        quote_sql(text1[kNationalite].trimmed()) + QStringLiteral("'"))
+                             .load_rows(QStringLiteral("select Code from Pays where Libelle = ") +
+                                        quote_sql(text1[kNationalite].trimmed()))
                              .first();
     tab << (code.isEmpty() ? QStringLiteral("FRA") : code);
     for (int i : {kAdresse, kSuiteAdresse, kCodePostal, kLocalite, kTelephone})
@@ -347,9 +348,9 @@ bool DetLicence::save_new()
     status_text(a.ui, QStringLiteral("Enregistrement de la licence"));
     const QString licence = text1[kNumero].trimmed() + licence_letters().value(Cb_licence, licence_letters().first());
     const QString club = text1[kCodeClub].trimmed();
-    const int existing = a.db.count_query(QStringLiteral("select count(*) from Licence where Licence = '") +
-                                          quote_sql(licence) + QStringLiteral("' and Code_Club = '") +
-                                          quote_sql(club) + QStringLiteral("'"));
+    const int existing = a.db.count_query(QStringLiteral("select count(*) from Licence where Licence = ") +
+                                          quote_sql(licence) + QStringLiteral(" and Code_Club = ") +
+                                          quote_sql(club));
     if (existing != 0 && !selection_) {
         msg_erreur(a.ui, QStringLiteral("Numéro de licence déjà utilisé.\nInsertion du licencié annulé."));
         return false;
@@ -388,7 +389,6 @@ bool DetLicence::save_modif()
     QStringList tab = LitLicence();
     const QString activites = tab.value(kTabActivites);
     const QString sexe = tab.value(kTabSexe);
-    quote_tab(tab);
     try {
         ModifieLicence(a, tab, num_);
     } catch (const std::exception& e) {

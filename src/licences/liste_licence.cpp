@@ -7,7 +7,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 #include "src/licences/season_maintenance.h"
 #include "src/base/utils_date.h"
 #include "src/licences/utils_licences.h"
@@ -26,8 +26,8 @@ QString selection_from_where(const QString& code)
 {
     return QStringLiteral("FROM Club Club, Licence Licence, Selection Selection ") +
            QStringLiteral("WHERE Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic and ") +
-           QStringLiteral("Selection.Code_Sel = '") + quote_sql(code) +
-           QStringLiteral("' and Selection.Visible = true and Licence.Visible = true order by Licence.Nom, "
+           QStringLiteral("Selection.Code_Sel = ") + quote_sql(code) +
+           QStringLiteral(" and Selection.Visible = true and Licence.Visible = true order by Licence.Nom, "
                           "Licence.Prenom, Club.Intitule");
 }
 
@@ -90,8 +90,8 @@ void FrmListeLicence::set_liste(const QString& title, const QString& sql)
                         selection_from_where(code);
         else
             statement = QStringLiteral("SELECT Num, Licence, Nom, Prenom, Date_Naissance ") +
-                        QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = '") + quote_sql(code) +
-                        QStringLiteral("' and Visible = true order by Nom, Prenom");
+                        QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = ") + quote_sql(code) +
+                        QStringLiteral(" and Visible = true order by Nom, Prenom");
     }
     if (mode_ == keyword::kSsCotisation)
         statement.replace(QStringLiteral("WHERE "),
@@ -327,22 +327,22 @@ void FrmListeLicence::supprime_selection()
         try {
             if (a.state.club_selection) {
                 a.db.exec_sql(QStringLiteral("Update Selection Set Suppr = true, Visible = false ") +
-                              QStringLiteral("where Num_Lic = ") + num + QStringLiteral(" and Code_Sel = '") +
-                              quote_sql(a.state.club_code) + QStringLiteral("'"));
+                              QStringLiteral("where Num_Lic = ") + sql_key(num) + QStringLiteral(" and Code_Sel = ") +
+                              quote_sql(a.state.club_code));
             } else {
                 try {
                     a.db.exec_sql(
                         QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) ") +
                         QStringLiteral("SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, "
                                        "Licence.Prenom ") +
-                        QStringLiteral("From Licence ") + QStringLiteral("WHERE (((Licence.Num) = ") + num +
+                        QStringLiteral("From Licence ") + QStringLiteral("WHERE (((Licence.Num) = ") + sql_key(num) +
                         QStringLiteral("));"));
                 } catch (const std::exception& e) {
                     msg_erreur(a.ui, QStringLiteral("Erreur lors de la mémorisation des informations.\nSuppression annulée."),
                                &e);
                     continue;
                 }
-                a.db.exec_sql(QStringLiteral("Update Licence Set Visible = false where Num = ") + num);
+                a.db.exec_sql(QStringLiteral("Update Licence Set Visible = false where Num = ") + sql_key(num));
             }
         } catch (const std::exception& e) {
             msg_erreur(a.ui, QString(), &e);
@@ -377,8 +377,8 @@ void FrmListeLicence::annule_suppression()
     try {
         if (a.state.club_selection)
             a.db.exec_sql(QStringLiteral("UPDATE Selection Set Suppr = false, Visible = true ") +
-                          QStringLiteral("WHERE Code_Sel = '") + quote_sql(a.state.club_code) +
-                          QStringLiteral("' ") + QStringLiteral("AND Suppr = true"));
+                          QStringLiteral("WHERE Code_Sel = ") + quote_sql(a.state.club_code) +
+                          QStringLiteral(" ") + QStringLiteral("AND Suppr = true"));
         else
             a.db.exec_sql(
                 QStringLiteral("Update Licence Set Visible = true where Num in (select Num from Licence_tempo)"));
@@ -395,8 +395,8 @@ void FrmListeLicence::ChargeMenuTarifs()
     AppContext& a = app();
     try {
         const Rows rows = a.db.load_rows(QStringLiteral("SELECT Intitule ") + QStringLiteral("FROM Tarifs ") +
-                                         QStringLiteral("WHERE Code_federal = '") + quote_sql(a.state.club_code) +
-                                         QStringLiteral("' ") + QStringLiteral("ORDER BY Intitule"));
+                                         QStringLiteral("WHERE Code_federal = ") + quote_sql(a.state.club_code) +
+                                         QStringLiteral(" ") + QStringLiteral("ORDER BY Intitule"));
         a.menus.set_tarifs(rows.column(0));
     } catch (const std::exception&) {
         a.menus.set_tarifs({});
@@ -433,8 +433,8 @@ void FrmListeLicence::sauve_tarifs()
     const QStringList nums = fees_.keys();
     for (const QString& num : nums) {
         try {
-            a.db.exec_sql(QStringLiteral("UPDATE Licence SET Tarif = '") + quote_sql(fees_.value(num)) +
-                          QStringLiteral("' ") + QStringLiteral("WHERE Num = ") + num);
+            a.db.exec_sql(QStringLiteral("UPDATE Licence SET Tarif = ") + quote_sql(fees_.value(num)) +
+                          QStringLiteral(" ") + QStringLiteral("WHERE Num = ") + sql_key(num));
         } catch (const std::exception& e) {
             msg_erreur(a.ui, QString(), &e);
             break;
@@ -461,8 +461,8 @@ LicenceReport LitRapportLicences(AppContext& app)
               selection_from_where(app.state.club_code);
     else
         sql = QStringLiteral("SELECT Nom, Prenom, Licence, Nationalite, Sexe, Date_Naissance ") +
-              QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = '") +
-              quote_sql(app.state.club_code) + QStringLiteral("' and Visible = true order by Nom, Prenom");
+              QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = ") +
+              quote_sql(app.state.club_code) + QStringLiteral(" and Visible = true order by Nom, Prenom");
     const Rows rows = app.db.load_rows(sql);
     for (int r = 0; r < rows.size(); ++r) {
         QStringList line;

@@ -1,7 +1,7 @@
 #include "src/licences/removed_swimmers.h"
 
 #include "src/frame/app_context.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -11,7 +11,7 @@ void RetirerDesRelais(AppContext& app, const QString& swimmers, const QString& c
     status_text(app.ui, QStringLiteral("Suppression du nageur dans les relais"));
     for (int n = 1; n <= 10; ++n) {
         const QString place = QStringLiteral("Licence") + QString::number(n);
-        QString sql = QStringLiteral("UPDATE Relais SET ") + place + QStringLiteral(" = ") + app.state.num_lic_nulle +
+        QString sql = QStringLiteral("UPDATE Relais SET ") + place + QStringLiteral(" = ") + sql_key(app.state.num_lic_nulle) +
                       QStringLiteral(" WHERE ") + place + QStringLiteral(" IN (") + swimmers + QStringLiteral(")");
         if (!competitions.isEmpty())
             sql += QStringLiteral(" AND Num_compet in (") + competitions + QStringLiteral(")");
@@ -20,7 +20,7 @@ void RetirerDesRelais(AppContext& app, const QString& swimmers, const QString& c
         if (mixed)
             sql += QStringLiteral(" AND Equipe_mixte = ") + bool_text(*mixed);
         if (!profile.isEmpty())
-            sql += QStringLiteral(" AND Num_profil = ") + profile;
+            sql += QStringLiteral(" AND Num_profil = ") + sql_key(profile);
         app.db.exec_sql(sql);
     }
     status_text(app.ui, QString());

@@ -2,7 +2,7 @@
 
 #include "src/licences/removed_swimmers.h"
 #include "src/frame/app_context.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 #include "src/base/utils_date.h"
 
 namespace plouvarine {
@@ -23,51 +23,51 @@ QString stored(const QDate& date)
 
 void AjouteASelection(AppContext& app, const QString& code_sel, const QString& num)
 {
-    const QString code = quote_sql(code_sel);
-    const int present = app.db.count_query(QStringLiteral("select count(*) from Selection where Code_Sel = '") + code +
-                                           QStringLiteral("' and Num_Lic = ") + num);
+    const SqlText code = quote_sql(code_sel);
+    const int present = app.db.count_query(QStringLiteral("select count(*) from Selection where Code_Sel = ") + code +
+                                           QStringLiteral(" and Num_Lic = ") + sql_key(num));
     if (present > 0)
-        app.db.exec_sql(QStringLiteral("UPDATE Selection Set Visible = true ") + QStringLiteral("Where Code_Sel = '") +
-                        code + QStringLiteral("' and Num_Lic = ") + num);
+        app.db.exec_sql(QStringLiteral("UPDATE Selection Set Visible = true ") + QStringLiteral("Where Code_Sel = ") +
+                        code + QStringLiteral(" and Num_Lic = ") + sql_key(num));
     else
-        app.db.exec_sql(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) ") + QStringLiteral("VALUES ('") +
-                        code + QStringLiteral("', ") + num + QStringLiteral(");"));
+        app.db.exec_sql(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) ") + QStringLiteral("VALUES (") +
+                        code + QStringLiteral(", ") + sql_key(num) + QStringLiteral(");"));
 }
 
 void SupprimeEngagementsLicences(AppContext& app, bool selection, const QString& code_text, const QString& condition)
 {
-    const QString code = quote_sql(code_text);
+    const SqlText code = quote_sql(code_text);
     const QString not_run = QStringLiteral("select AutoNum from RComp where deroule = false");
     if (selection) {
         const QString entries =
             QStringLiteral("Delete ") + QStringLiteral("FROM Engag Engag ") +
             QStringLiteral("WHERE exists (SELECT Rcomp.AutoNum ") +
             QStringLiteral("FROM Rcomp Rcomp WHERE Rcomp.Visible=True AND Rcomp.AutoNum = Engag.Num_compet) AND ") +
-            QStringLiteral("exists (SELECT Profil.Num ") + QStringLiteral("FROM Profil Profil WHERE Profil.Code_club='") +
-            code + QStringLiteral("' AND Profil.Num = Engag.Num_profil) AND ") +
+            QStringLiteral("exists (SELECT Profil.Num ") + QStringLiteral("FROM Profil Profil WHERE Profil.Code_club=") +
+            code + QStringLiteral(" AND Profil.Num = Engag.Num_profil) AND ") +
             QStringLiteral("exists (SELECT Selection.Num_Lic ") +
-            QStringLiteral("FROM Selection Selection WHERE Selection.Suppr = true AND Selection.Code_Sel = '") + code +
-            QStringLiteral("' AND Selection.Num_Lic = Engag.Num_Lic)");
+            QStringLiteral("FROM Selection Selection WHERE Selection.Suppr = true AND Selection.Code_Sel = ") + code +
+            QStringLiteral(" AND Selection.Num_Lic = Engag.Num_Lic)");
         app.db.exec_sql(entries);
         app.db.exec_sql(replace_all(entries, QStringLiteral("Engag"), QStringLiteral("Engag_nageur")));
         const QString models =
             QStringLiteral("DELETE ") + QStringLiteral("FROM Engag_nageur_modele Engag_nageur_modele ") +
             QStringLiteral("WHERE exists (SELECT Modele_engag.Num_profil ") +
             QStringLiteral("FROM Modele_engag Modele_engag, Profil Profil ") +
-            QStringLiteral("WHERE Profil.Num = Modele_engag.Num_profil AND Profil.Code_club = '") + code +
-            QStringLiteral("' AND Modele_engag.NumAuto = Engag_nageur_modele.Num_modele) AND ") +
+            QStringLiteral("WHERE Profil.Num = Modele_engag.Num_profil AND Profil.Code_club = ") + code +
+            QStringLiteral(" AND Modele_engag.NumAuto = Engag_nageur_modele.Num_modele) AND ") +
             QStringLiteral("exists (SELECT Selection.Num_Lic ") + QStringLiteral("FROM Selection Selection ") +
-            QStringLiteral("WHERE Selection.Code_Sel = '") + code +
-            QStringLiteral("' AND Selection.Suppr = True AND Engag_nageur_modele.Num_Lic = Selection.Num_Lic)");
+            QStringLiteral("WHERE Selection.Code_Sel = ") + code +
+            QStringLiteral(" AND Selection.Suppr = True AND Engag_nageur_modele.Num_Lic = Selection.Num_Lic)");
         app.db.exec_sql(models);
         app.db.exec_sql(replace_all(models, QStringLiteral("Engag_nageur_modele"), QStringLiteral("Engag_modele")));
-        app.db.exec_sql(QStringLiteral("Update Selection set Suppr = false ") + QStringLiteral("where Code_Sel = '") +
-                        code + QStringLiteral("' ") + QStringLiteral("and Suppr = true"));
+        app.db.exec_sql(QStringLiteral("Update Selection set Suppr = false ") + QStringLiteral("where Code_Sel = ") +
+                        code + QStringLiteral(" ") + QStringLiteral("and Suppr = true"));
         // The marks are gone by now, so this list is empty: the relays of a
         // selection keep their swimmers, as they always have.
         RetirerDesRelais(app,
-                         QStringLiteral("select Num_Lic from Selection ") + QStringLiteral("where Code_Sel = '") +
-                             code + QStringLiteral("' ") + QStringLiteral("and Suppr = true and visible = false"),
+                         QStringLiteral("select Num_Lic from Selection ") + QStringLiteral("where Code_Sel = ") +
+                             code + QStringLiteral(" ") + QStringLiteral("and Suppr = true and visible = false"),
                          not_run, std::nullopt, std::nullopt, app.state.profile_num);
         return;
     }
@@ -82,8 +82,8 @@ void SupprimeEngagementsLicences(AppContext& app, bool selection, const QString&
     app.db.exec_sql(models);
     app.db.exec_sql(replace_all(models, QStringLiteral("Engag_nageur_modele"), QStringLiteral("Engag_modele")));
     if (condition.isEmpty()) {
-        app.db.exec_sql(QStringLiteral("Update Licence Set Date_suppr = '") + app.clock.today_text() +
-                        QStringLiteral("' where Num in (select Num from Licence_tempo)"));
+        app.db.exec_sql(QStringLiteral("Update Licence Set Date_suppr = ") + quote_sql(app.clock.today_text()) +
+                        QStringLiteral(" where Num in (select Num from Licence_tempo)"));
         app.db.exec_sql(QStringLiteral("Update Selection set Visible = false ") + QStringLiteral("where Num_Lic in (") +
                         swimmers + QStringLiteral(")"));
     }
@@ -94,7 +94,7 @@ void PurgeLicences(AppContext& app)
 {
     const QString limit = stored(app.clock.today().addYears(-2));
     app.db.exec_sql(QStringLiteral("UPDATE Licence SET Licence = Num") +
-                    QStringLiteral(" WHERE Visible = false AND Date_suppr < '") + limit + QStringLiteral("'"));
+                    QStringLiteral(" WHERE Visible = false AND Date_suppr < ") + quote_sql(limit));
 }
 
 void MajSaisonLicences(AppContext& app)
@@ -112,10 +112,10 @@ void MajSaisonLicences(AppContext& app)
             return;
     }
     const QString d = DebutSaison(today_text, 0);
-    app.db.exec_sql(QStringLiteral("UPDATE Licence ") + QStringLiteral("SET Date_Depot = '") + d +
-                    QStringLiteral("', Date_obliteration = '") + d + QStringLiteral("', Type_licence = 'R' ") +
-                    QStringLiteral("WHERE Date_Depot < '") + d + QStringLiteral("'"));
-    app.db.exec_sql(QStringLiteral("UPDATE Info ") + QStringLiteral("SET LastUpdtLic = '") + d + QStringLiteral("'"));
+    app.db.exec_sql(QStringLiteral("UPDATE Licence ") + QStringLiteral("SET Date_Depot = ") + quote_sql(d) +
+                    QStringLiteral(", Date_obliteration = ") + quote_sql(d) + QStringLiteral(", Type_licence = 'R' ") +
+                    QStringLiteral("WHERE Date_Depot < ") + quote_sql(d));
+    app.db.exec_sql(QStringLiteral("UPDATE Info ") + QStringLiteral("SET LastUpdtLic = ") + quote_sql(d));
 }
 
 void install_licence_hooks(AppContext& app)

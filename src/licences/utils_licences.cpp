@@ -4,7 +4,7 @@
 #include "src/frame/app_context.h"
 #include "src/frame/commands.h"
 #include "src/frame/keywords.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 #include "src/licences/det_licence.h"
 #include "src/licences/liste_licence.h"
 
@@ -12,27 +12,30 @@ namespace plouvarine {
 
 namespace {
 
-QString value_at(const QStringList& tab, int index)
+// The columns of tab_licence, in its order.
+const char* const kColumns[kTabActivites] = {
+    "Code_club", "Licence",  "Nom",       "Prenom",   "Sexe",     "Date_Naissance", "Nationalite",
+    "Adresse",   "Suite_adresse", "Code_Postal", "Localite", "Telephone", "Sportive", "Synchro",
+    "Water_Polo", "Plongeon", "Dirigeant", "Maitre",  "Date_Depot", "Date_obliteration", "Type_licence",
+    "Nature",    "Code_unique", "Tel2",   "Mail",     "Tarif",    "Medecin",        "Date_Ctrl_Medical",
+};
+
+// The fields of tab_licence from `first` on, every value a text.
+SqlFields licence_fields(const QStringList& tab_licence, int first)
 {
-    return index < tab.size() ? tab.at(index) : QString();
+    SqlFields fields;
+    for (int i = first; i < kTabActivites; ++i)
+        fields.push_back({QLatin1String(kColumns[i]), quote_sql(tab_licence.value(i))});
+    return fields;
 }
 
 }  // namespace
 
 QString AjouteLicenceSql(const QStringList& tab_licence)
 {
-    const QChar separator(0xA0);
-    QStringList values;
-    for (int i = 0; i < kTabActivites; ++i)
-        values << value_at(tab_licence, i);
-    QString joined = quote_sql(values.join(separator));
-    joined.replace(separator, QStringLiteral("', '"));
-    return QStringLiteral("INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe") +
-           QStringLiteral(", Date_Naissance, Nationalite, Adresse, Suite_adresse, Code_Postal, Localite, Telephone") +
-           QStringLiteral(", Sportive, Synchro, Water_Polo, Plongeon, Dirigeant, Maitre, Date_Depot") +
-           QStringLiteral(", Date_obliteration, Type_licence, Nature, Code_unique") +
-           QStringLiteral(", Tel2, Mail, Tarif, Medecin, Date_Ctrl_Medical) ") + QStringLiteral("VALUES (") +
-           QLatin1Char('\'') + joined + QLatin1Char('\'') + QStringLiteral(");");
+    const SqlFields fields = licence_fields(tab_licence, kTabCodeClub);
+    return QStringLiteral("INSERT INTO Licence (") + sql_columns(fields) + QStringLiteral(") ") +
+           QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");");
 }
 
 void AjouteLicence(AppContext& app, const QStringList& tab_licence)
@@ -42,21 +45,9 @@ void AjouteLicence(AppContext& app, const QStringList& tab_licence)
 
 QString ModifieLicenceSql(const QStringList& tab_licence, const QString& num)
 {
-    static const char* const kColumns[] = {
-        "Licence",  "Nom",       "Prenom",   "Sexe",     "Date_Naissance", "Nationalite",       "Adresse",
-        "Suite_adresse", "Code_Postal", "Localite", "Telephone", "Sportive",   "Synchro",          "Water_Polo",
-        "Plongeon", "Dirigeant", "Maitre",   "Date_Depot", "Date_obliteration", "Type_licence", "Nature",
-        "Code_unique", "Tel2",   "Mail",     "Tarif",    "Medecin",        "Date_Ctrl_Medical",
-    };
-    QString sql = QStringLiteral("UPDATE Licence SET ");
-    int index = kTabLicence;
-    for (const char* column : kColumns) {
-        if (index > kTabLicence)
-            sql += QStringLiteral("', ");
-        sql += QLatin1String(column) + QStringLiteral(" = '") + value_at(tab_licence, index);
-        ++index;
-    }
-    return sql + QStringLiteral("' WHERE Num = ") + num;
+    // Code_club stays: a licence changes club through its own commands.
+    return QStringLiteral("UPDATE Licence SET ") + sql_set(licence_fields(tab_licence, kTabLicence)) +
+           QStringLiteral(" WHERE Num = ") + sql_key(num);
 }
 
 void ModifieLicence(AppContext& app, const QStringList& tab_licence, const QString& num)
@@ -67,19 +58,20 @@ void ModifieLicence(AppContext& app, const QStringList& tab_licence, const QStri
 QString NumLicence(AppContext& app, const QString& licence, const QString& club_code)
 {
     return app.db
-        .load_rows(QStringLiteral("select Num from Licence where Licence = '") + quote_sql(licence) +
-                   QStringLiteral("' and Code_Club = '") + quote_sql(club_code) + QStringLiteral("'"))
+        .load_rows(QStringLiteral("select Num from Licence where Licence = ") + quote_sql(licence) +
+                   QStringLiteral(" and Code_Club = ") + quote_sql(club_code))
         .first();
 }
 
 void SauveActivites(AppContext& app, const QString& num, const QString& activites)
 {
-    app.db.exec_sql(QStringLiteral("DELETE FROM Activite_licence ") + QStringLiteral("WHERE Num_lic = ") + num);
+    const SqlText key = sql_key(num);
+    app.db.exec_sql(QStringLiteral("DELETE FROM Activite_licence ") + QStringLiteral("WHERE Num_lic = ") + key);
     for (const QString& name : activites.split(QLatin1Char('\t'))) {
         if (name.isEmpty())
             continue;
-        app.db.exec_sql(QStringLiteral("INSERT INTO Activite_licence ") + QStringLiteral("VALUES (") + num +
-                        QStringLiteral(", '") + quote_sql(name) + QStringLiteral("')"));
+        app.db.exec_sql(QStringLiteral("INSERT INTO Activite_licence ") + QStringLiteral("VALUES (") + key +
+                        QStringLiteral(", ") + quote_sql(name) + QStringLiteral(")"));
     }
 }
 

@@ -44,12 +44,10 @@ enum TabLicence : int {
 };
 inline constexpr int kNbAffiliations = 6;
 
-// The INSERT of a new licence. The 28 values are joined with the character 160,
-// apostrophes are doubled once over the whole, then each character 160 becomes
-// "', '": a value holding that character therefore splits in two.
+// The INSERT of a new licence, its 28 values quoted.
 QString AjouteLicenceSql(const QStringList& tab_licence);
 void AjouteLicence(AppContext& app, const QStringList& tab_licence);
-// The UPDATE of the licence `num` (Code_club stays); the values are already quoted.
+// The UPDATE of the licence `num` (Code_club stays), its values quoted.
 QString ModifieLicenceSql(const QStringList& tab_licence, const QString& num);
 void ModifieLicence(AppContext& app, const QStringList& tab_licence, const QString& num);
 // The Num of the licence number in the club, or the empty text.

@@ -4,6 +4,7 @@
 #include "src/frame/components.h"
 #include "src/base/files.h"
 #include "src/base/services.h"
+#include "src/base/sql_text.h"
 
 #include <QDate>
 #include <QFileInfo>
@@ -103,9 +104,9 @@ std::optional<CompetitionInfo> lire_competition(AppContext& app, const QString& 
         ? QStringLiteral("SELECT Rcomp.Nom, Rcomp.Debut, Rcomp.Fin, Rcomp.Lieu, Rcomp.Longueur, Piscine.Nom, "
                          "Piscine.Adresse, Piscine.Code_Postal, Piscine.Ville") +
               QStringLiteral(" FROM Piscine Piscine, Rcomp Rcomp ") + QStringLiteral("WHERE Piscine.Num = Rcomp.Num_Piscine ") +
-              QStringLiteral("AND Rcomp.AutoNum = ") + num
+              QStringLiteral("AND Rcomp.AutoNum = ") + sql_key(num)
         : QStringLiteral("SELECT Nom, Debut, Fin, Lieu, Longueur") + QStringLiteral(" FROM Rcomp") +
-              QStringLiteral(" WHERE AutoNum = ") + num;
+              QStringLiteral(" WHERE AutoNum = ") + sql_key(num);
     const Rows rows = app.db.load_rows(sql);
     if (rows.empty())
         return std::nullopt;

@@ -264,7 +264,7 @@ void Database::exec_sql(const QString& sql)
         raise(sql);
 }
 
-Rows Database::load_rows(const QString& sql, bool doubled)
+Rows Database::load_rows(const QString& sql)
 {
     if (!db_)
         raise();
@@ -289,10 +289,7 @@ Rows Database::load_rows(const QString& sql, bool doubled)
     int rc;
     while ((rc = sqlite3_step(stmt.get())) == SQLITE_ROW) {
         for (int c = 0; c < n; ++c) {
-            QString v = value_text(stmt.get(), c, boolean[size_t(c)]);
-            if (doubled)
-                v.replace(QLatin1Char('\''), QStringLiteral("''"));
-            rows.append(c, v);
+            rows.append(c, value_text(stmt.get(), c, boolean[size_t(c)]));
         }
     }
     if (rc != SQLITE_DONE)
@@ -406,10 +403,18 @@ void Database::compact_file(const QString& source, const QString& target)
     if (rc == SQLITE_OK) {
         create_private(target, file_mode(source));
         prepare_connection(db);
-        QString into = target;
-        into.replace(QLatin1Char('\''), QStringLiteral("''"));
-        const QByteArray sql = (QStringLiteral("VACUUM INTO '") + into + QLatin1Char('\'')).toUtf8();
-        rc = sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr);
+        // The target is a bound parameter: no file name can change the statement.
+        sqlite3_stmt* vacuum = nullptr;
+        rc = sqlite3_prepare_v2(db, "VACUUM INTO ?1", -1, &vacuum, nullptr);
+        if (rc == SQLITE_OK) {
+            const QByteArray into = target.toUtf8();
+            rc = sqlite3_bind_text(vacuum, 1, into.constData(), int(into.size()), SQLITE_TRANSIENT);
+            if (rc == SQLITE_OK)
+                rc = sqlite3_step(vacuum);
+            if (rc == SQLITE_DONE)
+                rc = SQLITE_OK;
+        }
+        sqlite3_finalize(vacuum);
     }
     if (rc != SQLITE_OK)
         msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");

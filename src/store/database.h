@@ -45,11 +45,11 @@ public:
     // Runs a statement that returns no rows. Throws DbError.
     void exec_sql(const QString& sql);
     // Reads a whole result as texts: null as the empty text, booleans as
-    // "Vrai"/"Faux", numbers in their plain form with a point. With `doubled`,
-    // apostrophes come back doubled, ready to be joined into another statement.
+    // "Vrai"/"Faux", numbers in their plain form with a point; a text read here
+    // goes back into a statement through quote_sql like any other.
     // A statement that cannot run is shown to the person ("La requête suivante
     // n'a pu être exécutée : ") and the error goes on to the caller.
-    Rows load_rows(const QString& sql, bool doubled = false);
+    Rows load_rows(const QString& sql);
     // The first field of the first row as a whole number; no row is an error.
     int count_query(const QString& sql);
     // "Update Info Set LastClose = " followed by the value, unquoted.

@@ -3,7 +3,7 @@
 #include "src/base/services.h"
 #include "src/store/database.h"
 #include "src/base/errors.h"
-#include "src/base/text.h"
+#include "src/base/sql_text.h"
 
 namespace plouvarine {
 
@@ -14,8 +14,8 @@ QString check_licence_nulle(Database& db, Services& ui, const QString& club_code
             const Rows rows = db.load_rows(QStringLiteral("select Num from Licence where Nom = 'Null'"));
             if (!rows.empty())
                 return rows.first();
-            db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_Club, Licence, Nom, Visible, Date_suppr) VALUES ('") +
-                            quote_sql(club_code) + QStringLiteral("', '1', 'Null', false, '');"));
+            db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_Club, Licence, Nom, Visible, Date_suppr) VALUES (") +
+                            quote_sql(club_code) + QStringLiteral(", '1', 'Null', false, '');"));
         }
         throw Error(0, QStringLiteral("Licence nulle introuvable après sa création."));
     } catch (const std::exception& e) {

@@ -32,29 +32,6 @@ TEST(SansAccents, FrenchAccentsGoAndTheRestIsInCapitals)
     EXPECT_EQ(SansAccents(QString()), QString());
 }
 
-TEST(SqlText, QuoteSqlDoublesEveryApostrophe)
-{
-    EXPECT_EQ(quote_sql(QStringLiteral("O'Brien")), QStringLiteral("O''Brien"));
-    EXPECT_EQ(quote_sql(QStringLiteral("'l''île'")), QStringLiteral("''l''''île''"));
-    EXPECT_EQ(quote_sql(QStringLiteral("Dupont")), QStringLiteral("Dupont"));
-    // A NUL would end the statement where the engine reads it.
-    EXPECT_EQ(quote_sql(QString::fromUtf16(u"Du\0pont'", 8)), QStringLiteral("Dupont''"));
-
-    QStringList fields{QStringLiteral("D'Artagnan"), QString(), QStringLiteral("rue de l'Église")};
-    quote_tab(fields);
-    EXPECT_EQ(fields, (QStringList{QStringLiteral("D''Artagnan"), QString(), QStringLiteral("rue de l''Église")}));
-}
-
-TEST(SqlText, TextOrJoinsQuotedComparisons)
-{
-    EXPECT_EQ(text_or({QStringLiteral("1"), QStringLiteral("O'Brien")}, QStringLiteral("Licence.Nom")),
-              QStringLiteral("Licence.Nom = '1' or Licence.Nom = 'O''Brien'"));
-    EXPECT_EQ(text_or({QStringLiteral("FRA")}, QStringLiteral("Code")), QStringLiteral("Code = 'FRA'"));
-    EXPECT_EQ(text_or({}, QStringLiteral("Code")), QString());
-    EXPECT_EQ(bool_text(true), QStringLiteral("true"));
-    EXPECT_EQ(bool_text(false), QStringLiteral("false"));
-}
-
 TEST(TextToDouble, ReadsTheLeadingNumberLikeVal)
 {
     EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("12,5")), 12.5);

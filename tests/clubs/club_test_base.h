@@ -3,6 +3,7 @@
 // licences and entries into it.
 
 #include "src/frame/app_context.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "support/app_fixture.h"
 
@@ -22,15 +23,15 @@ protected:
 
     QString add_club(const QString& code, const QString& name)
     {
-        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection) VALUES ('%1', '%2', false)")
-                 .arg(code, quote_sql(name)));
+        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection) VALUES ('%1', %2, false)")
+                 .arg(code, quote_sql(name).text()));
         return value(QStringLiteral("select Num from Club where Code_federal = '%1'").arg(code));
     }
     QString add_profile(const QString& name, const QString& code, bool current)
     {
-        exec(QStringLiteral("INSERT INTO Profil (Libelle, Code_club, LastUse) VALUES ('%1', '%2', %3)")
-                 .arg(quote_sql(name), code, current ? QStringLiteral("true") : QStringLiteral("false")));
-        return value(QStringLiteral("select Num from Profil where Libelle = '%1'").arg(quote_sql(name)));
+        exec(QStringLiteral("INSERT INTO Profil (Libelle, Code_club, LastUse) VALUES (%1, '%2', %3)")
+                 .arg(quote_sql(name).text(), code, current ? QStringLiteral("true") : QStringLiteral("false")));
+        return value(QStringLiteral("select Num from Profil where Libelle = %1").arg(quote_sql(name).text()));
     }
     QString add_licence(const QString& nom, const QString& code)
     {

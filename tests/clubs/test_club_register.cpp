@@ -8,10 +8,12 @@
 #include "src/clubs/utils_club.h"
 #include "src/clubs/utils_profils.h"
 #include "club_test_base.h"
+#include "support/awkward_text.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 using plouvarine::testing::ClubBase;
 
 namespace {
@@ -173,3 +175,24 @@ TEST_F(ClubRegisterTest, DeletingTheLastClubForcesANewOne)
 }
 
 }  // namespace
+
+TEST_F(ClubRegisterTest, AwkwardNamesAreSavedAsTypedNewAndChanged)
+{
+    const QString name = awkward_text();
+    DemInfo created(*app, QString(DemInfo::kName), QString(keyword::kNouveau));
+    created.set_code(QStringLiteral("FRA2210290017"));
+    created.set_nom(name);
+    ASSERT_TRUE(created.confirm());
+    const QString num = NumClub(*app, QStringLiteral("FRA2210290017"));
+    ASSERT_FALSE(num.isEmpty());
+    EXPECT_EQ(value(QStringLiteral("select Intitule from Club where Num = ") + num), name);
+
+    const QString changed = awkward_text("2 ");
+    DemInfo edit(*app, QString(DemInfo::kName), QString(keyword::kModif), num, QStringLiteral("FRA2210290017"), name);
+    edit.set_nom(changed);
+    edit.set_code(QStringLiteral("FRA2210290018"));
+    ASSERT_TRUE(edit.confirm());
+    EXPECT_EQ(value(QStringLiteral("select Intitule from Club where Num = ") + num), changed);
+    EXPECT_EQ(value(QStringLiteral("select Code_federal from Club where Num = ") + num),
+              QStringLiteral("FRA2210290018"));
+}

@@ -4,8 +4,10 @@
 
 #include "src/clubs/mon_club.h"
 #include "support/app_fixture.h"
+#include "support/awkward_text.h"
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 using plouvarine::testing::AppFixture;
 
 namespace {
@@ -132,4 +134,47 @@ TEST_F(OwnClubTest, TheFeeFieldsAndTheirChecks)
     EXPECT_EQ(ui.texts(), (QStringList{"Vous devez spécifier un intitulé du tarif.", "Vous devez spécifier un montant."}));
     EXPECT_EQ(ui.messages.back().title, QStringLiteral("Information"));
     EXPECT_EQ(view.Lsv_tarif().rowCount(), 2);
+}
+
+TEST_F(OwnClubTest, AwkwardTextsAreSavedAsTypedNewAndChanged)
+{
+    // Every text of the window, new rows first, then the same rows changed.
+    for (const char* tag : {"", "2 "}) {
+        const QString t = awkward_text(tag);
+        OwnClubView view(*app);
+        view.load();
+        view.nom = t;
+        view.info = ClubInfo{t + "a", t + "c", t + "v", t + "t", t + "f", t + "m"};
+        // The second round changes the rows the first one added.
+        const QString before = awkward_text("");
+        const auto row_of = [&](const QStandardItemModel& model, const QString& text) {
+            for (int r = 0; *tag && r < model.rowCount(); ++r)
+                if (model.item(r, 0)->text() == text)
+                    return r;
+            return -1;
+        };
+        view.put_officer({t + "fonction", t + "nom", t + "1", t + "2", t + "mail"},
+                         row_of(view.Lsv_role(), before + "fonction"));
+        view.add_activity(t + "activite");
+        view.add_responsable(t + "resp");
+        ASSERT_TRUE(view.put_fee(t + "tarif", QStringLiteral("12,50"), row_of(view.Lsv_tarif(), before + "tarif")));
+        ASSERT_TRUE(view.save());
+
+        const Rows club = app->db.load_rows(
+            QStringLiteral("select Intitule, Adresse, Code_Postal, Ville, Telephone, Fax, Mail from Club"));
+        ASSERT_EQ(club.size(), 1);
+        EXPECT_EQ(club.value(0, 0), t);
+        const QStringList suffixes{"", "a", "c", "v", "t", "f", "m"};
+        for (int c = 1; c < 7; ++c)
+            EXPECT_EQ(club.value(0, c), t + suffixes.at(c));
+        EXPECT_TRUE(column(QStringLiteral("select Fonction || '|' || Nom || '|' || Tel1 || '|' || Tel2 || '|' || Mail "
+                                          "from Dirigeant"))
+                        .contains(QStringList{t + "fonction", t + "nom", t + "1", t + "2", t + "mail"}.join('|')));
+        EXPECT_TRUE(pairs(QStringLiteral("select Activite, Responsable from Activites"))
+                        .contains(t + "activite/" + t + "resp"));
+        EXPECT_TRUE(pairs(QStringLiteral("select Intitule, Tarif from Tarifs")).contains(t + "tarif/12.5"));
+    }
+    // The changed officer and fee replaced the new ones.
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Dirigeant")), 2);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Tarifs")), 3);
 }

@@ -6,10 +6,12 @@
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "support/app_fixture.h"
+#include "support/awkward_text.h"
 
 #include <QStandardItem>
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 using plouvarine::testing::AppFixture;
 
 namespace {
@@ -177,4 +179,35 @@ TEST_F(PoolsTest, ChoosingAPoolForACompetition)
     EXPECT_EQ(chosen.ville, QStringLiteral("Guingamp"));
     EXPECT_FALSE(chosen.num.isEmpty());
     EXPECT_EQ(replaced, (std::vector<bool>{false, true}));
+}
+
+TEST_F(PoolsTest, AwkwardTextsAreSavedAsTypedNewAndChanged)
+{
+    const auto read_back = [this](const QString& num) {
+        return app->db.load_rows(QStringLiteral("select Nom, Adresse, Code_Postal, Ville from Piscine where Num = ") +
+                                 num);
+    };
+    const QString t = awkward_text();
+    PoolDetailView created(*app, QString(keyword::kNouveau));
+    created.pool.nom = t + "nom";
+    created.pool.adresse = t + "adresse";
+    created.pool.code_postal = t + "cp";
+    created.pool.ville = t + "ville";
+    ASSERT_TRUE(created.save());
+    Rows row = read_back(created.pool.num);
+    ASSERT_EQ(row.size(), 1);
+    EXPECT_EQ(QStringList({row.value(0, 0), row.value(0, 1), row.value(0, 2), row.value(0, 3)}),
+              QStringList({t + "nom", t + "adresse", t + "cp", t + "ville"}));
+
+    const QString u = awkward_text("2 ");
+    PoolDetailView changed(*app, QString(keyword::kModif));
+    changed.remplir_champs(created.pool);
+    changed.pool.nom = u + "nom";
+    changed.pool.adresse = u + "adresse";
+    changed.pool.code_postal = u + "cp";
+    changed.pool.ville = u + "ville";
+    ASSERT_TRUE(changed.save());
+    row = read_back(created.pool.num);
+    EXPECT_EQ(QStringList({row.value(0, 0), row.value(0, 1), row.value(0, 2), row.value(0, 3)}),
+              QStringList({u + "nom", u + "adresse", u + "cp", u + "ville"}));
 }

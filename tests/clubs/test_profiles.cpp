@@ -7,10 +7,12 @@
 #include "src/clubs/liste_profil.h"
 #include "src/clubs/utils_profils.h"
 #include "club_test_base.h"
+#include "support/awkward_text.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 using plouvarine::testing::ClubBase;
 
 namespace {
@@ -176,3 +178,35 @@ TEST_F(ProfileTest, ChooseAndDeleteProfiles)
 }
 
 }  // namespace
+
+TEST_F(ProfileTest, AwkwardNamesAreSavedAsTypedNewAndChanged)
+{
+    add_club(QStringLiteral("FRA2210290017"), QStringLiteral("Brest"));
+    const QString name = awkward_text();
+    DetProfil created(*app, QString(DetProfil::kName), QString(keyword::kNouveau));
+    created.set_code(QStringLiteral("FRA2210290017"), QStringLiteral("Brest"));
+    created.set_nom(name);
+    ASSERT_TRUE(created.confirm());
+    EXPECT_EQ(value(QStringLiteral("select Libelle from Profil")), name);
+    EXPECT_EQ(value(QStringLiteral("select Code_club from Profil")), QStringLiteral("FRA2210290017"));
+    // The same name is found again as a duplicate, whatever it holds.
+    DetProfil twin(*app, QString(DetProfil::kName), QString(keyword::kNouveau));
+    twin.set_code(QStringLiteral("FRA2210290017"), QStringLiteral("Brest"));
+    twin.set_nom(name);
+    EXPECT_FALSE(twin.confirm());
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Profil")), 1);
+
+    FrmListeProfil* list = open_list(keyword::kModif);
+    ASSERT_NE(list, nullptr);
+    const auto row = find_row_index(list->list(), name);
+    ASSERT_TRUE(row.has_value());
+    select_row_at(list->selection(), *row);
+    list->ok();
+    auto* detail = ui.window_as<DetProfil>(QStringLiteral("det_profil"));
+    ASSERT_NE(detail, nullptr);
+    const QString changed = awkward_text("2 ");
+    detail->set_nom(changed);
+    ASSERT_TRUE(detail->confirm());
+    EXPECT_EQ(value(QStringLiteral("select Libelle from Profil")), changed);
+    EXPECT_EQ(app->state.profile_name, changed);
+}

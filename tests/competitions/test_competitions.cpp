@@ -8,11 +8,14 @@
 #include "src/competitions/utils_compet.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/store/sentinels.h"
 #include "support/app_fixture.h"
+#include "support/awkward_text.h"
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 
 QT_BEGIN_NAMESPACE
 inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
@@ -40,7 +43,7 @@ protected:
                              .arg(num, type, debut, fin)
                              .arg(longueur)
                              .arg(lanes)
-                             .arg(bool_text(deroule), bool_text(visible), NumPiscineNulle(*app)));
+                             .arg(bool_text(deroule).text(), bool_text(visible).text(), NumPiscineNulle(*app)));
         return value(QStringLiteral("select max(AutoNum) from Rcomp"));
     }
     QString state(const QString& autonum)
@@ -307,11 +310,29 @@ TEST_F(CompetBase, StatementHelpersReadAndCreate)
     ASSERT_FALSE(imported.isEmpty());
     EXPECT_EQ(state(imported), "Vrai/Vrai");
     EXPECT_EQ(ChampCompet(*app, imported, "Num_Piscine"), NumPiscineNulle(*app));
-    QStringList tab(kCompetTabSize, "x");
-    tab[kCompetNom] = "d'Arvor";
-    tab[kCompetLieu] = "L'Orient";
-    tab[kCompetNum] = "O'1";
-    EXPECT_TRUE(AjouterCompetSql(tab).contains("'d''Arvor'"));
-    EXPECT_TRUE(AjouterCompetSql(tab).contains("'L''Orient'"));
-    EXPECT_TRUE(AjouterCompetSql(tab).contains("('O'1'"));
+}
+
+TEST_F(CompetBase, AwkwardTextsAreSavedAsTypedNewAndChanged)
+{
+    const auto read_back = [this] {
+        const Rows r = app->db.load_rows("select Nom, Num, Lieu, AutoNum from Rcomp");
+        EXPECT_EQ(r.size(), 1);
+        return QStringList{r.value(0, 0), r.value(0, 1), r.value(0, 2), r.value(0, 3)};
+    };
+    const QString t = awkward_text();
+    DetCompet created(*app, QString(keyword::kNouveau));
+    fill(created);
+    created.text1 = {t + "nom", t + "num", t + "lieu"};
+    ASSERT_TRUE(created.save());
+    QStringList row = read_back();
+    EXPECT_EQ(row.mid(0, 3), (QStringList{t + "nom", t + "num", t + "lieu"}));
+
+    const QString u = awkward_text("2 ");
+    DetCompet changed(*app, QString(keyword::kModif), row[3]);
+    changed.load();
+    EXPECT_EQ(changed.text1[DetCompet::kLieu], t + "lieu");
+    changed.text1 = {u + "nom", u + "num", u + "lieu"};
+    ASSERT_TRUE(changed.save());
+    row = read_back();
+    EXPECT_EQ(row.mid(0, 3), (QStringList{u + "nom", u + "num", u + "lieu"}));
 }

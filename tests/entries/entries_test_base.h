@@ -3,6 +3,7 @@
 // and a competition, and helpers to lay swimmers, team members, entries,
 // relays and performances into it.
 
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/frame/app_context.h"
 #include "src/store/sentinels.h"
@@ -53,7 +54,7 @@ protected:
                             "VALUES (%1, 1, %2, %3, %4)")
                  .arg(compet, num)
                  .arg(team)
-                 .arg(bool_text(mixed)));
+                 .arg(bool_text(mixed).text()));
     }
     void entry(const QString& num, int code, int team, bool mixed, const QString& tps = QStringLiteral("1.0512"))
     {
@@ -64,7 +65,7 @@ protected:
                  .arg(code)
                  .arg(num)
                  .arg(team)
-                 .arg(bool_text(mixed), tps));
+                 .arg(bool_text(mixed).text(), tps));
     }
     // Relay `number` of a team in event `code`, with its swimmers in order.
     void relay(int code, int number, int team, bool mixed, const QStringList& swimmers = {})
@@ -77,7 +78,7 @@ protected:
                  .arg(code)
                  .arg(number)
                  .arg(team)
-                 .arg(bool_text(mixed), places.join(QStringLiteral(", "))));
+                 .arg(bool_text(mixed).text(), places.join(QStringLiteral(", "))));
     }
     void perf(const QString& num, int code, const QString& tps, const QString& date, int bassin = 50)
     {

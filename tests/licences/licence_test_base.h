@@ -3,6 +3,7 @@
 // club, with helpers to lay licences, clubs, fees and entries into it.
 
 #include "src/frame/app_context.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "support/app_fixture.h"
 
@@ -41,10 +42,14 @@ protected:
     {
         exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', '%2')").arg(code, name));
     }
-    void fee(const QString& name) { exec(QStringLiteral("INSERT INTO Tarifs VALUES ('%1', '%2', 100, false)").arg(kClub, name)); }
+    void fee(const QString& name)
+    {
+        exec(QStringLiteral("INSERT INTO Tarifs VALUES ('%1', %2, 100, false)").arg(kClub, quote_sql(name).text()));
+    }
     void activity(const QString& name)
     {
-        exec(QStringLiteral("INSERT INTO Activites (Code_federal, Activite) VALUES ('%1', '%2')").arg(kClub, name));
+        exec(QStringLiteral("INSERT INTO Activites (Code_federal, Activite) VALUES ('%1', %2)")
+                 .arg(kClub, quote_sql(name).text()));
     }
     QString competition(bool visible, bool run)
     {

@@ -7,8 +7,10 @@
 #include "src/licences/liste_licence.h"
 #include "src/licences/utils_licences.h"
 #include "licence_test_base.h"
+#include "support/awkward_text.h"
 
 using namespace plouvarine;
+using plouvarine::testing::awkward_text;
 using plouvarine::testing::LicenceBase;
 
 namespace {
@@ -190,4 +192,51 @@ TEST_F(DetLicenceTest, ASelectionTakesOverAnExistingSwimmerAsAMemberOnly)
     ASSERT_TRUE(fresh->save());
     const QString added = NumLicence(*app, QStringLiteral("85002F"), QLatin1String(kClub));
     EXPECT_EQ(value(QStringLiteral("select Code_Sel from Selection where Num_Lic = ") + added), QLatin1String(kSelection));
+}
+
+TEST_F(DetLicenceTest, AwkwardTextsAreSavedAsTypedNewAndChanged)
+{
+    const QString t = awkward_text();
+    activity(t + "activite");
+    fee(t + "tarif");
+    const QList<std::pair<int, const char*>> texts = {
+        {DetLicence::kPrenom, "Prenom"},   {DetLicence::kAdresse, "Adresse"},
+        {DetLicence::kSuiteAdresse, "Suite_adresse"}, {DetLicence::kCodePostal, "Code_Postal"},
+        {DetLicence::kLocalite, "Localite"}, {DetLicence::kTelephone, "Telephone"},
+        {DetLicence::kCodeUnique, "Code_unique"}, {DetLicence::kTel2, "Tel2"},
+        {DetLicence::kMail, "Mail"}};
+    const auto fill = [&](DetLicence& view, const QString& text) {
+        view.text1[DetLicence::kNom] = text;
+        view.text1[DetLicence::kNationalite] = text;  // unknown: "FRA"
+        for (const auto& [index, column] : texts)
+            view.text1[size_t(index)] = text + QLatin1String(column);
+        view.txt_Medecin = text + "medecin";
+    };
+    const auto check = [&](const QString& num, const QString& text) {
+        EXPECT_EQ(field(num, QStringLiteral("Nom")), SansAccents(text));
+        EXPECT_EQ(field(num, QStringLiteral("Nationalite")), QStringLiteral("FRA"));
+        for (const auto& [index, column] : texts)
+            EXPECT_EQ(field(num, QLatin1String(column)), text + QLatin1String(column)) << column;
+        EXPECT_EQ(field(num, QStringLiteral("Medecin")), text + "medecin");
+        EXPECT_EQ(field(num, QStringLiteral("Tarif")), t + "tarif");
+        EXPECT_EQ(value(QStringLiteral("select Activite from Activite_licence where Num_lic = ") + num), t + "activite");
+    };
+
+    auto view = open_new();
+    fill(*view, t);
+    view->LsvActivites().item(0)->setCheckState(Qt::Checked);
+    select_row_at(view->tarif_selection(), 0);
+    ASSERT_TRUE(view->save());
+    const QString num = NumLicence(*app, QStringLiteral("85001F"), QLatin1String(kClub));
+    ASSERT_FALSE(num.isEmpty());
+    check(num, t);
+
+    const QString u = awkward_text("2 ");
+    DetLicence changed(*app, QStringLiteral("Modif"), num);
+    changed.load();
+    EXPECT_EQ(changed.text1[DetLicence::kPrenom], t + "Prenom");
+    EXPECT_EQ(changed.LsvActivites().item(0)->checkState(), Qt::Checked);
+    fill(changed, u);
+    ASSERT_TRUE(changed.save());
+    check(num, u);
 }

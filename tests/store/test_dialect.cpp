@@ -3,6 +3,7 @@
 // checked by the rows it leaves or reads.
 
 #include "src/base/errors.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/store/database.h"
 #include "src/store/dialect.h"
@@ -204,8 +205,8 @@ protected:
     QString add_swimmer(const QString& licence, const QString& nom, const QString& sexe)
     {
         run(QStringLiteral(
-                "INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe) VALUES ('%1', '%2', '%3', 'X', '%4');")
-                .arg(club(), licence, quote_sql(nom), sexe));
+                "INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe) VALUES ('%1', '%2', %3, 'X', '%4');")
+                .arg(club(), licence, quote_sql(nom).text(), sexe));
         return read(QStringLiteral("select Num from Licence where Licence = '%1' and Code_Club = '%2'")
                         .arg(licence, club()))
             .first();
