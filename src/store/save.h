@@ -26,7 +26,8 @@ QString save_path(const QString& base_path);
 bool zip_base(const BaseFile& base_file, const QString& archive);
 
 // LastClose true, read back, the base zipped over its save file, LastClose false.
-void create_save(const BaseFile& base_file);
+// False when the save file could not be written (the failure has been shown).
+bool create_save(const BaseFile& base_file);
 // Replaces the (closed) base with the content of its save file.
 bool restore_save(const BaseFile& base_file);
 void delete_save(const QString& base_path);
