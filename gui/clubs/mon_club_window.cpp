@@ -271,8 +271,8 @@ private:
         connect(corres_, &QCheckBox::toggled, this, convert);
         connect(fees_, &QTreeView::clicked, this, [this](const QModelIndex& i) {
             intitule_->setText(view_.Lsv_tarif().index(i.row(), 0).data().toString());
-            montant_->setText(view_.Lsv_tarif().index(i.row(), 1).data().toString().replace(QLatin1Char('.'),
-                                                                                          QLatin1Char(',')));
+            montant_->setText(OwnClubView::amount_field(
+                OwnClubView::amount_value(view_.Lsv_tarif().index(i.row(), 1).data().toString())));
         });
         auto* add = button(page, QStringLiteral("Ajouter / Modifier"), "Cmd_AddTarif");
         auto* remove = button(page, QStringLiteral("Supprimer"), "Cmd_SupprTarif");

@@ -26,7 +26,7 @@ namespace plouvarine::gui {
 MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), app_(app)
 {
     setObjectName(QStringLiteral("frmMain"));
-    setWindowTitle(QStringLiteral("Plouvarine"));
+    setWindowTitle(app_.main_title());
 
     mdi_ = new QMdiArea(this);
     mdi_->setObjectName(QStringLiteral("mdiArea"));
@@ -129,6 +129,8 @@ QAction* MainWindow::add_entry(QMenu* menu, const QString& name)
 
 void MainWindow::refresh_actions()
 {
+    // The menus follow the base: so does the title, with its file name.
+    setWindowTitle(app_.main_title());
     for (auto it = actions_.cbegin(); it != actions_.cend(); ++it) {
         it.value()->setEnabled(app_.menus.is_enabled(it.key()));
         if (it.value()->isCheckable())

@@ -55,16 +55,16 @@ QString QtServices::qt_filter(const QString& filter)
 
 QString QtServices::file_dialog(const FileDialogRequest& request)
 {
-    QString path;
-    if (request.save) {
-        QFileDialog::Options options;
-        if (!request.confirm_overwrite)
-            options |= QFileDialog::DontConfirmOverwrite;
-        path = QFileDialog::getSaveFileName(parent(), request.title, QString(), qt_filter(request.filter), nullptr, options);
-    } else {
-        path = QFileDialog::getOpenFileName(parent(), request.title, QString(), qt_filter(request.filter));
-    }
-    return path.trimmed();
+    // The static helpers take no default suffix: the dialog is built here.
+    QFileDialog dialog(parent(), request.title, QString(), qt_filter(request.filter));
+    dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.save || !request.must_exist ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (request.save && !request.confirm_overwrite)
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(request.default_suffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().first().trimmed();
 }
 
 QString QtServices::browse_folder(const QString& prompt)

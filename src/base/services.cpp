@@ -2,6 +2,8 @@
 
 #include "src/base/errors.h"
 
+#include <QFileInfo>
+
 namespace plouvarine {
 
 namespace {
@@ -16,6 +18,18 @@ QString pending_prefix(const std::exception* pending)
 }
 
 }  // namespace
+
+QString choose_file(Services& ui, const FileDialogRequest& request)
+{
+    const QString path = ui.file_dialog(request);
+    const QString suffix = QLatin1Char('.') + request.default_suffix;
+    if (path.isEmpty() || request.default_suffix.isEmpty() || path.endsWith(suffix, Qt::CaseInsensitive))
+        return path;
+    // A file that must exist takes the suffix only when that names one.
+    if (request.must_exist && !QFileInfo::exists(path + suffix))
+        return path;
+    return path + suffix;
+}
 
 void msg_erreur(Services& ui, const QString& text, const std::exception* pending)
 {

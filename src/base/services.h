@@ -37,6 +37,7 @@ struct FileDialogRequest {
     bool save = false;                // the Save form, else the Open form
     bool must_exist = false;          // Open: the file must exist
     bool confirm_overwrite = false;   // Save: ask before replacing a file
+    QString default_suffix;           // "mdb": added to a name typed without it
 };
 
 // One line of a report window (the upgrade report), red when it tells an error.
@@ -72,6 +73,11 @@ public:
     // PDF output. False when the person cancels.
     virtual bool print_document(const QString& title, const QTextDocument& document) = 0;
 };
+
+// The file dialog, with the request's default suffix added to a chosen name
+// that lacks it, whatever the dialog did: a base typed "club" is "club.mdb".
+// When the file must exist, only if "club.mdb" does.
+QString choose_file(Services& ui, const FileDialogRequest& request);
 
 // The message helpers every command uses. `pending` is the error caught by the
 // command, if any: its number and description come before the text.

@@ -2,6 +2,7 @@
 
 #include "src/clubs/utils_club.h"
 #include "src/clubs/utils_profils.h"
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 
@@ -85,6 +86,7 @@ bool DemInfo::confirm()
         return false;
     }
     cancel_enabled_ = true;
+    status_text(a.ui, kStatusClubSaved);
     close();
     return true;
 }

@@ -3,6 +3,7 @@
 #include "src/clubs/dem_info.h"
 #include "src/clubs/utils_club.h"
 #include "src/clubs/utils_profils.h"
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -128,6 +129,7 @@ void FrmListeClub::mark_selected()
 void FrmListeClub::confirm_deletion()
 {
     AppContext& a = app();
+    bool deleted = false;
     if (!marked_.isEmpty()) {
         status_text(a.ui, QStringLiteral("Suppression des clubs et des licenciés"));
         QStringList numeric, quoted;
@@ -135,7 +137,8 @@ void FrmListeClub::confirm_deletion()
             numeric << QStringLiteral("Num = ") + sql_key(num);
             quoted << QStringLiteral("Code_Club = ") + quote_sql(num);
         }
-        SupprimeClubs(a, numeric.join(QStringLiteral(" or ")), quoted.join(QStringLiteral(" or ")));
+        deleted =
+            SupprimeClubs(a, numeric.join(QStringLiteral(" or ")), quoted.join(QStringLiteral(" or ")));
         marked_.clear();
         status_text(a.ui, QString());
     }
@@ -157,6 +160,8 @@ void FrmListeClub::confirm_deletion()
         msg_erreur(a.ui, QString(), &e);
     }
     set_liste();
+    if (deleted)
+        status_text(a.ui, kStatusDeleted);
 }
 
 void FrmListeClub::ForceUnloadWindowsEngag(const QString& form_name)

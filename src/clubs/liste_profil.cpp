@@ -2,6 +2,7 @@
 
 #include "src/clubs/det_profil.h"
 #include "src/clubs/utils_profils.h"
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -110,14 +111,18 @@ void FrmListeProfil::confirm_deletion()
     QStringList condition;
     for (const QString& num : marked_)
         condition << QStringLiteral("Num = ") + sql_key(num);
+    bool deleted = false;
     try {
         a.db.exec_sql(QStringLiteral("Delete from Profil where ") + condition.join(QStringLiteral(" or ")));
+        deleted = true;
         marked_.clear();
         read_profile(a, false);
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
     }
     set_liste();
+    if (deleted)
+        status_text(a.ui, kStatusDeleted);
 }
 
 void FrmListeProfil::ForceUnloadWindowsEngag(const QString& form_name)

@@ -1,6 +1,7 @@
 #include "src/clubs/mon_club.h"
 
 #include "src/clubs/utils_club.h"
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
@@ -208,7 +209,7 @@ void OwnClubView::load_fees()
                                       QStringLiteral("WHERE ") + club_condition(club_code_) + QStringLiteral(" ") +
                                       QStringLiteral("ORDER BY Intitule"));
     for (int i = 0; i < r.size(); ++i)
-        fees_.appendRow(row_of({r.value(i, 0), r.value(i, 1)}));
+        fees_.appendRow(row_of({r.value(i, 0), amount_text(text_to_double(r.value(i, 1)))}));
 }
 
 Officer OwnClubView::officer_at(int row) const
@@ -306,7 +307,7 @@ bool OwnClubView::put_fee(const QString& intitule, const QString& montant, int s
         msg_info(app().ui, QStringLiteral("Vous devez spécifier un montant."));
         return false;
     }
-    put_row(fees_, {intitule.trimmed(), QString::number(amount, 'g', 15)}, selected_row);
+    put_row(fees_, {intitule.trimmed(), amount_text(amount)}, selected_row);
     changed();
     return true;
 }
@@ -322,13 +323,25 @@ bool OwnClubView::amount_key_accepted(const QString& text, QChar key)
 {
     if (key.isDigit())
         return true;
-    return key == QLatin1Char(',') && !text.contains(QLatin1Char(','));
+    const bool separator = key == QLatin1Char(',') || key == QLatin1Char('.');
+    return separator && !text.contains(QLatin1Char(',')) && !text.contains(QLatin1Char('.'));
 }
 
 double OwnClubView::amount_value(const QString& typed)
 {
-    // The number reader takes the comma for the decimal mark.
+    // The number reader takes the comma or the point for the decimal mark and
+    // stops at the currency sign of a shown amount.
     return text_to_double(typed);
+}
+
+QString OwnClubView::amount_field(double amount)
+{
+    return QString::number(amount, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(','));
+}
+
+QString OwnClubView::amount_text(double amount)
+{
+    return amount_field(amount) + QStringLiteral(" €");
 }
 
 QString OwnClubView::franc_conversion(const QString& typed)
@@ -383,11 +396,14 @@ bool OwnClubView::save()
              return AjouteActivite(app(), club_code_, pairs[size_t(i)].first, pairs[size_t(i)].second);
          }) && ok;
     const bool fees_ok = replace_rows(QStringLiteral("Tarifs"), QStringLiteral("tarifs"), fees_.rowCount(), [&](int i) {
-        return AjouteTarif(app(), club_code_, cell(fees_, i, 0), text_to_double(cell(fees_, i, 1)));
+        return AjouteTarif(app(), club_code_, cell(fees_, i, 0), amount_value(cell(fees_, i, 1)));
     });
     if (fees_ok)
         ok = NettoieTarifs(app(), club_code_) && ok;
-    return done(ok && fees_ok);
+    const bool saved = done(ok && fees_ok);
+    if (saved)
+        status_text(app().ui, kStatusClubSaved);
+    return saved;
 }
 
 void OuvreMonClub(AppContext& app)

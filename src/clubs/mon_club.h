@@ -96,10 +96,14 @@ public:
     // Cmd_SupprTarif.
     void remove_fee(int row);
 
-    // The amount field: digits and at most one comma.
+    // The amount field: digits and one decimal mark, a comma or a point.
     static bool amount_key_accepted(const QString& text, QChar key);
-    // The typed amount as a number, its comma read as the decimal mark.
+    // The typed or shown amount as a number, "185.50", "185,50" or "185,50 €".
     static double amount_value(const QString& typed);
+    // An amount as the field takes it, "185,50", and as the fee list shows it,
+    // "185,50 €".
+    static QString amount_field(double amount);
+    static QString amount_text(double amount);
     // The conversion shown beside the amount when Chk_corres is ticked.
     static QString franc_conversion(const QString& typed);
 

@@ -1,5 +1,6 @@
 #include "src/clubs/pools.h"
 
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -181,6 +182,7 @@ void PoolListView::confirm_deletion()
         app().db.exec_sql(QStringLiteral("Update Rcomp Set Num_Piscine = ") + sql_key(NumPiscineNulle(app())) +
                           QStringLiteral(" where ") + pool_condition);
         app().db.exec_sql(QStringLiteral("Delete from Piscine where ") + condition);
+        status_text(app().ui, kStatusDeleted);
     } catch (const std::exception& e) {
         msg_erreur(app().ui, QStringLiteral("Erreur lors de la suppression des piscines."), &e);
     }

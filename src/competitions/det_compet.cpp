@@ -146,8 +146,9 @@ void DetCompet::choose_pool()
         if (replace) {
             text1[kLieu] = pool.ville;
             Cb_couloir = QString::number(pool.couloirs);
-            if (options_enabled_)
-                Op_bass = pool.bassin == 50 ? kBassin50 : kBassin25;
+            // The pool's length sets the option even when the type has
+            // disabled it: an interclubs in a 50 m pool is a 50 m meet.
+            Op_bass = pool.bassin == 50 ? kBassin50 : kBassin25;
         }
         changed();
     };

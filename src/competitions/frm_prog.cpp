@@ -1,5 +1,6 @@
 #include "src/competitions/frm_prog.h"
 
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -341,14 +342,18 @@ void FrmProg::Cmd_det_def()
 
 void FrmProg::cmd_ok()
 {
+    AppContext& a = app();  // the view may be gone once finished
+    bool saved = false;
     if (mode_ == keyword::kModif && !modele_) {
         SaveFormInTab();
-        SaveTabInTable(QStringLiteral("Pcomp"), key_, false);
+        saved = SaveTabInTable(QStringLiteral("Pcomp"), key_, false);
     } else if (mode_ == keyword::kModif || mode_ == kNewModele) {
         SaveFormInTab();
-        SaveTabInTable(QStringLiteral("Pcomp_modele"), key_, true);
+        saved = SaveTabInTable(QStringLiteral("Pcomp_modele"), key_, true);
     }
     finish();
+    if (saved)
+        status_text(a.ui, kStatusProgSaved);
 }
 
 void FrmProg::cmd_annuler()

@@ -4,6 +4,7 @@
 #include "src/competitions/utils_programme.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
+#include "src/frame/unavailable.h"
 
 #include <QHash>
 
@@ -27,7 +28,7 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
 // "modif prog" opens the programme of the competition; a registered door
 // opens the window of its keyword ("Choix pour engagements relais"). The
 // windows behind the other keywords are still to be written; until they are,
-// choosing a competition leads nowhere. By keyword, what is to come:
+// choosing a competition says so. By keyword, what is to come:
 //   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
 //                                    Engag_tempo and Relais_tempo, then frm_engag, title
 //                                    "Définition des engagements"
@@ -47,6 +48,8 @@ void competition_chosen(AppContext& app, const QString& keyword, const QString& 
     if (keyword == plouvarine::keyword::kModifProg)
         OuvrirProg(app, QString(plouvarine::keyword::kModif), num, false, QStringLiteral("Programme compétition"),
                    QString(FrmListeCompet::kName));
+    else
+        not_available(app);
 }
 
 }  // namespace plouvarine

@@ -2,6 +2,7 @@
 
 #include "src/competitions/handoff.h"
 #include "src/competitions/utils_compet.h"
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -166,7 +167,10 @@ void FrmListeCompet::cmd0()
 {
     try {
         if (mode_ == keyword::kSuppr) {
+            const bool deleted = app().db.count_query(QStringLiteral("select count(*) from Rcomp_tempo")) > 0;
             empty_tempo();
+            if (deleted)
+                status_text(app().ui, kStatusDeleted);
         } else if (mode_ == kChooseForProg) {
             const QString autonum = current_autonum();
             if (autonum.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "src/base/files.h"
 #include "src/frame/base_commands.h"
+#include "src/frame/unavailable.h"
 
 namespace plouvarine {
 
@@ -9,6 +10,7 @@ AppContext::AppContext(Services& ui_, QString app_dir) : ui(ui_), app_dir_(std::
 {
     db.set_services(&ui);
     install_base_commands(*this);
+    install_unavailable_commands(*this);
 }
 
 QString AppContext::app_file(const QString& name) const
@@ -19,6 +21,14 @@ QString AppContext::app_file(const QString& name) const
 QString AppContext::tempo_dir() const
 {
     return app_file(QStringLiteral("tempo"));
+}
+
+QString AppContext::main_title() const
+{
+    QString title = QStringLiteral("Plouvarine");
+    if (menus_base_open() && !state.base_path.isEmpty())
+        title += QStringLiteral(" - ") + file_name(state.base_path);
+    return title;
 }
 
 void AppContext::enable_menus(bool base_open)

@@ -62,6 +62,9 @@ public:
     // on_enable_menus.
     void enable_menus(bool base_open);
     bool menus_base_open() const { return menus.base_open(); }
+    // The main window's title: "Plouvarine", and the open base's file name
+    // after it ("Plouvarine - club.mdb").
+    QString main_title() const;
     std::function<void(bool)> on_enable_menus;
 
     bool is_busy() const { return state.busy_count >= 1; }

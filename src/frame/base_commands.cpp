@@ -2,6 +2,7 @@
 
 #include "src/frame/base_file_commands.h"
 #include "src/frame/software_update.h"
+#include "src/frame/status_lines.h"
 
 #include "src/frame/app_context.h"
 #include "src/base/errors.h"
@@ -30,6 +31,15 @@ void run_hook(AppContext& app, const std::function<void(AppContext&)>& hook)
 void release_monitor(AppContext& app)
 {
     run_hook(app, app.hooks.release_monitor);
+}
+
+// The end of work waits for the open windows; the status bar says why.
+bool refused_while_busy(AppContext& app)
+{
+    if (!app.is_busy())
+        return false;
+    status_text(app.ui, kStatusCloseWindowsFirst);
+    return true;
 }
 
 }  // namespace
@@ -69,8 +79,8 @@ bool check_version(AppContext& app)
 
 void new_base_command(AppContext& app)
 {
-    FileDialogRequest req{QStringLiteral("Nouvelle Base"), kBaseFilter, true, false, true};
-    app.state.base_path = app.ui.file_dialog(req);
+    FileDialogRequest req{QStringLiteral("Nouvelle Base"), kBaseFilter, true, false, true, QStringLiteral("mdb")};
+    app.state.base_path = choose_file(app.ui, req);
     if (app.state.base_path.trimmed().size() < 5 || app.state.base_path.isEmpty())
         return;
     try {
@@ -98,8 +108,8 @@ void new_base_command(AppContext& app)
 
 void open_base_command(AppContext& app)
 {
-    FileDialogRequest req{QStringLiteral("Ouvrir une Base"), kBaseFilter, false, true, false};
-    const QString path = app.ui.file_dialog(req);
+    FileDialogRequest req{QStringLiteral("Ouvrir une Base"), kBaseFilter, false, true, false, QStringLiteral("mdb")};
+    const QString path = choose_file(app.ui, req);
     WaitCursor wait(app.ui);
     app.enable_menus(false);
     auto finish = [&] {
@@ -153,6 +163,8 @@ void open_base_command(AppContext& app)
         create_save(app.base_file());
     }
     finish();
+    if (restored)
+        status_text(app.ui, kStatusRestored);
 }
 
 void save_command(AppContext& app)
@@ -160,7 +172,10 @@ void save_command(AppContext& app)
     status_text(app.ui, QStringLiteral("Création sauvegarde"));
     try {
         clear_tempo_tables(app.db);
-        create_save(app.base_file());
+        if (create_save(app.base_file())) {
+            status_text(app.ui, saved_at_text(app));
+            return;
+        }
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QStringLiteral("La création de la sauvegarde a échoué."), &e);
     }
@@ -170,8 +185,8 @@ void save_command(AppContext& app)
 void cancel_command(AppContext& app)
 {
     if (msg_confirm(app.ui, QStringLiteral("Annuler toutes les opérations depuis la dernière sauvegarde ?"), kDefaultNo) ==
-        Button::Yes)
-        cancel_operations(app);
+        Button::Yes && cancel_operations(app))
+        status_text(app.ui, kStatusCancelled);
     // The restored base may hold another current profile.
     if (app.db.is_open())
         run_hook(app, app.hooks.read_profile);
@@ -179,7 +194,7 @@ void cancel_command(AppContext& app)
 
 void close_command(AppContext& app)
 {
-    if (app.is_busy())
+    if (refused_while_busy(app))
         return;
     if (msg_confirm(app.ui, kLoseUnsaved, kDefaultNo) == Button::Yes) {
         app.enable_menus(false);
@@ -195,7 +210,7 @@ void close_command(AppContext& app)
 
 QuitOutcome quit_command(AppContext& app)
 {
-    if (app.is_busy())
+    if (refused_while_busy(app))
         return QuitOutcome::Refused;
     if (!app.db.is_open())
         return QuitOutcome::Quit;
@@ -213,7 +228,7 @@ QuitOutcome quit_command(AppContext& app)
 
 bool query_close(AppContext& app)
 {
-    if (app.is_busy())
+    if (refused_while_busy(app))
         return false;
     if (app.db.is_open()) {
         bool done = true;

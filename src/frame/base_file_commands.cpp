@@ -5,6 +5,7 @@
 #include "src/base/text.h"
 #include "src/frame/access.h"
 #include "src/frame/app_context.h"
+#include "src/frame/status_lines.h"
 #include "src/store/base_files.h"
 #include "src/store/save.h"
 
@@ -23,8 +24,8 @@ const QString kCannotCompact = QStringLiteral("Impossible de compacter la base."
 
 void delete_base_command(AppContext& app)
 {
-    FileDialogRequest req{QStringLiteral("Supprimer une Base"), kBaseFilter, false, true, false};
-    const QString path = app.ui.file_dialog(req);
+    FileDialogRequest req{QStringLiteral("Supprimer une Base"), kBaseFilter, false, true, false, QStringLiteral("mdb")};
+    const QString path = choose_file(app.ui, req);
     if (path.isEmpty())
         return;
     if (path == app.state.base_path) {
@@ -46,6 +47,8 @@ void delete_base_command(AppContext& app)
     for (const QString& s : leftovers)
         if (QFileInfo::exists(s))
             delete_file_forced(s);
+    if (!QFileInfo::exists(path))
+        status_text(app.ui, kStatusDeleted);
 }
 
 void compact_base(AppContext& app, const QString& path)

@@ -34,8 +34,7 @@ constexpr Component kComponents[] = {
     {"rcptlic.dll", Location::App},     // licence import and IUF codes
     {"regmodele.dll", Location::App},   // report templates
     {"sviprf.dll", Location::App},      // performance monitor
-    {"vbuzip10.dll", Location::Sys},    // zip library of the zip component
-    {"vbzip10.dll", Location::Sys},     // zip library of the zip component
+    {"libzip", Location::Sys},          // zip library of the zip component
     {"ziptools.dll", Location::App},    // zip component
 };
 
@@ -88,7 +87,8 @@ std::vector<ComponentRow> component_rows(const AppContext& app)
     for (const Component& c : kComponents) {
         const QString name = QString::fromLatin1(c.name);
         if (c.location == Location::Sys) {
-            // The zip libraries of the old zip component: here, libzip.
+            // The two zip libraries of the old zip component are one here:
+            // the libzip this build is linked with.
             rows.push_back({name, QString::fromLatin1(zip_libzip_version())});
         } else {
             const QString file = component_file(name);

@@ -6,8 +6,9 @@
 // component name with the platform's plugin suffix and no "lib" prefix:
 // "calpts.dll" is "calpts.so" here. Its version is the "Version" key of the
 // plugin's metadata, read from the file without loading it. The two zip
-// libraries of the system folder are answered by the zip library this build
-// is linked with.
+// libraries of the system folder are one row, "libzip", answered by the zip
+// library this build is linked with. A component that is not in the folder is
+// "non installé": an optional part, not a fault.
 
 #include <QString>
 #include <vector>
@@ -17,12 +18,12 @@ namespace plouvarine {
 class AppContext;
 
 struct ComponentRow {
-    QString file;     // the name shown in the "dll" column
+    QString file;     // the plugin's file name ("regmodele.so"), or "libzip"
     QString version;  // the version, or the text that says why there is none
 };
 
 inline const QString kVersionUnavailable = QStringLiteral("Version non disponible");
-inline const QString kComponentMissing = QStringLiteral("Erreur, dll non trouvée");
+inline const QString kComponentMissing = QStringLiteral("non installé");
 
 // The platform's file name of a component listed as "name.dll": "calpts.dll"
 // gives "calpts.so" on Linux, "calpts.dylib" on macOS, "calpts.dll" on Windows.

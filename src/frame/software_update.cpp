@@ -171,7 +171,7 @@ void software_update_command(AppContext& app)
 {
     const QString package = app.ui.file_dialog({QStringLiteral("Sélection du package de mise à jour"),
                                                 QStringLiteral("Package de mise à jour (maj_soft_*.zip)|maj_soft_*.zip"),
-                                                false, true, false});
+                                                false, true, false, {}});
     if (package.isEmpty())
         return;
     if (!is_update_package_name(package)) {

@@ -32,7 +32,7 @@ void UpgradeView::unload()
 
 bool UpgradeView::choose_base()
 {
-    const QString path = app_.ui.file_dialog({kUpgradeBaseDialogTitle, kUpgradeBaseFilter, false, true, false});
+    const QString path = app_.ui.file_dialog({kUpgradeBaseDialogTitle, kUpgradeBaseFilter, false, true, false, {}});
     if (path.isEmpty())
         return false;
     if (!is_base_file_name(path)) {
@@ -45,7 +45,7 @@ bool UpgradeView::choose_base()
 
 bool UpgradeView::choose_package()
 {
-    const QString path = app_.ui.file_dialog({kPackageDialogTitle, kUpgradePackageFilter, false, true, false});
+    const QString path = app_.ui.file_dialog({kPackageDialogTitle, kUpgradePackageFilter, false, true, false, {}});
     // Only the dialog's filter guides the choice; another name typed in the
     // dialog is left aside.
     if (path.isEmpty() || !is_upgrade_package_name(path))

@@ -4,6 +4,7 @@
 #include "src/reports/template_builder.h"
 #include "src/reports/templates.h"
 
+#include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -93,9 +94,11 @@ void FrmListeLicence::set_liste(const QString& title, const QString& sql)
                         QStringLiteral("FROM Licence ") + QStringLiteral("WHERE Code_Club = ") + quote_sql(code) +
                         QStringLiteral(" and Visible = true order by Nom, Prenom");
     }
+    // No fee is a blank, nothing, or the empty text that the licence record
+    // writes when no fee is chosen.
     if (mode_ == keyword::kSsCotisation)
         statement.replace(QStringLiteral("WHERE "),
-                          QStringLiteral("WHERE (Licence.Tarif = ' ' OR Licence.Tarif is null) AND "));
+                          QStringLiteral("WHERE (Licence.Tarif = ' ' OR Licence.Tarif = '' OR Licence.Tarif is null) AND "));
     const qsizetype cut = statement.indexOf(QStringLiteral(" order by"), 0, Qt::CaseInsensitive);
     sql_base_ = cut < 0 ? statement : statement.left(cut);
     order_ = cut < 0 ? QString() : statement.mid(cut + 1);
@@ -360,14 +363,20 @@ void FrmListeLicence::supprime_selection()
 void FrmListeLicence::confirme_suppression()
 {
     AppContext& a = app();
+    bool deleted = false;
     try {
+        const int marked = a.state.club_selection
+                               ? a.db.count_query(QStringLiteral("select count(*) from Selection where Code_Sel = ") +
+                                                  quote_sql(a.state.club_code) + QStringLiteral(" and Suppr = true"))
+                               : a.db.count_query(QStringLiteral("select count(*) from Licence_tempo"));
         SupprimeEngagementsLicences(a, a.state.club_selection, a.state.club_code, QString());
+        deleted = marked > 0;
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
     }
     // The deletion is final now: the undo must not bring these rows back.
     empty_tempo();
-    status_text(a.ui, QString());
+    status_text(a.ui, deleted ? kStatusDeleted : QString());
     changed();
 }
 

@@ -51,10 +51,11 @@ bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapsho
     }
 }
 
-void create_save(const BaseFile& base_file)
+bool create_save(const BaseFile& base_file)
 {
     WaitCursor wait(base_file.ui);
     const QString sav = save_path(base_file.path);
+    bool saved = false;
     try {
         base_file.db.set_last_close(QStringLiteral("true"));
         // The copy must hold the flag at true: read it back before compressing.
@@ -63,7 +64,7 @@ void create_save(const BaseFile& base_file)
             if (rows.first() == QLatin1String("Vrai"))
                 break;
         }
-        zip_base(base_file, sav);
+        saved = zip_base(base_file, sav) && QFileInfo::exists(sav);
         if (!QFileInfo::exists(sav))
             msg_erreur(base_file.ui, QStringLiteral("La création de la sauvegarde a échoué.\n"
                                               "Vérifier l'espace sur le disque dur, les droits d'accès."));
@@ -76,6 +77,7 @@ void create_save(const BaseFile& base_file)
     } catch (const std::exception&) {
         // Already reported by the step that failed.
     }
+    return saved;
 }
 
 bool restore_save(const BaseFile& base_file)

@@ -28,7 +28,8 @@ QString save_path(const QString& base_path);
 bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapshot_size = nullptr);
 
 // LastClose true, read back, the base zipped over its save file, LastClose false.
-void create_save(const BaseFile& base_file);
+// False when the save file could not be written (the failure has been shown).
+bool create_save(const BaseFile& base_file);
 // Replaces the (closed) base with the content of its save file: unpacked in
 // the work folder, checked as a base, copied whole beside the base and renamed
 // over it, with the base's mode. Any failure before the rename leaves the base

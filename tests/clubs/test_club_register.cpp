@@ -128,6 +128,41 @@ TEST_F(ClubRegisterTest, DeletionFreesTheCodeAndHidesWhatHangsOnIt)
     EXPECT_EQ(app->state.busy_count, 0);
 }
 
+// The entries are deleted through "Code_club = Code_Club = '<first>' or
+// Code_Club = '<second>' ...": the first term compares a truth value with the
+// first club's number and never holds, so the first club's entries stay, as
+// the old engine left them. Kept as composed on purpose.
+TEST_F(ClubRegisterTest, DeletionKeepsTheEntriesOfTheFirstClubAsComposed)
+{
+    add_club(QStringLiteral("FRA2210290001"), QStringLiteral("Quimper"));
+    add_profile(QStringLiteral("Quimper"), QStringLiteral("FRA2210290001"), true);
+    add_club(QStringLiteral("FRA2210290017"), QStringLiteral("Brest"));
+    add_club(QStringLiteral("FRA2210350003"), QStringLiteral("Rennes"));
+    const QString first = add_licence(QStringLiteral("Le Gall"), QStringLiteral("FRA2210290017"));
+    const QString second = add_licence(QStringLiteral("Morvan"), QStringLiteral("FRA2210350003"));
+    for (const QString& lic : {first, second}) {
+        exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic) VALUES (1, 1, 2, %1)").arg(lic));
+        exec(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic) VALUES (1, 1, %1)").arg(lic));
+    }
+    read_profile(*app, false);
+
+    FrmListeClub* list = open_suppr_list();
+    ASSERT_NE(list, nullptr);
+    mark(*list, QStringLiteral("FRA2210290017"));
+    mark(*list, QStringLiteral("FRA2210350003"));
+    ui.clear();
+    list->confirm_deletion();
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
+    EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
+    for (const char* table : {"Engag", "Engag_nageur"}) {
+        const QString sql = QStringLiteral("select count(*) from %1 where Num_Lic = ").arg(QLatin1String(table));
+        EXPECT_EQ(count(sql + first), 1) << table;
+        EXPECT_EQ(count(sql + second), 0) << table;
+    }
+    // Both swimmers are hidden all the same.
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Licence where Visible = false")), 2);
+}
+
 TEST_F(ClubRegisterTest, DeletingTheLastClubForcesANewOne)
 {
     add_club(QStringLiteral("FRA2210290017"), QStringLiteral("Brest"));

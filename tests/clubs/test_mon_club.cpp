@@ -83,7 +83,7 @@ TEST_F(OwnClubTest, TheSaveReplacesTheListsAndLicencesLoseGoneFees)
     EXPECT_EQ(column(QStringLiteral("select Nom || ':' || coalesce(Tarif, 'null') from Licence order by Nom")),
               (QStringList{"ADULTE:Adulte", "JEUNE:", "SANS:null"}));
     EXPECT_EQ(NombreTarifs(*app, kCode), 2);
-    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.status[2], QStringLiteral("Club enregistré"));
     EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Sauvegarde des informations sur le club")));
 
     // Read back, the lists are what was saved.
@@ -106,6 +106,7 @@ TEST_F(OwnClubTest, AnInsertFailingHalfWayLeavesTheOldRows)
     ASSERT_TRUE(view.put_fee(QStringLiteral("Aaa"), QStringLiteral("10"), -1));
     ASSERT_TRUE(view.put_fee(QStringLiteral("Boom"), QStringLiteral("20"), -1));
     EXPECT_FALSE(view.save());
+    EXPECT_NE(ui.status[2], QStringLiteral("Club enregistré"));
 
     const QString shown = ui.messages.back().text;
     EXPECT_TRUE(shown.startsWith(QStringLiteral("Erreur n° "))) << shown.toStdString();
@@ -124,16 +125,30 @@ TEST_F(OwnClubTest, TheFeeFieldsAndTheirChecks)
     EXPECT_DOUBLE_EQ(OwnClubView::amount_value(QStringLiteral("12,50")), 12.5);
     EXPECT_TRUE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char(',')));
     EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12,5"), QLatin1Char(',')));
-    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char('.')));
+    EXPECT_TRUE(OwnClubView::amount_key_accepted(QStringLiteral("185"), QLatin1Char('.')));
+    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("185.5"), QLatin1Char(',')));
+    EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("185,5"), QLatin1Char('.')));
     EXPECT_FALSE(OwnClubView::amount_key_accepted(QStringLiteral("12"), QLatin1Char('a')));
 
     OwnClubView view(*app);
     view.load();
+    // Either mark gives the same amount, shown the French way and saved as a number.
+    EXPECT_EQ(view.Lsv_tarif().item(0, 1)->text(), QStringLiteral("150,00 €"));
+    ASSERT_TRUE(view.put_fee(QStringLiteral("Adulte"), QStringLiteral("185.50"), 0));
+    ASSERT_TRUE(view.put_fee(QStringLiteral("Famille"), QStringLiteral("185,5"), -1));
+    EXPECT_EQ(view.Lsv_tarif().item(0, 1)->text(), QStringLiteral("185,50 €"));
+    EXPECT_EQ(view.Lsv_tarif().item(2, 1)->text(), QStringLiteral("185,50 €"));
+    EXPECT_EQ(OwnClubView::amount_field(OwnClubView::amount_value(view.Lsv_tarif().item(0, 1)->text())),
+              QStringLiteral("185,50"));
+    ASSERT_TRUE(view.save());
+    EXPECT_EQ(pairs(QStringLiteral("select Intitule, Tarif from Tarifs order by Intitule")),
+              (QStringList{"Adulte/185.5", "Famille/185.5", "Jeune/90"}));
+    ui.clear();
     EXPECT_FALSE(view.put_fee(QStringLiteral("   "), QStringLiteral("10"), -1));
     EXPECT_FALSE(view.put_fee(QStringLiteral("Famille"), QStringLiteral("0,00"), -1));
     EXPECT_EQ(ui.texts(), (QStringList{"Vous devez spécifier un intitulé du tarif.", "Vous devez spécifier un montant."}));
     EXPECT_EQ(ui.messages.back().title, QStringLiteral("Information"));
-    EXPECT_EQ(view.Lsv_tarif().rowCount(), 2);
+    EXPECT_EQ(view.Lsv_tarif().rowCount(), 3);
 }
 
 TEST_F(OwnClubTest, AwkwardTextsAreSavedAsTypedNewAndChanged)

@@ -90,6 +90,7 @@ TEST_F(PoolsTest, DeletingAPoolMovesItsCompetitionsToTheReference)
     EXPECT_EQ(list->Lsv_num().rowCount(), 2);
     EXPECT_EQ(list->close_caption(), QStringLiteral("&Valider"));
     list->close_command();
+    EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
 
     EXPECT_EQ(app->db.load_rows(QStringLiteral("select Nom from Piscine where Nom <> 'Null'")).column(0),
               QStringList{QStringLiteral("Gardée")});

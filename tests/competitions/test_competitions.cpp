@@ -221,6 +221,26 @@ TEST_F(CompetBase, ModifShortensTheProgrammeAndChoosesAPool)
     EXPECT_EQ(list->lsv_compet().item(0, 2)->text(), "Quimper");
 }
 
+TEST_F(CompetBase, APoolChosenForAnInterclubsSetsItsLength)
+{
+    Pool pool{{}, "Piscine olympique", "", "35000", "Rennes", 10, 50};
+    pool.num = AjoutePiscine(*app, pool);
+    OuvrirDetCompet(*app, QString(keyword::kNouveau), "Nouvelle compétition");
+    auto* det = ui.window_as<DetCompet>("det_compet");
+    ASSERT_NE(det, nullptr);
+    det->set_type(DetCompet::kInterclubs);
+    ASSERT_FALSE(det->options_enabled());
+    det->choose_pool();
+    auto* pools = ui.window_as<PoolListView>("Frm_liste_piscine");
+    ASSERT_NE(pools, nullptr);
+    ui.answers.push_back(Button::Yes);
+    pools->ok({0});
+    EXPECT_EQ(det->lbl_piscine, "Piscine olympique");
+    EXPECT_EQ(det->Op_bass, DetCompet::kBassin50);
+    EXPECT_EQ(det->LitCompet().mid(kCompetLongueur, 1), QStringList{"50"});
+    EXPECT_FALSE(det->options_enabled());
+}
+
 TEST_F(CompetBase, DeletionHidesWithUndoAndKeepsTheProgramme)
 {
     const QString a = compet("A", "20250401", "20250401");
@@ -237,10 +257,12 @@ TEST_F(CompetBase, DeletionHidesWithUndoAndKeepsTheProgramme)
     list->cmd1();
     EXPECT_EQ(value("select count(*) from Rcomp where Visible = false"), "0");
     EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
+    EXPECT_TRUE(ui.status[2].isEmpty());
 
     list = open_list(QString(keyword::kSuppr), "&Supprimer");
     list->cmd2();  // the first row, current
     list->cmd0();
+    EXPECT_EQ(ui.status[2], "Suppression enregistrée");
     EXPECT_EQ(state(a), "Faux/Faux");
     EXPECT_EQ(state(b), "Faux/Vrai");
     EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
@@ -274,6 +296,14 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
     EXPECT_EQ(list->lsv_compet().item(0, 4)->text(), "X");
     EXPECT_EQ(list->lsv_compet().item(1, 4)->text(), "");
     EXPECT_TRUE(list->cmd3_visible());
+    // The import of results is still to come: choosing a competition, or
+    // "&Nouvelle", says so and leaves the list open.
+    ui.clear();
+    list->activate();
+    list->cmd3();
+    EXPECT_EQ(ui.texts(), (QStringList{"Cette fonction n'est pas encore disponible.",
+                                       "Cette fonction n'est pas encore disponible."}));
+    EXPECT_FALSE(list->is_closed());
     list->cmd0();
 
     // An entries window at work stops the hand-over with the usual message.
@@ -283,8 +313,11 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
     ui.clear();
     list->activate();
     EXPECT_EQ(ui.texts(), QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération."});
-    list->cmd0();
     engag.close();
+    ui.clear();
+    list->activate();
+    EXPECT_EQ(ui.texts(), QStringList{"Cette fonction n'est pas encore disponible."});
+    list->cmd0();
 
     // The programme window's copy list hands the chosen competition back.
     list = open_list(QString(FrmListeCompet::kChooseForProg));

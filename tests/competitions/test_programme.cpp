@@ -143,10 +143,12 @@ TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
 
     // Nothing reaches the base before Ok.
     EXPECT_EQ(stored(num), (QStringList{"2:1:3:2:C:5", "12:3:1:0: :0"}));
+    EXPECT_NE(ui.status[2], QStringLiteral("Programme enregistré"));
     prog->cmd_ok();
     EXPECT_TRUE(prog->is_closed());
     EXPECT_EQ(stored(num), (QStringList{"1:3:1:0: :7", "2:1:2:3:T:5"}));
     EXPECT_TRUE(ui.texts().isEmpty());
+    EXPECT_EQ(ui.status[2], QStringLiteral("Programme enregistré"));
 }
 
 TEST_F(ProgBase, DetailListsUnorderedEventsFirstThenDayByDay)

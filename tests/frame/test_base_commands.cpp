@@ -245,6 +245,7 @@ TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Avant")});
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
     EXPECT_EQ(read_all(save_path(base)), saved) << "a restored base keeps the save it came from";
+    EXPECT_EQ(ui.status[2], QStringLiteral("Base reprise depuis la dernière sauvegarde"));
 }
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredNo)
@@ -320,6 +321,30 @@ TEST_F(BaseCommandsTest, NewBaseFromTheModel)
     EXPECT_GT(app->db.count_query(QStringLiteral("select count(*) from Nage")), 0);
 }
 
+TEST_F(BaseCommandsTest, ANameTypedWithoutTheExtensionGetsIt)
+{
+    // Whatever the dialog does with its default suffix, the base is "club.mdb",
+    // its lock "club.ldb", and Ouvrir and Supprimer find it under the bare name.
+    const QString bare = work_file(QStringLiteral("club"));
+    const QString base = bare + QStringLiteral(".mdb");
+    ui.files.push_back(bare);
+    new_base_command(*app);
+    ASSERT_TRUE(app->db.is_open()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
+    EXPECT_EQ(ui.file_requests.at(0).default_suffix, QStringLiteral("mdb"));
+    EXPECT_EQ(app->state.base_path, base);
+    EXPECT_TRUE(QFile::exists(base));
+    EXPECT_FALSE(QFile::exists(bare));
+    EXPECT_TRUE(QFile::exists(work_file(QStringLiteral("club.ldb"))));
+    unload_main(*app);
+
+    ui.clear();
+    open(bare);
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
+    EXPECT_TRUE(app->db.is_open());
+    EXPECT_EQ(app->state.base_path, base);
+    EXPECT_EQ(ui.file_requests.at(0).default_suffix, QStringLiteral("mdb"));
+}
+
 TEST_F(BaseCommandsTest, NewBaseWithoutTheModel)
 {
     QFile::remove(app->app_file(QStringLiteral("modele_base.sav")));
@@ -366,6 +391,7 @@ TEST_F(BaseCommandsTest, FermerRestoresAndQuitterKeeps)
     close_command(*app);
     EXPECT_FALSE(app->db.is_open());
     EXPECT_TRUE(app->state.base_path.isEmpty());
+    EXPECT_EQ(app->main_title(), QStringLiteral("Plouvarine"));
     EXPECT_FALSE(QFile::exists(save_path(base)));
     EXPECT_FALSE(app->menus_base_open());
 
@@ -386,10 +412,17 @@ TEST_F(BaseCommandsTest, OpenWindowsStopTheEndOfWork)
     const QString base = make_base();
     open(base);
     app->busy_inc();
+    // Each way out refuses without a question, and the status bar says why.
+    const QString why = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
     ui.clear();
     EXPECT_FALSE(query_close(*app));
+    EXPECT_EQ(ui.status[2], why);
+    ui.clear();
     close_command(*app);
+    EXPECT_EQ(ui.status[2], why);
+    ui.clear();
     EXPECT_EQ(quit_command(*app), QuitOutcome::Refused);
+    EXPECT_EQ(ui.status[2], why);
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(app->db.is_open());
     app->busy_dec();
@@ -400,11 +433,14 @@ TEST_F(BaseCommandsTest, SaveAndCancelCommands)
 {
     const QString base = make_base();
     open(base);
+    EXPECT_EQ(app->main_title(), QStringLiteral("Plouvarine - club.mdb"));
     app->db.exec_sql(QStringLiteral("INSERT INTO Licence_tempo (Num, Nom) VALUES (7, 'En attente');"));
     add_pool(QStringLiteral("Enregistré"));
+    app->clock.set_now(QTime(13, 4, 59));
     save_command(*app);
     EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence_tempo")), 0);
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    EXPECT_EQ(ui.status[2], QStringLiteral("Base enregistrée à 13:04"));
     add_pool(QStringLiteral("Annulé"));
 
     int profile_reads = 0;
@@ -413,9 +449,20 @@ TEST_F(BaseCommandsTest, SaveAndCancelCommands)
     EXPECT_EQ(ui.messages.back().text, QStringLiteral("Annuler toutes les opérations depuis la dernière sauvegarde ?"));
     EXPECT_EQ(pools().size(), 2);
     EXPECT_EQ(profile_reads, 1);
+    EXPECT_FALSE(ui.status_history.contains(QStringLiteral("Opérations annulées")));
     ui.answers.push_back(Button::Yes);
     cancel_command(*app);
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Enregistré")});
     EXPECT_EQ(profile_reads, 2);
     EXPECT_EQ(flag(), QStringLiteral("Vrai"));
+    EXPECT_EQ(ui.status[2], QStringLiteral("Opérations annulées"));
+
+    // A save that cannot be written says nothing was saved.
+    ui.clear();
+    QFile::remove(save_path(base));
+    ASSERT_TRUE(QDir().mkpath(save_path(base) + QStringLiteral("/bloque")));
+    save_command(*app);
+    EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
+    EXPECT_FALSE(ui.status[2].startsWith(QStringLiteral("Base enregistrée")));
+    QDir(save_path(base)).removeRecursively();
 }

@@ -217,12 +217,14 @@ TEST_F(BaseFilesTest, DeletingABaseFile)
     delete_base_command(*app);  // default No
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Supprimer la base : autre.mdb")});
     EXPECT_TRUE(QFile::exists(other));
+    EXPECT_TRUE(ui.status[2].isEmpty());
 
     ui.clear();
     ui.files.push_back(other);
     ui.answers.push_back(Button::Yes);
     delete_base_command(*app);
     EXPECT_FALSE(QFile::exists(other));
+    EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
     EXPECT_TRUE(QFile::exists(save_path(other))) << "the save file beside it stays";
     EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Supprimer une Base"));
 }

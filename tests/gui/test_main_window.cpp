@@ -123,13 +123,39 @@ TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABase)
         EXPECT_TRUE(with_base.contains(QLatin1String(name))) << name;
 }
 
+TEST_F(MainWindowTest, EveryCommandLeadsSomewhereOrSaysItIsNotYetAvailable)
+{
+    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+    click(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    // The main window's own commands, and the three that stand in the menu with no action.
+    const QStringList own{"mnuExit", "mnuHelpInfo", "mnuMajBase"};
+    const QStringList silent{"mnuBaseClubConfigRapport", "mnuPerfRecImport", "mnuPerfRecConsult"};
+    for (const MenuEntry& e : app->menus.entries()) {
+        if (e.kind != MenuKind::Command || !e.visible || own.contains(e.name) || silent.contains(e.name))
+            continue;
+        const CommandTable::Run* run = app->commands.find(e.name);
+        EXPECT_TRUE(run && *run) << e.name.toStdString() << " runs nothing";
+    }
+    for (const char* name : {"mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe", "mnuPerfOrdiAffiche",
+                             "mnuBaseClubImport", "mnuLicExp", "mnuCompetVoirResult", "mnuPerfView",
+                             "mnuModeleProgNew"}) {
+        ui.clear();
+        click(QLatin1String(name));
+        EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Cette fonction n'est pas encore disponible.")}) << name;
+        EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u) << name;
+    }
+}
+
 TEST_F(MainWindowTest, NewThenSaveThenCancelThenClose)
 {
     const QString base = work_file(QStringLiteral("club.mdb"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Plouvarine"));
     ui.files.push_back(base);
     click(QStringLiteral("mnuBaseNew"));
     ASSERT_TRUE(app->db.is_open());
     EXPECT_TRUE(QFile::exists(save_path(base)));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Plouvarine - club.mdb"));
 
     app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Enregistrée');"));
     click(QStringLiteral("mnuBaseSave"));
@@ -144,6 +170,7 @@ TEST_F(MainWindowTest, NewThenSaveThenCancelThenClose)
     EXPECT_EQ(ui.texts(), QStringList{kLoseUnsaved});
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(QFile::exists(save_path(base)));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Plouvarine"));
     EXPECT_TRUE(enabled(QStringLiteral("mnuBaseOpen")));
     EXPECT_FALSE(enabled(QStringLiteral("mnuBaseSave")));
     // A disabled command does nothing when clicked.
@@ -195,12 +222,18 @@ TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)
     EXPECT_FALSE(enabled(QStringLiteral("mnuBaseClubListe")));
     EXPECT_TRUE(enabled(QStringLiteral("mnuLicListe")));
 
+    // Each way out refuses without a question and says why in the status bar.
+    const QString why = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
     ui.clear();
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(ui.messages.empty());
-    click(QStringLiteral("mnuBaseClose"));
-    click(QStringLiteral("mnuExit"));
+    EXPECT_EQ(ui.status[2], why);
+    for (const char* way : {"mnuBaseClose", "mnuExit"}) {
+        ui.clear();
+        click(QLatin1String(way));
+        EXPECT_EQ(ui.status[2], why) << way;
+    }
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(app->db.is_open());
 

@@ -82,13 +82,13 @@ TEST_F(ListeLicenceTest, AColumnClickedThreeTimesSortsUpDownUp)
     EXPECT_EQ(names(*selection), (QStringList{"DUPONT", "MARTIN", "ABALAIN"}));
 }
 
-TEST_F(ListeLicenceTest, WithoutFeeMeansABlankOrNothingButNotTheEmptyText)
+TEST_F(ListeLicenceTest, WithoutFeeMeansABlankNothingOrTheEmptyText)
 {
     exec(QStringLiteral("UPDATE Licence SET Tarif = ' ' WHERE Num = ") + dupont);
     exec(QStringLiteral("UPDATE Licence SET Tarif = '' WHERE Num = ") + martin);
     licence(QStringLiteral("LE GALL"), QStringLiteral("Jo"), QStringLiteral("85009F"));
     exec(QStringLiteral("UPDATE Licence SET Tarif = 'Adulte' WHERE Nom = 'LE GALL'"));
-    EXPECT_EQ(names(*open(QStringLiteral("SsCotisation"))), (QStringList{"BERNARD", "DUPONT"}));
+    EXPECT_EQ(names(*open(QStringLiteral("SsCotisation"))), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
 
     // An empty club: an empty list, a disabled command, a search that finds nothing.
     app->state.club_code = QStringLiteral("FRA2210290099");
@@ -148,6 +148,7 @@ TEST_F(ListeLicenceTest, DeletedRowsComeBackAllAtOnceOnUndoAndTurnFinalOnConfirm
     select(*list, dupont);
     list->supprime_selection();
     list->cmd0();
+    EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
     EXPECT_EQ(field(dupont, QStringLiteral("Date_suppr")), QStringLiteral("20060314"));
     EXPECT_EQ(field(martin, QStringLiteral("Date_suppr")), QString());
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_Lic = ") + dupont), 0);
