@@ -33,12 +33,6 @@ QString quote_sql(const QString& text)
     return quoted.replace(QLatin1Char('\''), QLatin1String("''"));
 }
 
-void quote_tab(QStringList& texts)
-{
-    for (QString& t : texts)
-        t = quote_sql(t);
-}
-
 QString bool_text(bool value)
 {
     return value ? QStringLiteral("true") : QStringLiteral("false");

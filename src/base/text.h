@@ -12,8 +12,6 @@ class Services;
 
 // Every apostrophe doubled, so that the text can stand between apostrophes in SQL.
 QString quote_sql(const QString& text);
-// quote_sql on each element, in place.
-void quote_tab(QStringList& texts);
 // "true" or "false", the boolean literals of the statements.
 QString bool_text(bool value);
 // The number at the start of the text, commas read as decimal points, so that

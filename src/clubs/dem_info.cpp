@@ -85,6 +85,7 @@ bool DemInfo::confirm()
         return false;
     }
     cancel_enabled_ = true;
+    a.changes.changed(Subject::Clubs, num_, keyword_ != keyword::kModif || obligatory());
     close();
     return true;
 }

@@ -41,7 +41,10 @@ MenuLocks FrmListeClub::locks_for(const QString& keyword)
     return {};
 }
 
-FrmListeClub::FrmListeClub(AppContext& app, const QString& keyword) : View(app, QString(kName)), keyword_(keyword) {}
+FrmListeClub::FrmListeClub(AppContext& app, const QString& keyword) : View(app, QString(kName)), keyword_(keyword)
+{
+    follow(Subject::Clubs, [this](const Change&) { set_liste(); });
+}
 
 void FrmListeClub::set_ok_caption(const QString& caption)
 {
@@ -158,11 +161,6 @@ void FrmListeClub::confirm_deletion()
     set_liste();
 }
 
-void FrmListeClub::ForceUnloadWindowsEngag(const QString& form_name)
-{
-    if (form_name == DemInfo::kName && !is_closed())
-        set_liste();
-}
 
 FrmListeClubObli::FrmListeClubObli(AppContext& app) : View(app, QString(kName))
 {

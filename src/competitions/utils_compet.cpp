@@ -19,51 +19,49 @@ QString quoted(const QString& text)
 
 }  // namespace
 
-QString AjouterCompetSql(const QStringList& tab)
+QString AjouterCompetSql(const CompetRecord& c)
 {
-    auto v = [&tab](int i) { return tab.value(i); };
     return QStringLiteral("INSERT INTO Rcomp ") +
            QStringLiteral("(Num, Type, Nom, debut, fin, Lieu, Longueur, Nb_couloir, Codif_fede, Codif_inter, "
                           "Codif_reg, Codif_depar, Num_Piscine) ") +
-           QStringLiteral("VALUES ('") + v(kCompetNum) + QStringLiteral("', ") + quoted(v(kCompetType)) +
-           QStringLiteral(", ") + quoted(quote_sql(v(kCompetNom))) + QStringLiteral(", ") + quoted(v(kCompetDebut)) +
-           QStringLiteral(", ") + quoted(v(kCompetFin)) + QStringLiteral(", ") + quoted(quote_sql(v(kCompetLieu))) +
-           QStringLiteral(", ") + v(kCompetLongueur) + QStringLiteral(", ") + v(kCompetNbCouloir) + QStringLiteral(", ") +
-           quoted(v(kCompetCodifFede)) + QStringLiteral(", ") + quoted(v(kCompetCodifInter)) + QStringLiteral(", ") +
-           quoted(v(kCompetCodifReg)) + QStringLiteral(", ") + quoted(v(kCompetCodifDepar)) + QStringLiteral(", ") +
-           v(kCompetNumPiscine) + QStringLiteral(");");
+           QStringLiteral("VALUES ('") + c.num + QStringLiteral("', ") + quoted(c.type) + QStringLiteral(", ") +
+           quoted(quote_sql(c.nom)) + QStringLiteral(", ") + quoted(c.debut) + QStringLiteral(", ") + quoted(c.fin) +
+           QStringLiteral(", ") + quoted(quote_sql(c.lieu)) + QStringLiteral(", ") + c.longueur + QStringLiteral(", ") +
+           c.nb_couloir + QStringLiteral(", ") + quoted(c.codif_fede) + QStringLiteral(", ") + quoted(c.codif_inter) +
+           QStringLiteral(", ") + quoted(c.codif_reg) + QStringLiteral(", ") + quoted(c.codif_depar) +
+           QStringLiteral(", ") + c.num_piscine + QStringLiteral(");");
 }
 
-bool AjouterCompet(AppContext& app, const QStringList& tab)
+bool AjouterCompet(AppContext& app, const CompetRecord& compet)
 {
     try {
-        app.db.exec_sql(AjouterCompetSql(tab));
+        app.db.exec_sql(AjouterCompetSql(compet));
         return true;
     } catch (const std::exception&) {
         return false;
     }
 }
 
-QString ModifierCompetSql(const QStringList& tab, const QString& autonum)
+QString ModifierCompetSql(const CompetRecord& c, const QString& autonum)
 {
-    auto v = [&tab](int i) { return tab.value(i); };
-    return QStringLiteral("Update Rcomp Set Num = '") + v(kCompetNum) + QStringLiteral("', ") +
-           QStringLiteral("Type = '") + v(kCompetType) + QStringLiteral("', ") + QStringLiteral("Nom = '") +
-           v(kCompetNom) + QStringLiteral("', ") + QStringLiteral("Debut = '") + v(kCompetDebut) + QStringLiteral("', ") +
-           QStringLiteral("Fin = '") + v(kCompetFin) + QStringLiteral("', ") + QStringLiteral("Lieu = '") +
-           v(kCompetLieu) + QStringLiteral("', ") + QStringLiteral("Longueur = ") + v(kCompetLongueur) +
-           QStringLiteral(", ") + QStringLiteral("Nb_couloir = ") + v(kCompetNbCouloir) + QStringLiteral(", ") +
-           QStringLiteral("Codif_fede = '") + v(kCompetCodifFede) + QStringLiteral("', ") +
-           QStringLiteral("Codif_inter = '") + v(kCompetCodifInter) + QStringLiteral("', ") +
-           QStringLiteral("Codif_reg = '") + v(kCompetCodifReg) + QStringLiteral("', ") +
-           QStringLiteral("Codif_depar = '") + v(kCompetCodifDepar) + QStringLiteral("', ") +
-           QStringLiteral("Num_Piscine = ") + v(kCompetNumPiscine) + QStringLiteral(" where AutoNum = ") + autonum;
+    auto text = [](const QString& value) { return quoted(quote_sql(value)); };
+    return QStringLiteral("Update Rcomp Set Num = ") + text(c.num) + QStringLiteral(", ") + QStringLiteral("Type = ") +
+           text(c.type) + QStringLiteral(", ") + QStringLiteral("Nom = ") + text(c.nom) + QStringLiteral(", ") +
+           QStringLiteral("Debut = ") + text(c.debut) + QStringLiteral(", ") + QStringLiteral("Fin = ") + text(c.fin) +
+           QStringLiteral(", ") + QStringLiteral("Lieu = ") + text(c.lieu) + QStringLiteral(", ") +
+           QStringLiteral("Longueur = ") + c.longueur + QStringLiteral(", ") +
+           QStringLiteral("Nb_couloir = ") + c.nb_couloir + QStringLiteral(", ") +
+           QStringLiteral("Codif_fede = ") + text(c.codif_fede) + QStringLiteral(", ") +
+           QStringLiteral("Codif_inter = ") + text(c.codif_inter) + QStringLiteral(", ") +
+           QStringLiteral("Codif_reg = ") + text(c.codif_reg) + QStringLiteral(", ") +
+           QStringLiteral("Codif_depar = ") + text(c.codif_depar) + QStringLiteral(", ") +
+           QStringLiteral("Num_Piscine = ") + c.num_piscine + QStringLiteral(" where AutoNum = ") + autonum;
 }
 
-bool ModifierCompet(AppContext& app, const QStringList& tab, const QString& autonum)
+bool ModifierCompet(AppContext& app, const CompetRecord& compet, const QString& autonum)
 {
     try {
-        app.db.exec_sql(ModifierCompetSql(tab, autonum));
+        app.db.exec_sql(ModifierCompetSql(compet, autonum));
         return true;
     } catch (const std::exception&) {
         return false;

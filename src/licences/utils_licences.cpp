@@ -10,21 +10,46 @@
 
 namespace plouvarine {
 
-namespace {
-
-QString value_at(const QStringList& tab, int index)
+std::vector<std::pair<QLatin1String, QString>> LicenceRecord::columns() const
 {
-    return index < tab.size() ? tab.at(index) : QString();
+    return {
+        {QLatin1String("Code_club"), code_club},
+        {QLatin1String("Licence"), licence},
+        {QLatin1String("Nom"), nom},
+        {QLatin1String("Prenom"), prenom},
+        {QLatin1String("Sexe"), sexe},
+        {QLatin1String("Date_Naissance"), date_naissance},
+        {QLatin1String("Nationalite"), nationalite},
+        {QLatin1String("Adresse"), adresse},
+        {QLatin1String("Suite_adresse"), suite_adresse},
+        {QLatin1String("Code_Postal"), code_postal},
+        {QLatin1String("Localite"), localite},
+        {QLatin1String("Telephone"), telephone},
+        {QLatin1String("Sportive"), sportive},
+        {QLatin1String("Synchro"), synchro},
+        {QLatin1String("Water_Polo"), water_polo},
+        {QLatin1String("Plongeon"), plongeon},
+        {QLatin1String("Dirigeant"), dirigeant},
+        {QLatin1String("Maitre"), maitre},
+        {QLatin1String("Date_Depot"), date_depot},
+        {QLatin1String("Date_obliteration"), date_obliteration},
+        {QLatin1String("Type_licence"), type_licence},
+        {QLatin1String("Nature"), nature},
+        {QLatin1String("Code_unique"), code_unique},
+        {QLatin1String("Tel2"), tel2},
+        {QLatin1String("Mail"), mail},
+        {QLatin1String("Tarif"), tarif},
+        {QLatin1String("Medecin"), medecin},
+        {QLatin1String("Date_Ctrl_Medical"), date_ctrl_medical},
+    };
 }
 
-}  // namespace
-
-QString AjouteLicenceSql(const QStringList& tab_licence)
+QString AjouteLicenceSql(const LicenceRecord& licence)
 {
     const QChar separator(0xA0);
     QStringList values;
-    for (int i = 0; i < kTabActivites; ++i)
-        values << value_at(tab_licence, i);
+    for (const auto& column : licence.columns())
+        values << column.second;
     QString joined = quote_sql(values.join(separator));
     joined.replace(separator, QStringLiteral("', '"));
     return QStringLiteral("INSERT INTO Licence (Code_club, licence, Nom, Prenom, sexe") +
@@ -35,33 +60,24 @@ QString AjouteLicenceSql(const QStringList& tab_licence)
            QLatin1Char('\'') + joined + QLatin1Char('\'') + QStringLiteral(");");
 }
 
-void AjouteLicence(AppContext& app, const QStringList& tab_licence)
+void AjouteLicence(AppContext& app, const LicenceRecord& licence)
 {
-    app.db.exec_sql(AjouteLicenceSql(tab_licence));
+    app.db.exec_sql(AjouteLicenceSql(licence));
 }
 
-QString ModifieLicenceSql(const QStringList& tab_licence, const QString& num)
+QString ModifieLicenceSql(const LicenceRecord& licence, const QString& num)
 {
-    static const char* const kColumns[] = {
-        "Licence",  "Nom",       "Prenom",   "Sexe",     "Date_Naissance", "Nationalite",       "Adresse",
-        "Suite_adresse", "Code_Postal", "Localite", "Telephone", "Sportive",   "Synchro",          "Water_Polo",
-        "Plongeon", "Dirigeant", "Maitre",   "Date_Depot", "Date_obliteration", "Type_licence", "Nature",
-        "Code_unique", "Tel2",   "Mail",     "Tarif",    "Medecin",        "Date_Ctrl_Medical",
-    };
-    QString sql = QStringLiteral("UPDATE Licence SET ");
-    int index = kTabLicence;
-    for (const char* column : kColumns) {
-        if (index > kTabLicence)
-            sql += QStringLiteral("', ");
-        sql += QLatin1String(column) + QStringLiteral(" = '") + value_at(tab_licence, index);
-        ++index;
-    }
-    return sql + QStringLiteral("' WHERE Num = ") + num;
+    QStringList sets;
+    for (const auto& [column, value] : licence.columns())
+        if (column != QLatin1String("Code_club"))
+            sets << column + QStringLiteral(" = '") + quote_sql(value) + QLatin1Char('\'');
+    return QStringLiteral("UPDATE Licence SET ") + sets.join(QStringLiteral(", ")) + QStringLiteral(" WHERE Num = ") +
+           num;
 }
 
-void ModifieLicence(AppContext& app, const QStringList& tab_licence, const QString& num)
+void ModifieLicence(AppContext& app, const LicenceRecord& licence, const QString& num)
 {
-    app.db.exec_sql(ModifieLicenceSql(tab_licence, num));
+    app.db.exec_sql(ModifieLicenceSql(licence, num));
 }
 
 QString NumLicence(AppContext& app, const QString& licence, const QString& club_code)
@@ -72,10 +88,10 @@ QString NumLicence(AppContext& app, const QString& licence, const QString& club_
         .first();
 }
 
-void SauveActivites(AppContext& app, const QString& num, const QString& activites)
+void SauveActivites(AppContext& app, const QString& num, const QStringList& activites)
 {
     app.db.exec_sql(QStringLiteral("DELETE FROM Activite_licence ") + QStringLiteral("WHERE Num_lic = ") + num);
-    for (const QString& name : activites.split(QLatin1Char('\t'))) {
+    for (const QString& name : activites) {
         if (name.isEmpty())
             continue;
         app.db.exec_sql(QStringLiteral("INSERT INTO Activite_licence ") + QStringLiteral("VALUES (") + num +

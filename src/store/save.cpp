@@ -62,13 +62,9 @@ void create_save(const BaseFile& base_file)
     WaitCursor wait(base_file.ui);
     const QString sav = save_path(base_file.path);
     try {
+        // The copy holds the flag at true: the update is committed before the
+        // snapshot that zip_base takes.
         base_file.db.set_last_close(QStringLiteral("true"));
-        // The copy must hold the flag at true: read it back before compressing.
-        for (int tries = 0; tries < 100; ++tries) {
-            const Rows rows = base_file.db.load_rows(QStringLiteral("select LastClose from Info"));
-            if (rows.first() == QLatin1String("Vrai"))
-                break;
-        }
         zip_base(base_file, sav);
         if (!QFileInfo::exists(sav))
             msg_erreur(base_file.ui, QStringLiteral("La création de la sauvegarde a échoué.\n"

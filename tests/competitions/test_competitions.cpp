@@ -150,11 +150,14 @@ TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals
     fill(det);
     det.set_type(DetCompet::kInterclubs);
     EXPECT_FALSE(det.options_enabled());
-    const QStringList tab = det.LitCompet();
-    EXPECT_EQ(tab.mid(kCompetLongueur, 1), QStringList{"25"});
-    EXPECT_EQ(tab.mid(kCompetCodifFede, 4), (QStringList{"A", "A", "A", "A"}));
+    auto levels = [](const CompetRecord& r) {
+        return QStringList{r.codif_fede, r.codif_inter, r.codif_reg, r.codif_depar};
+    };
+    const CompetRecord record = det.LitCompet();
+    EXPECT_EQ(record.longueur, "25");
+    EXPECT_EQ(levels(record), (QStringList{"A", "A", "A", "A"}));
     det.clear_options();
-    EXPECT_EQ(det.LitCompet().mid(kCompetCodifFede, 4), (QStringList{" ", " ", " ", " "}));
+    EXPECT_EQ(levels(det.LitCompet()), (QStringList{" ", " ", " ", " "}));
     EXPECT_EQ(DetCompet::FiltreNumero("b1'2-z"), "B12Z");
     EXPECT_EQ(DetCompet::FiltreToucheNumero('q'), 'Q');
     EXPECT_EQ(DetCompet::FiltreToucheNumero(8), 8);
@@ -307,10 +310,10 @@ TEST_F(CompetBase, StatementHelpersReadAndCreate)
     ASSERT_FALSE(imported.isEmpty());
     EXPECT_EQ(state(imported), "Vrai/Vrai");
     EXPECT_EQ(ChampCompet(*app, imported, "Num_Piscine"), NumPiscineNulle(*app));
-    QStringList tab(kCompetTabSize, "x");
-    tab[kCompetNom] = "d'Arvor";
-    tab[kCompetLieu] = "L'Orient";
-    tab[kCompetNum] = "O'1";
+    CompetRecord tab{"x", "x", "x", "x", "x", "x", "x", "x", "x", "x", "x", "x", "x"};
+    tab.nom = "d'Arvor";
+    tab.lieu = "L'Orient";
+    tab.num = "O'1";
     EXPECT_TRUE(AjouterCompetSql(tab).contains("'d''Arvor'"));
     EXPECT_TRUE(AjouterCompetSql(tab).contains("'L''Orient'"));
     EXPECT_TRUE(AjouterCompetSql(tab).contains("('O'1'"));
