@@ -1,7 +1,6 @@
 #include "src/competitions/det_compet.h"
 
 #include "src/clubs/pools.h"
-#include "src/competitions/liste_compet.h"
 #include "src/competitions/utils_compet.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
