@@ -1,7 +1,5 @@
 #include "gui/frame/date_field_binding.h"
 
-#include "src/base/date_field.h"
-
 #include <QEvent>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
@@ -53,13 +51,13 @@ bool DateFieldBinding::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress)
         if (LineEditField* field = field_of(watched))
-            MemoChampDate(*field);
+            keystrokes_.MemoChampDate(*field);
     return QObject::eventFilter(watched, event);
 }
 
 void DateFieldBinding::check(LineEditField& changed)
 {
-    ControleSaisieDate(day_, month_, year_, changed, guard_);
+    keystrokes_.ControleSaisieDate(day_, month_, year_, changed, guard_);
 }
 
 DateFieldBinding* bind_date_fields(QLineEdit* day, QLineEdit* month, QLineEdit* year)

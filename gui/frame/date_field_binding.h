@@ -3,6 +3,7 @@
 // fields of a date here, a time field in results/time_field_binding.h. A
 // window calls one function per date or time and is done.
 
+#include "src/base/date_field.h"
 #include "src/base/entry_field.h"
 
 #include <QObject>
@@ -49,6 +50,7 @@ private:
     LineEditField day_;
     LineEditField month_;
     LineEditField year_;
+    DateKeystrokes keystrokes_;
     bool guard_ = true;
 };
 

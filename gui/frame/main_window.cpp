@@ -1,4 +1,5 @@
 #include "gui/frame/main_window.h"
+#include "gui/frame/view_window.h"
 
 #include "src/frame/base_commands.h"
 
@@ -75,13 +76,8 @@ MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), 
                 return;
             }
         }
-        for (QWidget* top : QApplication::topLevelWidgets()) {
-            if (top->objectName() == name && top->isVisible()) {
-                top->raise();
-                top->activateWindow();
-                return;
-            }
-        }
+        // A modal window is the services' own.
+        app_.ui.bring_to_front(name);
     };
 
     plug_frame_commands();
@@ -187,6 +183,8 @@ QAction* MainWindow::action(const QString& name) const
 
 QMdiSubWindow* MainWindow::show_child(QWidget* window)
 {
+    if (auto* hosted = qobject_cast<ViewWindow*>(window))
+        hosted->placed_in(*this);
     QMdiSubWindow* sub = mdi_->addSubWindow(window);
     sub->setObjectName(window->objectName());
     // No toolkit logo in the child windows' title bars.

@@ -98,8 +98,10 @@ void QtServices::show_modal(View& view)
         ++waits;
     }
     // The window ends when its view closes; a window merely hidden comes back.
+    modal_.push_back(window.get());
     while (!view.is_closed())
         window->exec();
+    std::erase(modal_, window.get());
     while (waits-- > 0)
         QApplication::setOverrideCursor(Qt::WaitCursor);
 }
@@ -123,6 +125,18 @@ void QtServices::show_window(std::unique_ptr<View> view)
         show_child(window);
     else
         window->show();
+}
+
+bool QtServices::bring_to_front(const QString& name)
+{
+    for (QWidget* window : modal_) {
+        if (window->objectName() == name && window->isVisible()) {
+            window->raise();
+            window->activateWindow();
+            return true;
+        }
+    }
+    return false;
 }
 
 bool QtServices::print_document(const QString& title, const QTextDocument& document)

@@ -4,6 +4,7 @@
 #include "src/base/services.h"
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -24,6 +25,7 @@ public:
     void show_modal(View& view) override;
     void show_window(std::unique_ptr<View> view) override;
     bool print_document(const QString& title, const QTextDocument& document) override;
+    bool bring_to_front(const QString& name) override;
 
     // Where the status panels are drawn (set by the main window).
     std::function<void(int, const QString&)> on_status;
@@ -36,6 +38,8 @@ public:
 private:
     QWidget* parent() const { return parent_ ? parent_() : nullptr; }
     std::function<QWidget*()> parent_;
+    // The modal windows being shown, the innermost last.
+    std::vector<QWidget*> modal_;
 };
 
 }  // namespace plouvarine::gui

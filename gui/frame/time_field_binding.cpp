@@ -1,7 +1,5 @@
 #include "gui/frame/time_field_binding.h"
 
-#include "src/base/time_field.h"
-
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -11,7 +9,7 @@ TimeFieldBinding::TimeFieldBinding(Services& ui, QLineEdit* edit)
     : QObject(edit), ui_(ui), field_(edit)
 {
     edit->installEventFilter(this);
-    connect(edit, &QLineEdit::textChanged, this, [this] { verif_saisie_temps(ui_, field_); });
+    connect(edit, &QLineEdit::textChanged, this, [this] { keystrokes_.verif_saisie_temps(ui_, field_); });
 }
 
 bool TimeFieldBinding::eventFilter(QObject* watched, QEvent* event)
@@ -22,7 +20,7 @@ bool TimeFieldBinding::eventFilter(QObject* watched, QEvent* event)
 
     // Key down. Qt's code of the point equals the platform's code of Delete,
     // so only the Delete key itself is handed over as that code.
-    filtre_suppr_temps(key->key() == Qt::Key_Delete ? kToucheSuppr : -1, field_);
+    keystrokes_.filtre_suppr_temps(key->key() == Qt::Key_Delete ? kToucheSuppr : -1, field_);
 
     // Key press: the keys that type a character. Delete types none; Tab,
     // Return and Escape belong to the window (focus, default and cancel buttons).
@@ -44,7 +42,7 @@ bool TimeFieldBinding::eventFilter(QObject* watched, QEvent* event)
         character = key->text().at(0).unicode();
         break;
     }
-    return filtre_touche_temps(field_, character) == 0;
+    return keystrokes_.filtre_touche_temps(field_, character) == 0;
 }
 
 TimeFieldBinding* bind_time_field(Services& ui, QLineEdit* edit)

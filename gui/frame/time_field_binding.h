@@ -4,6 +4,7 @@
 // with its message. Owned by the line edit.
 
 #include "gui/frame/date_field_binding.h"
+#include "src/base/time_field.h"
 
 #include <QObject>
 
@@ -26,6 +27,7 @@ protected:
 private:
     Services& ui_;
     LineEditField field_;
+    TimeKeystrokes keystrokes_;
 };
 
 TimeFieldBinding* bind_time_field(Services& ui, QLineEdit* edit);

@@ -10,6 +10,8 @@
 
 namespace plouvarine::gui {
 
+class MainWindow;
+
 class ViewWindow : public QDialog {
     Q_OBJECT
 public:
@@ -17,6 +19,9 @@ public:
     ~ViewWindow() override;
 
     View& view() const { return view_; }
+    // The main window has taken this window among its children: a window that
+    // uses the main window's own parts (its context menus) keeps it here.
+    virtual void placed_in(MainWindow& main) {}
 
 protected:
     // Draws the view's state again; windows override it.

@@ -9,7 +9,6 @@
 #include "src/licences/det_licence.h"
 #include "src/licences/liste_licence.h"
 
-#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,14 +26,6 @@
 namespace plouvarine::gui {
 
 namespace {
-
-MainWindow* main_window()
-{
-    for (QWidget* top : QApplication::topLevelWidgets())
-        if (auto* main = qobject_cast<MainWindow*>(top))
-            return main;
-    return nullptr;
-}
 
 // lsv_licence: the typed characters go to the view's search, never to the
 // list's own letter navigation; the arrows move as usual.
@@ -107,16 +98,11 @@ public:
         if (view.mode() == keyword::kSsCotisation) {
             list_->setContextMenuPolicy(Qt::CustomContextMenu);
             connect(list_, &QWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
-                MainWindow* main = main_window();
-                if (!main || !main->tarifs_menu() || view_.current_num().isEmpty())
+                if (!main_ || !main_->tarifs_menu() || view_.current_num().isEmpty())
                     return;
                 view_.prepare_menu_tarifs();
-                main->tarifs_menu()->exec(list_->viewport()->mapToGlobal(pos));
+                main_->tarifs_menu()->exec(list_->viewport()->mapToGlobal(pos));
             });
-            if (MainWindow* main = main_window()) {
-                main_ = main;
-                main->on_tarif_chosen = [this](int index) { view_.mnuTarifsSel_Click(index); };
-            }
         }
         layout->addWidget(list_);
 
@@ -137,6 +123,15 @@ public:
     {
         if (main_)
             main_->on_tarif_chosen = nullptr;
+    }
+
+    // The fee menu is the main window's: its lines come back to this list.
+    void placed_in(MainWindow& main) override
+    {
+        if (view_.mode() != keyword::kSsCotisation)
+            return;
+        main_ = &main;
+        main.on_tarif_chosen = [this](int index) { view_.mnuTarifsSel_Click(index); };
     }
 
 protected:

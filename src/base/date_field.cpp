@@ -6,17 +6,6 @@ namespace plouvarine {
 
 namespace {
 
-struct DateFieldMemory {
-    QString text;
-    int position = 0;
-};
-
-DateFieldMemory& memory()
-{
-    static DateFieldMemory slot;
-    return slot;
-}
-
 QString text_at(std::span<EntryField* const> fields, int position)
 {
     if (position < 0 || position >= int(fields.size()) || !fields[position])
@@ -24,24 +13,24 @@ QString text_at(std::span<EntryField* const> fields, int position)
     return fields[position]->text();
 }
 
-void undo_keystroke(EntryField& changed, bool& guard)
+}  // namespace
+
+void DateKeystrokes::undo_keystroke(EntryField& changed, bool& guard)
 {
     guard = false;
-    changed.set_text(memory().text);
-    changed.set_cursor_position(memory().position);
+    changed.set_text(memory_.text);
+    changed.set_cursor_position(memory_.position);
     guard = true;
 }
 
-}  // namespace
-
-void MemoChampDate(const EntryField& field)
+void DateKeystrokes::MemoChampDate(const EntryField& field)
 {
-    memory().text = field.text();
-    memory().position = field.cursor_position();
+    memory_.text = field.text();
+    memory_.position = field.cursor_position();
 }
 
-void ControleSaisieDate(std::span<EntryField* const> fields, bool& guard, int changed, int base,
-                        int step)
+void DateKeystrokes::ControleSaisieDate(std::span<EntryField* const> fields, bool& guard, int changed, int base,
+                                        int step)
 {
     if (!guard)
         return;
@@ -53,8 +42,8 @@ void ControleSaisieDate(std::span<EntryField* const> fields, bool& guard, int ch
         undo_keystroke(*fields[changed], guard);
 }
 
-void ControleSaisieDate(EntryField& day, EntryField& month, EntryField& year, EntryField& changed,
-                        bool& guard)
+void DateKeystrokes::ControleSaisieDate(EntryField& day, EntryField& month, EntryField& year, EntryField& changed,
+                                        bool& guard)
 {
     if (!guard)
         return;

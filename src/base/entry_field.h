@@ -18,6 +18,13 @@ public:
     virtual void set_cursor_position(int position) = 0;
 };
 
+// A field's text and caret just before a keystroke, kept by the field's
+// binding so that a refused key can be undone.
+struct KeystrokeMemory {
+    QString text;
+    int position = 0;
+};
+
 // A field held in memory. `on_text_changed` runs after each change of the
 // text, as a line edit's change event does.
 class TextEntry : public EntryField {

@@ -69,6 +69,9 @@ public:
     // The window of `view` among the child windows of the main window. The
     // window owns the view and destroys it after it has closed.
     virtual void show_window(std::unique_ptr<View> view) = 0;
+    // Puts in front the modal window named `name`, if one of show_modal is
+    // shown; true when one was. Child windows are the main window's to raise.
+    virtual bool bring_to_front(const QString& name) { return false; }
     // Prints `document` under `title`: the printer choice, with a preview and
     // PDF output. False when the person cancels.
     virtual bool print_document(const QString& title, const QTextDocument& document) = 0;

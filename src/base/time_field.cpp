@@ -5,19 +5,13 @@
 
 namespace plouvarine {
 
-MemoireSaisieTemps& memoire_saisie_temps()
+void TimeKeystrokes::memo_saisie_temps(const EntryField& field)
 {
-    static MemoireSaisieTemps memory;
-    return memory;
+    memory_.text = field.text();
+    memory_.position = field.cursor_position();
 }
 
-void memo_saisie_temps(const EntryField& field)
-{
-    memoire_saisie_temps().ancien_temps = field.text();
-    memoire_saisie_temps().ancienne_position = field.cursor_position();
-}
-
-int filtre_touche_temps(const EntryField& field, int character)
+int TimeKeystrokes::filtre_touche_temps(const EntryField& field, int character)
 {
     if ((character >= '0' && character <= '9') || character == kToucheRetour) {
         memo_saisie_temps(field);
@@ -30,30 +24,29 @@ int filtre_touche_temps(const EntryField& field, int character)
     return 0;
 }
 
-void filtre_suppr_temps(int key_code, const EntryField& field)
+void TimeKeystrokes::filtre_suppr_temps(int key_code, const EntryField& field)
 {
     if (key_code == kToucheSuppr)
         memo_saisie_temps(field);
 }
 
-void verif_saisie_temps(Services& ui, EntryField& field)
+void TimeKeystrokes::verif_saisie_temps(Services& ui, EntryField& field)
 {
-    MemoireSaisieTemps& memory = memoire_saisie_temps();
-    if (memory.ancien_temps.isEmpty())
+    if (memory_.text.isEmpty())
         return;
     const QString text = field.text();
     if (text.isEmpty()) {
-        memory.ancien_temps.clear();
+        memory_.text.clear();
         return;
     }
     if (normalise_temps(text).right(4).toInt() < 6000) {
-        memory.ancien_temps.clear();
+        memory_.text.clear();
         return;
     }
     // Emptied before the field is written, since that write comes back here.
-    const QString kept = memory.ancien_temps;
-    const int position = memory.ancienne_position;
-    memory.ancien_temps.clear();
+    const QString kept = memory_.text;
+    const int position = memory_.position;
+    memory_.text.clear();
     msg_erreur(ui, QStringLiteral("Saisie du temps incorrect."));
     field.set_text(kept);
     field.set_cursor_position(position);

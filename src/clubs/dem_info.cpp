@@ -86,6 +86,7 @@ bool DemInfo::confirm()
         return false;
     }
     cancel_enabled_ = true;
+    a.changes.changed(Subject::Clubs, num_, keyword_ != keyword::kModif || obligatory());
     status_text(a.ui, kStatusClubSaved);
     close();
     return true;

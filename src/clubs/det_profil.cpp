@@ -126,6 +126,7 @@ bool DetProfil::confirm()
     }
     // The forced view too closes here, once its profile exists.
     source_ = nullptr;
+    a.changes.changed(Subject::Profiles, {}, keyword_ != keyword::kModif || obligatory());
     close();
     return true;
 }

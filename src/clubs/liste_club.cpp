@@ -43,7 +43,10 @@ MenuLocks FrmListeClub::locks_for(const QString& keyword)
     return {};
 }
 
-FrmListeClub::FrmListeClub(AppContext& app, const QString& keyword) : View(app, QString(kName)), keyword_(keyword) {}
+FrmListeClub::FrmListeClub(AppContext& app, const QString& keyword) : View(app, QString(kName)), keyword_(keyword)
+{
+    follow(Subject::Clubs, [this](const Change&) { set_liste(); });
+}
 
 void FrmListeClub::set_ok_caption(const QString& caption)
 {
@@ -164,11 +167,6 @@ void FrmListeClub::confirm_deletion()
         status_text(a.ui, kStatusDeleted);
 }
 
-void FrmListeClub::ForceUnloadWindowsEngag(const QString& form_name)
-{
-    if (form_name == DemInfo::kName && !is_closed())
-        set_liste();
-}
 
 FrmListeClubObli::FrmListeClubObli(AppContext& app) : View(app, QString(kName))
 {

@@ -59,8 +59,6 @@ public:
     const QString& chosen_name() const { return chosen_name_; }
     std::function<void(const QString& code, const QString& name)> on_chosen;
 
-    void ForceUnloadWindowsEngag(const QString& form_name) override;
-
 private:
     std::optional<int> selected_row() const;
 

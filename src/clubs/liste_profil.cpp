@@ -20,6 +20,7 @@ MenuLocks FrmListeProfil::locks_for(const QString& keyword)
 FrmListeProfil::FrmListeProfil(AppContext& app, const QString& keyword) : View(app, QString(kName)), keyword_(keyword)
 {
     set_title(QStringLiteral("Liste Profils"));
+    follow(Subject::Profiles, [this](const Change&) { set_liste(); });
 }
 
 void FrmListeProfil::set_ok_caption(const QString& caption)
@@ -125,11 +126,6 @@ void FrmListeProfil::confirm_deletion()
         status_text(a.ui, kStatusDeleted);
 }
 
-void FrmListeProfil::ForceUnloadWindowsEngag(const QString& form_name)
-{
-    if (form_name == DetProfil::kName && !is_closed())
-        set_liste();
-}
 
 FrmListeProfilObli::FrmListeProfilObli(AppContext& app) : View(app, QString(kName))
 {

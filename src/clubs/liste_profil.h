@@ -42,8 +42,6 @@ public:
     void confirm_deletion();
     void cancel() { close(); }
 
-    void ForceUnloadWindowsEngag(const QString& form_name) override;
-
 private:
     QString keyword_;
     QString ok_caption_;

@@ -66,6 +66,7 @@ PoolListView::PoolListView(AppContext& app, QString keyword)
                                      QStringLiteral("Code postal"), QStringLiteral("Ville"),
                                      QStringLiteral("Couloir"), QStringLiteral("Bassin")});
     marked_.setHorizontalHeaderLabels({QStringLiteral("num")});
+    follow(Subject::Pools, [this](const Change& change) { pool_saved(change); });
 }
 
 PoolListView::~PoolListView()
@@ -210,9 +211,10 @@ void PoolListView::open_detail(const QString& mode, const Pool& pool)
 {
     if (app().windows.check_window_open(QString(PoolDetailView::kName)))
         return;
-    auto detail = std::make_unique<PoolDetailView>(app(), mode, this);
+    auto detail = std::make_unique<PoolDetailView>(app(), mode);
     if (!detail->register_window(name()))
         return;
+    creating_ = mode == QLatin1String(PoolDetailView::kCreation);
     detail->remplir_champs(pool);
     detail->set_title(QStringLiteral("Information sur la piscine"));
     detail_ = detail.get();
@@ -221,25 +223,25 @@ void PoolListView::open_detail(const QString& mode, const Pool& pool)
 
 void PoolListView::ForceUnloadWindowsEngag(const QString& form_name)
 {
-    if (form_name == QLatin1String(PoolDetailView::kName))
+    if (form_name == QLatin1String(PoolDetailView::kName)) {
         detail_ = nullptr;
+        creating_ = false;
+    }
 }
 
-void PoolListView::detail_saved(const Pool& pool, bool created)
+void PoolListView::pool_saved(const Change& change)
 {
     set_liste();
-    if (created && keyword_ == keyword::kChoisir) {
-        Pool chosen = pool;
-        choose(chosen);
-    }
+    if (!change.created || !creating_ || keyword_ != keyword::kChoisir)
+        return;
+    creating_ = false;
+    if (const auto row = find_key(list_, change.key))
+        choose(pool_at(*row));
 }
 
 // ---------------------------------------------------------------- detail
 
-PoolDetailView::PoolDetailView(AppContext& app, QString mode, PoolListView* list)
-    : View(app, QString(kName)), mode_(std::move(mode)), list_(list)
-{
-}
+PoolDetailView::PoolDetailView(AppContext& app, QString mode) : View(app, QString(kName)), mode_(std::move(mode)) {}
 
 QStringList PoolDetailView::lane_choices()
 {
@@ -278,8 +280,7 @@ bool PoolDetailView::save()
             msg_erreur(app().ui, QStringLiteral("Erreur lors de la sauvegarde de la piscine."), &e);
             return false;
         }
-        if (list_)
-            list_->detail_saved(pool, false);
+        app().changes.changed(Subject::Pools, pool.num);
         return true;
     }
     // "Nouveau" and "Creation".
@@ -293,8 +294,7 @@ bool PoolDetailView::save()
         return false;
     }
     msg_info(app().ui, QStringLiteral("Nouvelle piscine enregistrée."));
-    if (mode_ == kCreation && list_)
-        list_->detail_saved(pool, true);
+    app().changes.changed(Subject::Pools, pool.num, true);
     return true;
 }
 

@@ -73,14 +73,15 @@ public:
 
     // The detail opened from this list has closed.
     void ForceUnloadWindowsEngag(const QString& form_name) override;
-    // The detail saved: fills the list again; a new pool (Creation) is chosen.
-    void detail_saved(const Pool& pool, bool created);
 
 private:
     void mark(const std::vector<int>& rows);
     void confirm_deletion();
     void choose(const Pool& pool);
     void open_detail(const QString& mode, const Pool& pool);
+    // A pool was saved: the list fills again; the pool made from this list
+    // to be chosen ("Creation") is chosen.
+    void pool_saved(const Change& change);
 
     QString keyword_;
     QString ok_caption_;
@@ -88,6 +89,8 @@ private:
     QStandardItemModel info_;
     QStandardItemModel marked_;
     PoolDetailView* detail_ = nullptr;
+    // This list's own detail is open in "Creation".
+    bool creating_ = false;
 };
 
 class PoolDetailView : public View {
@@ -96,7 +99,7 @@ public:
     // The mode in which a pool made from a choice list is chosen at once.
     static constexpr QLatin1String kCreation{"Creation"};
 
-    PoolDetailView(AppContext& app, QString mode, PoolListView* list = nullptr);
+    PoolDetailView(AppContext& app, QString mode);
 
     const QString& mode() const { return mode_; }
     bool read_only() const { return mode_ == QLatin1String("View"); }
@@ -115,7 +118,6 @@ public:
 
 private:
     QString mode_;
-    PoolListView* list_;
 };
 
 // OuvreListePiscines: the one list, locked and shown with its keyword, title and

@@ -1,7 +1,6 @@
 #include "src/competitions/det_compet.h"
 
 #include "src/clubs/pools.h"
-#include "src/competitions/liste_compet.h"
 #include "src/competitions/utils_compet.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
@@ -240,25 +239,25 @@ bool DetCompet::ValideCompet()
     return true;
 }
 
-QStringList DetCompet::LitCompet() const
+CompetRecord DetCompet::LitCompet() const
 {
-    QStringList tab;
-    for (int i = 0; i < kCompetTabSize; ++i)
-        tab << QString();
-    tab[kCompetNum] = text1[kNumero];
-    tab[kCompetType] = Option1 == kInterclubs ? QStringLiteral("I") : QStringLiteral("C");
-    tab[kCompetNom] = text1[kNom];
-    tab[kCompetDebut] = date_of(kDebut);
-    tab[kCompetFin] = date_of(kFin);
-    tab[kCompetLieu] = text1[kLieu];
-    tab[kCompetLongueur] = Op_bass == kBassin50 ? QStringLiteral("50") : QStringLiteral("25");
-    tab[kCompetNbCouloir] = Cb_couloir;
+    CompetRecord r;
+    r.num = text1[kNumero];
+    r.type = Option1 == kInterclubs ? QStringLiteral("I") : QStringLiteral("C");
+    r.nom = text1[kNom];
+    r.debut = date_of(kDebut);
+    r.fin = date_of(kFin);
+    r.lieu = text1[kLieu];
+    r.longueur = Op_bass == kBassin50 ? QStringLiteral("50") : QStringLiteral("25");
+    r.nb_couloir = Cb_couloir;
+    QString* const levels[] = {&r.codif_fede, &r.codif_inter, &r.codif_reg, &r.codif_depar};
+    static_assert(std::size(levels) == kLevelCount);
     for (int level = 0; level < kLevelCount; ++level) {
         const int c = codif[size_t(level)];
-        tab[kCompetCodifFede + level] = c >= 0 && c <= 2 ? QString(QLatin1Char(kCodifLetters[c])) : QStringLiteral(" ");
+        *levels[level] = c >= 0 && c <= 2 ? QString(QLatin1Char(kCodifLetters[c])) : QStringLiteral(" ");
     }
-    tab[kCompetNumPiscine] = num_piscine;
-    return tab;
+    r.num_piscine = num_piscine;
+    return r;
 }
 
 bool DetCompet::save()
@@ -266,25 +265,24 @@ bool DetCompet::save()
     AppContext& a = app();
     if (!ValideCompet())
         return false;
-    QStringList tab = LitCompet();
+    const CompetRecord record = LitCompet();
     if (mode_ == keyword::kNouveau) {
-        if (!AjouterCompet(a, tab)) {
+        if (!AjouterCompet(a, record)) {
             msg_erreur(a.ui, QStringLiteral("Erreur lors de la sauvegarde de la compétition."));
             return false;
         }
         msg_info(a.ui, QStringLiteral("Compétition mémorisée avec succès."));
+        a.changes.changed(Subject::Competitions, {}, true);
         close();
         return true;
     }
-    const QString debut = tab[kCompetDebut];
-    const QString fin = tab[kCompetFin];
-    if (!ModifierCompet(a, tab, autonum_)) {
+    if (!ModifierCompet(a, record, autonum_)) {
         msg_erreur(a.ui, QStringLiteral("Erreur lors de la modification de la compétition."));
         return false;
     }
     msg_info(a.ui, QStringLiteral("Compétition modifiée avec succès."));
     // Lines on days that no longer exist fall back to day 1, unordered.
-    const QString days = QString::number(EcartJours(DateLongue(debut), DateLongue(fin)) + 1).trimmed();
+    const QString days = QString::number(EcartJours(DateLongue(record.debut), DateLongue(record.fin)) + 1).trimmed();
     try {
         a.db.exec_sql(QStringLiteral("UPDATE Pcomp SET JourCourse = 1, Num_ordre = 0 ") +
                       QStringLiteral("where JourCourse > ") + days + QStringLiteral(" and Num_compet = ") +
@@ -292,8 +290,7 @@ bool DetCompet::save()
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
     }
-    if (auto* list = a.windows.instance_as<FrmListeCompet>(a.windows.caller_of(name())))
-        list->ReloadListe(autonum_);
+    a.changes.changed(Subject::Competitions, autonum_);
     close();
     return true;
 }

@@ -4,6 +4,7 @@
 // four codifications. An interclubs ("I") is always 25 m and "A" at every
 // level: choosing that type sets and locks those options.
 
+#include "src/competitions/utils_compet.h"
 #include "src/frame/view.h"
 
 #include <QStringList>
@@ -80,7 +81,7 @@ public:
     // The checks, in order; the first failing one shows its message.
     bool ValideCompet();
     // tabCompet from the fields (dates as yyyymmdd).
-    QStringList LitCompet() const;
+    CompetRecord LitCompet() const;
 
     // Command1 0: true when saved (the view has closed).
     bool save();

@@ -59,6 +59,10 @@ FrmListeCompet::FrmListeCompet(AppContext& app, const QString& mode) : View(app,
 {
     if (mode_ == keyword::kSuppr)
         empty_tempo();
+    // A competition saved elsewhere shows here at once, selected.
+    follow(Subject::Competitions, [this](const Change& change) {
+        ReloadListe(change.key.isEmpty() ? current_autonum() : change.key);
+    });
 }
 
 void FrmListeCompet::empty_tempo()

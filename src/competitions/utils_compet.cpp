@@ -14,53 +14,52 @@ namespace {
 
 // What a competition's detail writes, new or changed; Num, the user's own
 // number, is a text.
-SqlFields compet_fields(const QStringList& tab)
+SqlFields compet_fields(const CompetRecord& c)
 {
-    auto v = [&tab](int i) { return tab.value(i); };
-    return {{QStringLiteral("Num"), quote_sql(v(kCompetNum))},
-            {QStringLiteral("Type"), quote_sql(v(kCompetType))},
-            {QStringLiteral("Nom"), quote_sql(v(kCompetNom))},
-            {QStringLiteral("Debut"), quote_sql(v(kCompetDebut))},
-            {QStringLiteral("Fin"), quote_sql(v(kCompetFin))},
-            {QStringLiteral("Lieu"), quote_sql(v(kCompetLieu))},
-            {QStringLiteral("Longueur"), sql_key(v(kCompetLongueur))},
-            {QStringLiteral("Nb_couloir"), sql_key(v(kCompetNbCouloir))},
-            {QStringLiteral("Codif_fede"), quote_sql(v(kCompetCodifFede))},
-            {QStringLiteral("Codif_inter"), quote_sql(v(kCompetCodifInter))},
-            {QStringLiteral("Codif_reg"), quote_sql(v(kCompetCodifReg))},
-            {QStringLiteral("Codif_depar"), quote_sql(v(kCompetCodifDepar))},
-            {QStringLiteral("Num_Piscine"), sql_key(v(kCompetNumPiscine))}};
+    return {{QStringLiteral("Num"), quote_sql(c.num)},
+            {QStringLiteral("Type"), quote_sql(c.type)},
+            {QStringLiteral("Nom"), quote_sql(c.nom)},
+            {QStringLiteral("Debut"), quote_sql(c.debut)},
+            {QStringLiteral("Fin"), quote_sql(c.fin)},
+            {QStringLiteral("Lieu"), quote_sql(c.lieu)},
+            {QStringLiteral("Longueur"), sql_key(c.longueur)},
+            {QStringLiteral("Nb_couloir"), sql_key(c.nb_couloir)},
+            {QStringLiteral("Codif_fede"), quote_sql(c.codif_fede)},
+            {QStringLiteral("Codif_inter"), quote_sql(c.codif_inter)},
+            {QStringLiteral("Codif_reg"), quote_sql(c.codif_reg)},
+            {QStringLiteral("Codif_depar"), quote_sql(c.codif_depar)},
+            {QStringLiteral("Num_Piscine"), sql_key(c.num_piscine)}};
 }
 
 }  // namespace
 
-QString AjouterCompetSql(const QStringList& tab)
+QString AjouterCompetSql(const CompetRecord& c)
 {
-    const SqlFields fields = compet_fields(tab);
+    const SqlFields fields = compet_fields(c);
     return QStringLiteral("INSERT INTO Rcomp ") + QStringLiteral("(") + sql_columns(fields) + QStringLiteral(") ") +
            QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");");
 }
 
-bool AjouterCompet(AppContext& app, const QStringList& tab)
+bool AjouterCompet(AppContext& app, const CompetRecord& compet)
 {
     try {
-        app.db.exec_sql(AjouterCompetSql(tab));
+        app.db.exec_sql(AjouterCompetSql(compet));
         return true;
     } catch (const std::exception&) {
         return false;
     }
 }
 
-QString ModifierCompetSql(const QStringList& tab, const QString& autonum)
+QString ModifierCompetSql(const CompetRecord& c, const QString& autonum)
 {
-    return QStringLiteral("Update Rcomp Set ") + sql_set(compet_fields(tab)) + QStringLiteral(" where AutoNum = ") +
+    return QStringLiteral("Update Rcomp Set ") + sql_set(compet_fields(c)) + QStringLiteral(" where AutoNum = ") +
            sql_key(autonum);
 }
 
-bool ModifierCompet(AppContext& app, const QStringList& tab, const QString& autonum)
+bool ModifierCompet(AppContext& app, const CompetRecord& compet, const QString& autonum)
 {
     try {
-        app.db.exec_sql(ModifierCompetSql(tab, autonum));
+        app.db.exec_sql(ModifierCompetSql(compet, autonum));
         return true;
     } catch (const std::exception&) {
         return false;

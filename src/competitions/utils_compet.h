@@ -2,8 +2,8 @@
 // The competition register: the statements of Rcomp and the openers of the
 // competition windows.
 //
-// A competition in edit travels as a list of 13 texts (tabCompet), in the
-// order of the INSERT's columns. A competition lives in three states, told by
+// A competition in edit travels as a CompetRecord, the 13 columns that its
+// INSERT writes. A competition lives in three states, told by
 // (Deroule, Visible): to come (false, true), hidden by a deletion (false,
 // false), retired once begun (true, false); rows made for an import of
 // results stand at (true, true).
@@ -17,31 +17,31 @@ namespace plouvarine {
 
 class AppContext;
 
-// Positions in tabCompet.
-enum TabCompet : int {
-    kCompetNum = 0,
-    kCompetType,
-    kCompetNom,
-    kCompetDebut,
-    kCompetFin,
-    kCompetLieu,
-    kCompetLongueur,
-    kCompetNbCouloir,
-    kCompetCodifFede,
-    kCompetCodifInter,
-    kCompetCodifReg,
-    kCompetCodifDepar,
-    kCompetNumPiscine,
-    kCompetTabSize
+// A competition as the detail writes it, unquoted.
+struct CompetRecord {
+    QString num;
+    QString type;         // "C", "I" (interclubs)
+    QString nom;
+    QString debut;        // "yyyymmdd"
+    QString fin;
+    QString lieu;
+    QString longueur;     // "25", "50"
+    QString nb_couloir;
+    // The level letters ("Q", "R", "A", or a blank) from the federation down.
+    QString codif_fede;
+    QString codif_inter;
+    QString codif_reg;
+    QString codif_depar;
+    QString num_piscine;
 };
 
-// The INSERT of a new competition, its texts quoted.
-QString AjouterCompetSql(const QStringList& tabCompet);
+// The INSERT of a new competition; its texts quoted.
+QString AjouterCompetSql(const CompetRecord& compet);
 // True on success; the engine's error is dropped, the caller reports.
-bool AjouterCompet(AppContext& app, const QStringList& tabCompet);
-// The UPDATE of the competition `autonum`, its texts quoted.
-QString ModifierCompetSql(const QStringList& tabCompet, const QString& autonum);
-bool ModifierCompet(AppContext& app, const QStringList& tabCompet, const QString& autonum);
+bool AjouterCompet(AppContext& app, const CompetRecord& compet);
+// The UPDATE of the competition `autonum`, its texts quoted here.
+QString ModifierCompetSql(const CompetRecord& compet, const QString& autonum);
+bool ModifierCompet(AppContext& app, const CompetRecord& compet, const QString& autonum);
 // A competition row for an import of results (taken place, shown, no pool):
 // its AutoNum, or the empty text after the error message.
 QString CreerCompetImport(AppContext& app);

@@ -3,6 +3,7 @@
 // It holds the state, the one connection, the person's services and the clock.
 
 #include "src/frame/app_state.h"
+#include "src/frame/change_notifier.h"
 #include "src/frame/clock.h"
 #include "src/frame/command_table.h"
 #include "src/frame/menu_state.h"
@@ -49,6 +50,8 @@ public:
     WindowRegistry windows{*this};
     // The menu commands that the frame and each subject register.
     CommandTable commands;
+    // What the views changed in the base, for the lists that show it.
+    ChangeNotifier changes;
 
     // The application folder: the folder of the executable.
     const QString& app_dir() const { return app_dir_; }

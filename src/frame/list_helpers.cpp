@@ -51,8 +51,8 @@ std::optional<int> find_key(const QAbstractItemModel& model, const QString& key)
     return std::nullopt;
 }
 
-std::optional<int> find_row_index(const QAbstractItemModel& model, const QString& text, int from, bool whole,
-                                  bool partial, int column)
+std::optional<int> find_row(const QAbstractItemModel& model, const QString& text, int from, bool whole,
+                            bool partial, int column)
 {
     const int count = model.rowCount();
     if (from < 0 || from >= count)
@@ -61,19 +61,6 @@ std::optional<int> find_row_index(const QAbstractItemModel& model, const QString
         if (holds(cell(model, row, column), text, whole, partial))
             return row;
     return std::nullopt;
-}
-
-int find_row(const QAbstractItemModel& model, const QString& text, int start, bool whole, bool partial, int column)
-{
-    const auto row = find_row_index(model, text, start - 1, whole, partial, column);
-    return row ? *row + 1 : kRowNotFound;
-}
-
-int find_row_or_first(const QAbstractItemModel& model, const QString& text, int start, bool whole, bool partial,
-                      int column)
-{
-    const int row = find_row(model, text, start, whole, partial, column);
-    return row == kRowNotFound ? 1 : row;
 }
 
 void select_row_at(QItemSelectionModel& selection, int row)
@@ -91,7 +78,7 @@ std::optional<int> select_row(QItemSelectionModel& selection, const QString& tex
 {
     if (!selection.model())
         return std::nullopt;
-    const auto row = find_row_index(*selection.model(), text, 0, false, false, column);
+    const auto row = find_row(*selection.model(), text, 0, false, false, column);
     if (row)
         select_row_at(selection, *row);
     return row;

@@ -5,9 +5,7 @@
 // on the row's first item under kKeyRole, where the old lists kept a hidden
 // twin list in step.
 //
-// Row numbers: find_row and find_row_or_first count from 1 and answer 65535
-// for "no row", as every list caller expects; everything else counts from 0,
-// as Qt does, and answers std::nullopt for "no row".
+// Row numbers count from 0, as Qt does; "no row" is std::nullopt.
 
 #include <QSize>
 #include <QString>
@@ -25,7 +23,6 @@ namespace plouvarine {
 class Database;
 
 inline constexpr int kKeyRole = Qt::UserRole + 1;
-inline constexpr int kRowNotFound = 65535;
 
 // The key of a row (0-based), or the empty text.
 QString row_key(const QAbstractItemModel& model, int row);
@@ -33,22 +30,15 @@ void set_row_key(QAbstractItemModel& model, int row, const QString& key);
 // The first row whose key is `key`.
 std::optional<int> find_key(const QAbstractItemModel& model, const QString& key);
 
-// Finds the first row, from row `start` (1-based) on, whose cell in `column`
-// holds `text`, without regard to case. `start` below 1 or beyond the count is
-// taken as 1. How a cell holds the text:
+// Finds the first row, from row `from` on, whose cell in `column` holds
+// `text`, without regard to case; no wrapping round past the last row. A
+// `from` outside the list is taken as the first row. How a cell holds the text:
 //   partial: the cell begins with the text;
 //   whole (and not partial): the cell begins with the text as a whole word,
 //     that is, equals it or goes on with a character that is not a letter or digit;
 //   neither: the cell equals the text.
-// Gives the row (1-based) or kRowNotFound.
-int find_row(const QAbstractItemModel& model, const QString& text, int start = 1, bool whole = false,
-             bool partial = false, int column = 0);
-// The same, giving 1 when no row holds the text.
-int find_row_or_first(const QAbstractItemModel& model, const QString& text, int start = 1, bool whole = false,
-                      bool partial = false, int column = 0);
-// The same search from a 0-based row, for Qt callers.
-std::optional<int> find_row_index(const QAbstractItemModel& model, const QString& text, int from = 0,
-                                  bool whole = false, bool partial = false, int column = 0);
+std::optional<int> find_row(const QAbstractItemModel& model, const QString& text, int from = 0, bool whole = false,
+                            bool partial = false, int column = 0);
 
 // Makes `row` (0-based) the current and only selected row; the list view
 // scrolls to the current row. A row outside the list clears the selection.

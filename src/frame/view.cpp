@@ -33,6 +33,7 @@ void View::close()
     if (closed_)
         return;
     closed_ = true;
+    follows_.clear();
     registration_.release();
     if (on_close)
         on_close();
@@ -42,6 +43,16 @@ void View::changed()
 {
     if (on_changed)
         on_changed();
+}
+
+}  // namespace plouvarine
+
+namespace plouvarine {
+
+void View::follow(Subject subject, ChangeNotifier::Handler handler)
+{
+    if (!closed_)
+        follows_.push_back(app_.changes.subscribe(subject, std::move(handler)));
 }
 
 }  // namespace plouvarine

@@ -7,10 +7,12 @@
 // ends it with close(). While registered, the window counts in busy_count and
 // holds its menu locks; close() and the destructor give them back once.
 
+#include "src/frame/change_notifier.h"
 #include "src/frame/window_registry.h"
 
 #include <QString>
 #include <functional>
+#include <vector>
 
 namespace plouvarine {
 
@@ -53,12 +55,16 @@ public:
 protected:
     // Tells the window to draw again.
     void changed();
+    // Until the view closes, `handler` runs after each change of `subject`
+    // told by another view (app().changes).
+    void follow(Subject subject, ChangeNotifier::Handler handler);
 
 private:
     AppContext& app_;
     QString name_;
     QString title_;
     WindowRegistration registration_;
+    std::vector<ChangeNotifier::Subscription> follows_;
     bool closed_ = false;
 };
 

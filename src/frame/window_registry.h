@@ -24,7 +24,7 @@ class WindowInstance {
 public:
     virtual ~WindowInstance() = default;
     // The window `form_name`, opened from this one, has closed: drop the
-    // reference to it (and reload what it may have changed).
+    // reference to it. What it changed comes through app.changes.
     virtual void ForceUnloadWindowsEngag(const QString& form_name) {}
 };
 
@@ -62,9 +62,9 @@ public:
     // The locks `name` holds; empty when it holds none or is not open.
     MenuLocks locks_of(const QString& name) const;
     // The view of an open window, or null.
+    // A view that changed the base says so through app.changes; it never
+    // reaches for its caller here to reload it.
     WindowInstance* instance(const QString& name) const;
-    template <typename View>
-    View* instance_as(const QString& name) const { return dynamic_cast<View*>(instance(name)); }
     // The open windows, in the order they opened.
     QStringList open_windows() const;
 

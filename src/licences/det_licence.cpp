@@ -166,7 +166,7 @@ void DetLicence::load_licence(const QString& num, bool take_fields_only)
     }
     tarif_selection_.clear();
     const QString tarif = v(kColTarif);
-    if (const auto row = find_row_index(tarifs_, tarif); row && !tarif.trimmed().isEmpty())
+    if (const auto row = find_row(tarifs_, tarif); row && !tarif.trimmed().isEmpty())
         select_row_at(tarif_selection_, *row);
 }
 
@@ -285,7 +285,7 @@ bool DetLicence::ValideLicence()
     return false;
 }
 
-QStringList DetLicence::LitLicence()
+LicenceRecord DetLicence::LitLicence()
 {
     auto date_of = [this](int triple) {
         QString day = txt_description[size_t(triple)].trimmed();
@@ -293,36 +293,46 @@ QStringList DetLicence::LitLicence()
         const QString year = txt_description[size_t(triple + 2)].trimmed();
         return ComposeDate(year, month, day);
     };
-    QStringList tab;
-    tab.reserve(kTabLicenceSize);
-    tab << text1[kCodeClub].trimmed();
-    tab << text1[kNumero].trimmed() + licence_letters().value(Cb_licence, licence_letters().first());
-    tab << text1[kNom].trimmed() << text1[kPrenom].trimmed();
-    tab << (Option_sexe == 0 ? QStringLiteral("M") : Option_sexe == 1 ? QStringLiteral("F") : QString());
-    tab << date_of(kNaissance);
+    auto flag = [this](int affiliation) { return Check1[size_t(affiliation)] ? QStringLiteral("O") : QString(); };
+    LicenceRecord r;
+    r.code_club = text1[kCodeClub].trimmed();
+    r.licence = text1[kNumero].trimmed() + licence_letters().value(Cb_licence, licence_letters().first());
+    r.nom = text1[kNom].trimmed();
+    r.prenom = text1[kPrenom].trimmed();
+    r.sexe = Option_sexe == 0 ? QStringLiteral("M") : Option_sexe == 1 ? QStringLiteral("F") : QString();
+    r.date_naissance = date_of(kNaissance);
     const QString code = app().db
                              .load_rows(QStringLiteral("select Code from Pays where Libelle = ") +
                                         quote_sql(text1[kNationalite].trimmed()))
                              .first();
-    tab << (code.isEmpty() ? QStringLiteral("FRA") : code);
-    for (int i : {kAdresse, kSuiteAdresse, kCodePostal, kLocalite, kTelephone})
-        tab << text1[size_t(i)].trimmed();
-    for (bool flag : Check1)
-        tab << (flag ? QStringLiteral("O") : QString());
-    tab << date_of(kDepot) << date_of(kObliteration);
-    tab << (Option_type == 0 ? QStringLiteral("T") : Option_type == 1 ? QStringLiteral("N") : QStringLiteral("R"));
-    tab << (Option_nature == 0 ? QStringLiteral("N") : QStringLiteral("E"));
-    tab << text1[kCodeUnique].trimmed() << text1[kTel2].trimmed() << text1[kMail].trimmed();
+    r.nationalite = code.isEmpty() ? QStringLiteral("FRA") : code;
+    r.adresse = text1[kAdresse].trimmed();
+    r.suite_adresse = text1[kSuiteAdresse].trimmed();
+    r.code_postal = text1[kCodePostal].trimmed();
+    r.localite = text1[kLocalite].trimmed();
+    r.telephone = text1[kTelephone].trimmed();
+    r.sportive = flag(0);
+    r.synchro = flag(1);
+    r.water_polo = flag(2);
+    r.plongeon = flag(3);
+    r.dirigeant = flag(4);
+    r.maitre = flag(5);
+    r.date_depot = date_of(kDepot);
+    r.date_obliteration = date_of(kObliteration);
+    r.type_licence = Option_type == 0 ? QStringLiteral("T") : Option_type == 1 ? QStringLiteral("N") : QStringLiteral("R");
+    r.nature = Option_nature == 0 ? QStringLiteral("N") : QStringLiteral("E");
+    r.code_unique = text1[kCodeUnique].trimmed();
+    r.tel2 = text1[kTel2].trimmed();
+    r.mail = text1[kMail].trimmed();
     const QModelIndex tarif = tarif_selection_.currentIndex();
-    tab << (tarif.isValid() && tarif_selection_.isSelected(tarif) ? tarifs_.item(tarif.row())->text().trimmed()
-                                                                    : QString());
-    tab << txt_Medecin.trimmed() << date_of(kCtrlMedical);
-    QStringList activites;
-    for (int r = 0; r < activites_.rowCount(); ++r)
-        if (activites_.item(r)->checkState() == Qt::Checked)
-            activites << activites_.item(r)->text();
-    tab << activites.join(QLatin1Char('\t'));
-    return tab;
+    if (tarif.isValid() && tarif_selection_.isSelected(tarif))
+        r.tarif = tarifs_.item(tarif.row())->text().trimmed();
+    r.medecin = txt_Medecin.trimmed();
+    r.date_ctrl_medical = date_of(kCtrlMedical);
+    for (int row = 0; row < activites_.rowCount(); ++row)
+        if (activites_.item(row)->checkState() == Qt::Checked)
+            r.activites << activites_.item(row)->text();
+    return r;
 }
 
 bool DetLicence::save()
@@ -358,13 +368,13 @@ bool DetLicence::save_new()
     // In a selection, a licence already in the base only joins it: what was
     // typed is not written, and its activities of the home club stay.
     const bool take_over = existing != 0;
-    QStringList tab;
+    LicenceRecord record;
     if (!take_over) {
         if (!ValideLicence())
             return false;
-        tab = LitLicence();
+        record = LitLicence();
         try {
-            AjouteLicence(a, tab);
+            AjouteLicence(a, record);
         } catch (const std::exception& e) {
             msg_erreur(a.ui, QStringLiteral("Erreur lors de l'insertion de la licence."), &e);
             return false;
@@ -372,11 +382,12 @@ bool DetLicence::save_new()
     }
     const QString num = NumLicence(a, licence, club);
     if (!num.isEmpty() && !take_over)
-        SauveActivites(a, num, tab.value(kTabActivites));
+        SauveActivites(a, num, record.activites);
     msg_info(a.ui, QStringLiteral("Nageur mémorisé avec succès."));
     if (selection_ && !num.isEmpty())
         AjouteASelection(a, a.state.club_code, num);
     num_ = num;
+    a.changes.changed(Subject::Licences, num, true);
     return true;
 }
 
@@ -386,25 +397,21 @@ bool DetLicence::save_modif()
     status_text(a.ui, QStringLiteral("Enregistrement des modifications"));
     if (!ValideLicence())
         return false;
-    QStringList tab = LitLicence();
-    const QString activites = tab.value(kTabActivites);
-    const QString sexe = tab.value(kTabSexe);
+    const LicenceRecord record = LitLicence();
     try {
-        ModifieLicence(a, tab, num_);
+        ModifieLicence(a, record, num_);
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QStringLiteral("Erreur lors de la modification de la licence."), &e);
         return false;
     }
-    SauveActivites(a, num_, activites);
-    if (sexe != sexe_loaded_) {
+    SauveActivites(a, num_, record.activites);
+    if (record.sexe != sexe_loaded_) {
         // Entries of the other sex cannot stay.
         SupprimeEngagementsLicences(a, false, a.state.club_code, num_);
-        sexe_loaded_ = sexe;
+        sexe_loaded_ = record.sexe;
     }
     msg_info(a.ui, QStringLiteral("Nageur modifié avec succès."));
-    const QString caller = a.windows.caller_of(name());
-    if (auto* list = a.windows.instance_as<FrmListeLicence>(caller))
-        list->ReloadListe(num_);
+    a.changes.changed(Subject::Licences, num_);
     return true;
 }
 

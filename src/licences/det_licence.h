@@ -9,6 +9,7 @@
 // last tabs stay empty and disabled there.
 
 #include "src/frame/view.h"
+#include "src/licences/utils_licences.h"
 
 #include <QItemSelectionModel>
 #include <QStandardItemModel>
@@ -93,8 +94,8 @@ public:
 
     // ValideLicence: the first failing check shows its message.
     bool ValideLicence();
-    // LitLicence: the fields as tab_licence.
-    QStringList LitLicence();
+    // LitLicence: the fields as the licence to write.
+    LicenceRecord LitLicence();
 
     // Command1 0: saves by the mode; true when saved (the view has closed).
     bool save();

@@ -53,6 +53,10 @@ MenuLocks FrmListeLicence::locks_for(const QString& mode)
 FrmListeLicence::FrmListeLicence(AppContext& app, const QString& mode) : View(app, QString(kName)), mode_(mode)
 {
     empty_tempo();
+    // A licence saved elsewhere shows here at once, selected.
+    follow(Subject::Licences, [this](const Change& change) {
+        ReloadListe(change.key.isEmpty() ? current_num() : change.key);
+    });
 }
 
 FrmListeLicence::~FrmListeLicence()

@@ -10,49 +10,76 @@
 
 namespace plouvarine {
 
+std::vector<std::pair<QLatin1String, QString>> LicenceRecord::columns() const
+{
+    return {
+        {QLatin1String("Code_club"), code_club},
+        {QLatin1String("Licence"), licence},
+        {QLatin1String("Nom"), nom},
+        {QLatin1String("Prenom"), prenom},
+        {QLatin1String("Sexe"), sexe},
+        {QLatin1String("Date_Naissance"), date_naissance},
+        {QLatin1String("Nationalite"), nationalite},
+        {QLatin1String("Adresse"), adresse},
+        {QLatin1String("Suite_adresse"), suite_adresse},
+        {QLatin1String("Code_Postal"), code_postal},
+        {QLatin1String("Localite"), localite},
+        {QLatin1String("Telephone"), telephone},
+        {QLatin1String("Sportive"), sportive},
+        {QLatin1String("Synchro"), synchro},
+        {QLatin1String("Water_Polo"), water_polo},
+        {QLatin1String("Plongeon"), plongeon},
+        {QLatin1String("Dirigeant"), dirigeant},
+        {QLatin1String("Maitre"), maitre},
+        {QLatin1String("Date_Depot"), date_depot},
+        {QLatin1String("Date_obliteration"), date_obliteration},
+        {QLatin1String("Type_licence"), type_licence},
+        {QLatin1String("Nature"), nature},
+        {QLatin1String("Code_unique"), code_unique},
+        {QLatin1String("Tel2"), tel2},
+        {QLatin1String("Mail"), mail},
+        {QLatin1String("Tarif"), tarif},
+        {QLatin1String("Medecin"), medecin},
+        {QLatin1String("Date_Ctrl_Medical"), date_ctrl_medical},
+    };
+}
+
 namespace {
 
-// The columns of tab_licence, in its order.
-const char* const kColumns[kTabActivites] = {
-    "Code_club", "Licence",  "Nom",       "Prenom",   "Sexe",     "Date_Naissance", "Nationalite",
-    "Adresse",   "Suite_adresse", "Code_Postal", "Localite", "Telephone", "Sportive", "Synchro",
-    "Water_Polo", "Plongeon", "Dirigeant", "Maitre",  "Date_Depot", "Date_obliteration", "Type_licence",
-    "Nature",    "Code_unique", "Tel2",   "Mail",     "Tarif",    "Medecin",        "Date_Ctrl_Medical",
-};
-
-// The fields of tab_licence from `first` on, every value a text.
-SqlFields licence_fields(const QStringList& tab_licence, int first)
+// The fields of a licence, every value a text; Code_club left out when `with_club` is false.
+SqlFields licence_fields(const LicenceRecord& licence, bool with_club)
 {
     SqlFields fields;
-    for (int i = first; i < kTabActivites; ++i)
-        fields.push_back({QLatin1String(kColumns[i]), quote_sql(tab_licence.value(i))});
+    for (const auto& [column, value] : licence.columns())
+        if (with_club || column != QLatin1String("Code_club"))
+            fields.push_back({column, quote_sql(value)});
     return fields;
 }
 
 }  // namespace
 
-QString AjouteLicenceSql(const QStringList& tab_licence)
+QString AjouteLicenceSql(const LicenceRecord& licence)
 {
-    const SqlFields fields = licence_fields(tab_licence, kTabCodeClub);
+    const SqlFields fields = licence_fields(licence, true);
     return QStringLiteral("INSERT INTO Licence (") + sql_columns(fields) + QStringLiteral(") ") +
            QStringLiteral("VALUES (") + sql_values(fields) + QStringLiteral(");");
 }
 
-void AjouteLicence(AppContext& app, const QStringList& tab_licence)
+void AjouteLicence(AppContext& app, const LicenceRecord& licence)
 {
-    app.db.exec_sql(AjouteLicenceSql(tab_licence));
+    app.db.exec_sql(AjouteLicenceSql(licence));
 }
 
-QString ModifieLicenceSql(const QStringList& tab_licence, const QString& num)
+QString ModifieLicenceSql(const LicenceRecord& licence, const QString& num)
 {
     // Code_club stays: a licence changes club through its own commands.
-    return QStringLiteral("UPDATE Licence SET ") + sql_set(licence_fields(tab_licence, kTabLicence)) +
+    return QStringLiteral("UPDATE Licence SET ") + sql_set(licence_fields(licence, false)) +
            QStringLiteral(" WHERE Num = ") + sql_key(num);
 }
 
-void ModifieLicence(AppContext& app, const QStringList& tab_licence, const QString& num)
+void ModifieLicence(AppContext& app, const LicenceRecord& licence, const QString& num)
 {
-    app.db.exec_sql(ModifieLicenceSql(tab_licence, num));
+    app.db.exec_sql(ModifieLicenceSql(licence, num));
 }
 
 QString NumLicence(AppContext& app, const QString& licence, const QString& club_code)
@@ -63,11 +90,11 @@ QString NumLicence(AppContext& app, const QString& licence, const QString& club_
         .first();
 }
 
-void SauveActivites(AppContext& app, const QString& num, const QString& activites)
+void SauveActivites(AppContext& app, const QString& num, const QStringList& activites)
 {
     const SqlText key = sql_key(num);
     app.db.exec_sql(QStringLiteral("DELETE FROM Activite_licence ") + QStringLiteral("WHERE Num_lic = ") + key);
-    for (const QString& name : activites.split(QLatin1Char('\t'))) {
+    for (const QString& name : activites) {
         if (name.isEmpty())
             continue;
         app.db.exec_sql(QStringLiteral("INSERT INTO Activite_licence ") + QStringLiteral("VALUES (") + key +

@@ -57,13 +57,9 @@ bool create_save(const BaseFile& base_file)
     const QString sav = save_path(base_file.path);
     bool saved = false;
     try {
+        // The copy holds the flag at true: the update is committed before the
+        // snapshot that zip_base takes.
         base_file.db.set_last_close(QStringLiteral("true"));
-        // The copy must hold the flag at true: read it back before compressing.
-        for (int tries = 0; tries < 100; ++tries) {
-            const Rows rows = base_file.db.load_rows(QStringLiteral("select LastClose from Info"));
-            if (rows.first() == QLatin1String("Vrai"))
-                break;
-        }
         saved = zip_base(base_file, sav) && QFileInfo::exists(sav);
         if (!QFileInfo::exists(sav))
             msg_erreur(base_file.ui, QStringLiteral("La création de la sauvegarde a échoué.\n"

@@ -19,7 +19,7 @@ struct DateTriple {
         for (int i = 0; i < 3; ++i) {
             array[10 + i] = &fields[i];
             fields[i].on_text_changed = [this, i] {
-                ControleSaisieDate(array, guard, 10 + i, ArrondiDizaine(10 + i));
+                keys.ControleSaisieDate(array, guard, 10 + i, ArrondiDizaine(10 + i));
             };
         }
     }
@@ -28,7 +28,7 @@ struct DateTriple {
     {
         TextEntry& f = fields[field];
         for (const QChar c : text) {
-            MemoChampDate(f);
+            keys.MemoChampDate(f);
             f.set_text(f.text().insert(f.cursor_position(), c));
         }
         return f.text();
@@ -36,6 +36,7 @@ struct DateTriple {
     TextEntry fields[3];
     std::vector<EntryField*> array = std::vector<EntryField*>(20, nullptr);
     bool guard = true;
+    DateKeystrokes keys;
 };
 
 }  // namespace
@@ -76,10 +77,28 @@ TEST(DateField, NothingIsCheckedWhileTheViewFillsItsFields)
     // The held-apart form undoes only the field that changed.
     TextEntry day(u"30"_s), month(u"02"_s), year;
     bool guard = true;
-    MemoChampDate(day);
+    DateKeystrokes keys;
+    keys.MemoChampDate(day);
     day.set_text(u"31"_s);
-    ControleSaisieDate(day, month, year, day, guard);
+    keys.ControleSaisieDate(day, month, year, day, guard);
     EXPECT_EQ(day.text(), u"30"_s);
     EXPECT_EQ(month.text(), u"02"_s);
     EXPECT_TRUE(guard);
+}
+
+TEST(DateField, EachDateUndoesToItsOwnLastKeystroke)
+{
+    DateTriple start, end;
+    end.type(0, u"31"_s);
+    EXPECT_EQ(end.type(1, u"05"_s), u"05"_s);  // remembers "0" before the 5
+    start.type(0, u"12"_s);                    // remembers "1" before the 2
+
+    // A change without a key of its own (a paste) that makes 31 April:
+    // the month goes back to what this date remembered, never to the text
+    // of the other date's keystroke.
+    end.fields[1].set_text(u"04"_s);
+    EXPECT_EQ(end.fields[1].text(), u"0"_s);
+    EXPECT_EQ(start.fields[0].text(), u"12"_s);
+    EXPECT_EQ(start.keys.memory().text, u"1"_s);
+    EXPECT_EQ(end.keys.memory().text, u"0"_s);
 }

@@ -16,15 +16,14 @@ class TimeFieldTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        memoire_saisie_temps() = {};
-        field.on_text_changed = [this] { verif_saisie_temps(ui, field); };
+        field.on_text_changed = [this] { rule.verif_saisie_temps(ui, field); };
     }
     // Keys as the window passes them: key down, then the character, filtered.
     QString type(const QString& keys)
     {
         for (const QChar c : keys) {
-            filtre_suppr_temps(0, field);
-            const int code = filtre_touche_temps(field, c.unicode());
+            rule.filtre_suppr_temps(0, field);
+            const int code = rule.filtre_touche_temps(field, c.unicode());
             QString text = field.text();
             const int at = field.cursor_position();
             if (code == kToucheRetour && at > 0)
@@ -36,7 +35,7 @@ protected:
     }
     void del()
     {
-        filtre_suppr_temps(kToucheSuppr, field);
+        rule.filtre_suppr_temps(kToucheSuppr, field);
         const int at = field.cursor_position();
         write(field.text().remove(at, 1), at);
     }
@@ -48,6 +47,7 @@ protected:
 
     ScriptedServices ui;
     TextEntry field;
+    TimeKeystrokes rule;
 };
 
 }  // namespace
@@ -55,10 +55,10 @@ protected:
 TEST_F(TimeFieldTest, OnlyDigitsBackspaceAndOnePointAreTyped)
 {
     for (const QChar c : u",: -a\r"_s)
-        EXPECT_EQ(filtre_touche_temps(field, c.unicode()), 0) << int(c.unicode());
+        EXPECT_EQ(rule.filtre_touche_temps(field, c.unicode()), 0) << int(c.unicode());
     EXPECT_EQ(type(u"1.2."_s), u"1.2"_s);  // no second point
     EXPECT_EQ(type(QString(QChar(kToucheRetour))), u"1."_s);
-    EXPECT_TRUE(memoire_saisie_temps().ancien_temps.isEmpty());  // consumed by the check
+    EXPECT_TRUE(rule.memory().text.isEmpty());  // consumed by the check
     EXPECT_EQ(type(u"5907"_s), u"1.5907"_s);
     EXPECT_TRUE(ui.messages.empty());
 }
@@ -70,7 +70,7 @@ TEST_F(TimeFieldTest, SixtySecondsAreRefusedAtTheKeyThatMakesThem)
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].title, u"Erreur"_s);
     EXPECT_EQ(ui.messages[0].text, u"Saisie du temps incorrect."_s);
-    EXPECT_TRUE(memoire_saisie_temps().ancien_temps.isEmpty());
+    EXPECT_TRUE(rule.memory().text.isEmpty());
 
     write(QString(), 0);
     EXPECT_EQ(type(u"1.60"_s), u"1.0"_s);  // refused at the 6
@@ -99,4 +99,22 @@ TEST_F(TimeFieldTest, DeletingAndOutsideWritingFollowTheMemory)
     EXPECT_EQ(field.text(), u"1.25"_s);
     EXPECT_EQ(field.cursor_position(), 4);
     EXPECT_EQ(ui.messages.size(), 1u);
+}
+
+TEST_F(TimeFieldTest, AFieldIsNeverCheckedAgainstAnotherFieldsKeystroke)
+{
+    // A Delete at the end leaves this field's memory standing...
+    write(u"1.25"_s, 4);
+    del();
+    ASSERT_EQ(rule.memory().text, u"1.25"_s);
+
+    // ...which another time field of the window never sees: its own change
+    // is checked against its own memory, empty here.
+    TextEntry other;
+    TimeKeystrokes other_keys;
+    other.on_text_changed = [&] { other_keys.verif_saisie_temps(ui, other); };
+    other.set_text(u"1.75"_s);
+    EXPECT_EQ(other.text(), u"1.75"_s);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(rule.memory().text, u"1.25"_s);
 }

@@ -138,7 +138,7 @@ TEST_F(ClubCodeTest, CountryListGivesOneName)
     ui.drivers[QStringLiteral("frm_liste_pays")] = [](View& v) {
         auto& list = dynamic_cast<FrmListePays&>(v);
         EXPECT_EQ(list.title(), QStringLiteral("Liste des Pays"));
-        select_row_at(list.selection(), *find_row_index(list.list(), QStringLiteral("BELGIQUE")));
+        select_row_at(list.selection(), *find_row(list.list(), QStringLiteral("BELGIQUE")));
         list.confirm();
     };
     EXPECT_EQ(ChoisirPays(*app, QStringLiteral("frm_licence")), QStringLiteral("BELGIQUE"));

@@ -33,7 +33,7 @@ protected:
     }
     void mark(FrmListeClub& list, const QString& code)
     {
-        const auto row = find_row_index(list.list(), code);
+        const auto row = find_row(list.list(), code);
         ASSERT_TRUE(row.has_value()) << code.toStdString();
         select_row_at(list.selection(), *row);
         list.mark_selected();

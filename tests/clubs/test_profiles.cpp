@@ -103,7 +103,7 @@ TEST_F(ProfileTest, ChangingClubDropsTheEntriesOfTheFiveTables)
     FrmListeProfil* list = open_list(keyword::kModif);
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(app->menus.counter(QStringLiteral("mnuBaseProfilChange")), 1);
-    const auto row = find_row_index(list->list(), QStringLiteral("Coach"));
+    const auto row = find_row(list->list(), QStringLiteral("Coach"));
     ASSERT_TRUE(row.has_value());
     EXPECT_EQ(list->list().item(*row, 1)->text(), QStringLiteral("X"));
 
@@ -123,7 +123,7 @@ TEST_F(ProfileTest, ChangingClubDropsTheEntriesOfTheFiveTables)
     EXPECT_EQ(app->state.profile_name, QStringLiteral("Coach principal"));
 
     // The list has reloaded; now the club changes, through the club choice.
-    const auto renamed = find_row_index(list->list(), QStringLiteral("Coach principal"));
+    const auto renamed = find_row(list->list(), QStringLiteral("Coach principal"));
     ASSERT_TRUE(renamed.has_value());
     select_row_at(list->selection(), *renamed);
     list->ok();
@@ -133,7 +133,7 @@ TEST_F(ProfileTest, ChangingClubDropsTheEntriesOfTheFiveTables)
         auto& clubs = dynamic_cast<FrmListeClub&>(v);
         EXPECT_EQ(clubs.keyword(), QStringLiteral("liste club pour profil"));
         EXPECT_EQ(clubs.title(), QStringLiteral("Choix d'un club à lier au profil"));
-        select_row_at(clubs.selection(), *find_row_index(clubs.list(), QStringLiteral("FRA2210350003")));
+        select_row_at(clubs.selection(), *find_row(clubs.list(), QStringLiteral("FRA2210350003")));
         clubs.ok();
     };
     detail->choose_club();
@@ -157,7 +157,7 @@ TEST_F(ProfileTest, ChooseAndDeleteProfiles)
 
     FrmListeProfil* list = open_list(keyword::kChoisir);
     ASSERT_NE(list, nullptr);
-    select_row_at(list->selection(), *find_row_index(list->list(), QStringLiteral("Deux")));
+    select_row_at(list->selection(), *find_row(list->list(), QStringLiteral("Deux")));
     list->ok();
     EXPECT_TRUE(list->is_closed());
     EXPECT_EQ(app->state.profile_name, QStringLiteral("Deux"));

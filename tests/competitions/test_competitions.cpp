@@ -153,11 +153,14 @@ TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals
     fill(det);
     det.set_type(DetCompet::kInterclubs);
     EXPECT_FALSE(det.options_enabled());
-    const QStringList tab = det.LitCompet();
-    EXPECT_EQ(tab.mid(kCompetLongueur, 1), QStringList{"25"});
-    EXPECT_EQ(tab.mid(kCompetCodifFede, 4), (QStringList{"A", "A", "A", "A"}));
+    auto levels = [](const CompetRecord& r) {
+        return QStringList{r.codif_fede, r.codif_inter, r.codif_reg, r.codif_depar};
+    };
+    const CompetRecord record = det.LitCompet();
+    EXPECT_EQ(record.longueur, "25");
+    EXPECT_EQ(levels(record), (QStringList{"A", "A", "A", "A"}));
     det.clear_options();
-    EXPECT_EQ(det.LitCompet().mid(kCompetCodifFede, 4), (QStringList{" ", " ", " ", " "}));
+    EXPECT_EQ(levels(det.LitCompet()), (QStringList{" ", " ", " ", " "}));
     EXPECT_EQ(DetCompet::FiltreNumero("b1'2-z"), "B12Z");
     EXPECT_EQ(DetCompet::FiltreToucheNumero('q'), 'Q');
     EXPECT_EQ(DetCompet::FiltreToucheNumero(8), 8);
@@ -237,7 +240,7 @@ TEST_F(CompetBase, APoolChosenForAnInterclubsSetsItsLength)
     pools->ok({0});
     EXPECT_EQ(det->lbl_piscine, "Piscine olympique");
     EXPECT_EQ(det->Op_bass, DetCompet::kBassin50);
-    EXPECT_EQ(det->LitCompet().mid(kCompetLongueur, 1), QStringList{"50"});
+    EXPECT_EQ(det->LitCompet().longueur, "50");
     EXPECT_FALSE(det->options_enabled());
 }
 

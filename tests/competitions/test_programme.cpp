@@ -79,7 +79,7 @@ protected:
     }
     int row_of(FrmProg& prog, int code)
     {
-        return *find_row_index(prog.LsvNage(), QString::number(code), 0, false, false, 1);
+        return *find_row(prog.LsvNage(), QString::number(code), 0, false, false, 1);
     }
     bool ticked(FrmProg& prog, int code)
     {

@@ -51,24 +51,20 @@ TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheList)
     fill(model, {QStringLiteral("Dupont"), QStringLiteral("Martin"), QStringLiteral("dupont"),
                  QStringLiteral("Durand")});
 
-    EXPECT_EQ(find_row(model, QStringLiteral("DUPONT"), 1), 1);
-    // From row 2 the first Dupont is behind: the second one, without regard to case.
-    EXPECT_EQ(find_row(model, QStringLiteral("Dupont"), 2), 3);
+    EXPECT_EQ(find_row(model, QStringLiteral("DUPONT")), 0);
+    // From row 1 the first Dupont is behind: the second one, without regard to case.
+    EXPECT_EQ(find_row(model, QStringLiteral("Dupont"), 1), 2);
     // No wrapping round once past the last holder...
-    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 3), kRowNotFound);
-    EXPECT_EQ(find_row_or_first(model, QStringLiteral("Martin"), 3), 1);
-    // ...but a start beyond the count, or below 1, restarts at row 1.
-    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 5), 2);
-    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 65535), 2);
-    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 0), 2);
-    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), -3), 2);
-    EXPECT_EQ(find_row_index(model, QStringLiteral("Durand"), 9), 3);
+    EXPECT_FALSE(find_row(model, QStringLiteral("Martin"), 2).has_value());
+    // ...but a start beyond the count, or below 0, restarts at the first row.
+    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 4), 1);
+    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), 65535), 1);
+    EXPECT_EQ(find_row(model, QStringLiteral("Martin"), -3), 1);
+    EXPECT_EQ(find_row(model, QStringLiteral("Durand"), 9), 3);
 
-    EXPECT_EQ(find_row(model, QStringLiteral("Absent"), 1), 65535);
-    EXPECT_FALSE(find_row_index(model, QStringLiteral("Absent")).has_value());
+    EXPECT_FALSE(find_row(model, QStringLiteral("Absent")).has_value());
     QStandardItemModel empty;
-    EXPECT_EQ(find_row(empty, QStringLiteral("Dupont"), 1), kRowNotFound);
-    EXPECT_EQ(find_row_or_first(empty, QStringLiteral("Dupont"), 1), 1);
+    EXPECT_FALSE(find_row(empty, QStringLiteral("Dupont")).has_value());
 }
 
 TEST(FindRow, ExactWholeWordAndPartialMatches)
@@ -77,18 +73,18 @@ TEST(FindRow, ExactWholeWordAndPartialMatches)
     fill(model, {QStringLiteral("100m Nage Libre"), QStringLiteral("100 m papillon"), QStringLiteral("100"),
                  QStringLiteral("1000")});
     // Exact: the cell equals the text.
-    EXPECT_EQ(find_row(model, QStringLiteral("100"), 1), 3);
+    EXPECT_EQ(find_row(model, QStringLiteral("100")), 2);
     // Whole word: the text, then a character that ends the word.
-    EXPECT_EQ(find_row(model, QStringLiteral("100"), 1, true), 2);
-    EXPECT_EQ(find_row(model, QStringLiteral("1000"), 1, true), 4);
+    EXPECT_EQ(find_row(model, QStringLiteral("100"), 0, true), 1);
+    EXPECT_EQ(find_row(model, QStringLiteral("1000"), 0, true), 3);
     // Partial: the cell begins with the text.
-    EXPECT_EQ(find_row(model, QStringLiteral("100"), 1, false, true), 1);
-    EXPECT_EQ(find_row(model, QStringLiteral("100M nage"), 1, true, true), 1);
-    EXPECT_EQ(find_row(model, QStringLiteral("Nage"), 1, false, true), kRowNotFound);
+    EXPECT_EQ(find_row(model, QStringLiteral("100"), 0, false, true), 0);
+    EXPECT_EQ(find_row(model, QStringLiteral("100M nage"), 0, true, true), 0);
+    EXPECT_FALSE(find_row(model, QStringLiteral("Nage"), 0, false, true).has_value());
 
     // Another column of the same rows.
     model.setItem(1, 1, new QStandardItem(QStringLiteral("Dames")));
-    EXPECT_EQ(find_row(model, QStringLiteral("dames"), 1, false, false, 1), 2);
+    EXPECT_EQ(find_row(model, QStringLiteral("dames"), 0, false, false, 1), 1);
 }
 
 TEST(SelectRows, SelectByTextAndAfterARemoval)

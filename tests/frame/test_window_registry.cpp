@@ -163,7 +163,7 @@ TEST_F(WindowRegistryTest, TheCallerIsToldWhenItsDetailCloses)
                                 {whole_group(LockGroup::Pool)}, &list));
     ASSERT_TRUE(windows->opened(QStringLiteral("det_Piscine"), QStringLiteral("Frm_liste_piscine")));
     EXPECT_EQ(windows->caller_of(QStringLiteral("det_Piscine")), QStringLiteral("Frm_liste_piscine"));
-    EXPECT_EQ(windows->instance_as<CallerView>(QStringLiteral("Frm_liste_piscine")), &list);
+    EXPECT_EQ(windows->instance(QStringLiteral("Frm_liste_piscine")), &list);
     EXPECT_EQ(windows->instance(QStringLiteral("det_Piscine")), nullptr);
 
     // The caller hears of it once the detail's place and locks are given back,

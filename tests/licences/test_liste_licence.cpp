@@ -2,6 +2,7 @@
 // "SsCotisation" shows, the search keys, deletion with its undo and its end,
 // the fee menu, the commands and the printed report.
 
+#include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "src/licences/det_licence.h"
 #include "src/licences/liste_licence.h"
@@ -247,4 +248,42 @@ TEST_F(ListeLicenceTest, TheReportListsTheSwimmersAndPrintsToARealPdf)
     EXPECT_FALSE(ImprimeRapportLicences(*app));
     EXPECT_EQ(ui.printed.size(), 1u);
     EXPECT_TRUE(ui.messages.back().text.contains(QStringLiteral("rptlic")));
+}
+
+TEST_F(ListeLicenceTest, AnOpenListFollowsTheDetailsSavesAndAClosedOneNoLonger)
+{
+    auto list = open(QString(keyword::kModif));
+    ASSERT_TRUE(list->register_window(QString(WindowRegistry::kMainWindow)));
+    select(*list, dupont);
+
+    // Opened from the menu, not from the list: the list still reloads, and
+    // selects the changed swimmer.
+    DetLicence detail(*app, QString(keyword::kModif), bernard);
+    detail.load();
+    detail.text1[DetLicence::kNom] = QStringLiteral("Abbas");
+    ASSERT_TRUE(detail.save());
+    EXPECT_EQ(names(*list), (QStringList{"ABBAS", "DUPONT", "MARTIN"}));
+    EXPECT_EQ(list->current_num(), bernard);
+
+    // A new swimmer shows at once too.
+    DetLicence created(*app, QString(keyword::kNouveau));
+    created.load();
+    created.text1[DetLicence::kNumero] = QStringLiteral("91004");
+    created.text1[DetLicence::kNom] = QStringLiteral("Morvan");
+    created.text1[DetLicence::kPrenom] = QStringLiteral("Loïc");
+    created.txt_description = {QStringLiteral("7"), QStringLiteral("3"), QStringLiteral("1991")};
+    created.Option_sexe = 1;
+    ASSERT_TRUE(created.save());
+    EXPECT_EQ(names(*list), (QStringList{"ABBAS", "DUPONT", "MARTIN", "MORVAN"}));
+    EXPECT_EQ(list->current_num(), created.num());
+
+    // Closed, the list is told nothing more, though its view lives on.
+    list->close();
+    EXPECT_EQ(app->changes.subscribers(Subject::Licences), 0);
+    DetLicence later(*app, QString(keyword::kModif), martin);
+    later.load();
+    later.text1[DetLicence::kNom] = QStringLiteral("Zidane");
+    ASSERT_TRUE(later.save());
+    EXPECT_EQ(field(martin, QStringLiteral("Nom")), QStringLiteral("ZIDANE"));
+    EXPECT_EQ(names(*list), (QStringList{"ABBAS", "DUPONT", "MARTIN", "MORVAN"}));
 }

@@ -8,14 +8,14 @@ using plouvarine::testing::LicenceBase;
 
 namespace {
 
-QStringList tab(const QString& nom)
+LicenceRecord tab(const QString& nom)
 {
-    QStringList t(kTabLicenceSize);
-    t[kTabCodeClub] = QStringLiteral("FRA2210290017");
-    t[kTabLicence] = QStringLiteral("85001F");
-    t[kTabNom] = nom;
-    t[kTabDateCtrlMedical] = QStringLiteral("20050901");
-    t[kTabActivites] = QStringLiteral("never inserted");
+    LicenceRecord t;
+    t.code_club = QStringLiteral("FRA2210290017");
+    t.licence = QStringLiteral("85001F");
+    t.nom = nom;
+    t.date_ctrl_medical = QStringLiteral("20050901");
+    t.activites = QStringList{QStringLiteral("never inserted")};
     return t;
 }
 
@@ -34,8 +34,8 @@ TEST_F(LicenceBase, TheInsertQuotesEachValue)
     EXPECT_TRUE(NumLicence(*app, QStringLiteral("85001F"), QLatin1String(kOtherClub)).isEmpty());
 
     // A no-break space is a character like any other.
-    QStringList other = tab(QStringLiteral("LE") + QChar(0xA0) + QStringLiteral("GALL"));
-    other[kTabLicence] = QStringLiteral("85002F");
+    LicenceRecord other = tab(QStringLiteral("LE") + QChar(0xA0) + QStringLiteral("GALL"));
+    other.licence = QStringLiteral("85002F");
     AjouteLicence(*app, other);
     EXPECT_EQ(field(NumLicence(*app, QStringLiteral("85002F"), QLatin1String(kClub)), QStringLiteral("Nom")),
               QStringLiteral("LE") + QChar(0xA0) + QStringLiteral("GALL"));
@@ -48,4 +48,19 @@ TEST(PrefixeSelection, TheLongestRunOfZerosDecidesTheReach)
     EXPECT_EQ(PrefixeSelection(QStringLiteral("FRA2210000000")), QStringLiteral("FRA221"));
     EXPECT_EQ(PrefixeSelection(QStringLiteral("FRA2210290000")), QStringLiteral("FRA221029"));
     EXPECT_EQ(PrefixeSelection(QStringLiteral("FRA2210290017")), QString());
+}
+
+TEST_F(LicenceBase, TheUpdateQuotesEachValueAndLeavesTheClubAlone)
+{
+    const QString num = licence(QStringLiteral("DUPONT"), QStringLiteral("Anne"), QStringLiteral("85001F"));
+    LicenceRecord changed = tab(QStringLiteral("D'ARC"));
+    changed.code_club = QLatin1String(kOtherClub);
+    changed.prenom = QStringLiteral("Jeanne");
+    changed.sportive = QStringLiteral("O");
+    const QString sql = ModifieLicenceSql(changed, num);
+    EXPECT_FALSE(sql.contains(QStringLiteral("Code_club")));
+    ModifieLicence(*app, changed, num);
+    EXPECT_EQ(field(num, QStringLiteral("Nom")) + field(num, QStringLiteral("Prenom")), QStringLiteral("D'ARCJeanne"));
+    EXPECT_EQ(field(num, QStringLiteral("Sportive")) + field(num, QStringLiteral("Code_club")),
+              QStringLiteral("O") + QLatin1String(kClub));
 }
