@@ -198,7 +198,7 @@ TEST_F(ProfileTest, AwkwardNamesAreSavedAsTypedNewAndChanged)
 
     FrmListeProfil* list = open_list(keyword::kModif);
     ASSERT_NE(list, nullptr);
-    const auto row = find_row_index(list->list(), name);
+    const auto row = find_row(list->list(), name);
     ASSERT_TRUE(row.has_value());
     select_row_at(list->selection(), *row);
     list->ok();
