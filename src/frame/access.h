@@ -8,7 +8,8 @@ class AppContext;
 // Closes the open base in good order, then opens the base at state.base_path.
 // Gives false on any failure; the caller composes its message with msg_erreur_base.
 bool connect_base(AppContext& app);
-// Writes LastClose true and closes; with no open connection does nothing.
+// Unloads every open window, then writes LastClose true and closes; with no
+// open connection only the windows go.
 void close_base(AppContext& app);
 
 
