@@ -292,7 +292,10 @@ public:
         choose_ = add_button(row, QStringLiteral("cmd_club"), QStringLiteral("Choix d'un club"),
                              [this] { view_.choose_club(); });
         ok_ = add_button(row, QStringLiteral("cmd_ok"), QStringLiteral("&OK"), [this] { view_.confirm(); });
-        add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("Annuler"), [this] { view_.cancel(); });
+        auto* cancel = add_button(row, QStringLiteral("cmd_annuler"), QStringLiteral("Annuler"),
+                                  [this] { view_.cancel(); });
+        // The forced first profile cannot be left: its Annuler is shown off.
+        cancel->setEnabled(!view_.obligatory());
         layout->addLayout(row);
         refresh();
     }

@@ -32,15 +32,11 @@ class PoolListWindow : public ViewWindow {
 public:
     PoolListWindow(PoolListView& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
     {
-        tree_ = new QTreeView(this);
-        tree_->setObjectName(QStringLiteral("Lsv_piscine"));
-        tree_->setModel(&view.Lsv_piscine());
-        tree_->setRootIsDecorated(false);
-        tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        tree_->setSelectionMode(view.keyword() == QLatin1String("Suppr") ? QAbstractItemView::ExtendedSelection
-                                                                          : QAbstractItemView::SingleSelection);
+        tree_ = new BoundList(QStringLiteral("Lsv_piscine"), view.Lsv_piscine(),
+                              *new QItemSelectionModel(&view.Lsv_piscine(), this), this,
+                              view.keyword() == QLatin1String("Suppr"));
         tree_->installEventFilter(this);
-        connect(tree_, &QTreeView::doubleClicked, this, [this] { view_.ok(selected_rows(tree_)); });
+        tree_->on_activated = [this] { view_.ok(selected_rows(tree_)); };
 
         ok_ = new QPushButton(this);
         ok_->setObjectName(QStringLiteral("Command1_0"));
@@ -86,7 +82,7 @@ protected:
 
 private:
     PoolListView& view_;
-    QTreeView* tree_;
+    BoundList* tree_;
     QPushButton* ok_;
     QPushButton* close_;
     QPushButton* new_;

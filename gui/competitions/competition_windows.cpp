@@ -54,8 +54,7 @@ protected:
         cmd2_->setEnabled(view_.cmd2_enabled());
         cmd1_->setEnabled(view_.cmd1_enabled());
         cmd3_->setVisible(view_.cmd3_visible());
-        for (int c = 0; c + 1 < view_.lsv_compet().columnCount(); ++c)
-            list_->resizeColumnToContents(c);
+        list_->show_sort(view_.sorted_column(), !view_.sorted_descending());
     }
 
 private:

@@ -82,8 +82,10 @@ MainWindow::MainWindow(AppContext& app, QWidget* parent) : QMainWindow(parent), 
 
     plug_frame_commands();
 
+    // Wide enough for the whole menu bar, never wider than the work area.
     const QScreen* screen = QApplication::primaryScreen();
-    setGeometry(read_main_geometry(screen ? screen->logicalDotsPerInch() : 96.0));
+    const QSize wanted = kMainWindowSize.expandedTo(QSize(menuBar()->sizeHint().width() + 16, 0));
+    setGeometry(place_main_window(read_main_geometry(), wanted, screen ? screen->availableGeometry() : QRect()));
     app_.enable_menus(false);
     refresh_actions();
 }
@@ -193,6 +195,8 @@ QMdiSubWindow* MainWindow::show_child(QWidget* window)
     sub->setWindowIcon(QIcon(blank));
     sub->setAttribute(Qt::WA_DeleteOnClose);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // Whole, at its own size at least: every field and button in view.
+    sub->resize(sub->sizeHint().expandedTo(sub->size()));
     sub->show();
     mdi_->setActiveSubWindow(sub);
     return sub;
@@ -246,8 +250,8 @@ void MainWindow::unload()
     if (unloaded_)
         return;
     unloaded_ = true;
-    if (!isMinimized())
-        write_main_geometry(geometry());
+    // The size the person gave it, not the maximised one.
+    write_main_geometry(normalGeometry().isValid() ? normalGeometry() : geometry());
     unload_main(app_);
 }
 

@@ -31,8 +31,11 @@ protected:
     void reject() override;
 
 private:
+    // The view has closed: the window ends, once.
+    void end();
+
     View& view_;
-    bool closing_ = false;
+    bool ended_ = false;
 };
 
 }  // namespace plouvarine::gui

@@ -37,19 +37,38 @@ public:
         setSelectionMode(multiple ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
         setModel(&model);
         setSelectionModel(&selection);
+        // Codes and names show whole, measured again as the rows change; the
+        // last column takes what is left.
+        header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         header()->setStretchLastSection(true);
-        // Codes and names show whole; only the rows on screen are measured.
-        for (int c = 0; c + 1 < model.columnCount(); ++c)
-            resizeColumnToContents(c);
         connect(this, &QTreeView::doubleClicked, this, [this] {
             if (on_activated)
                 on_activated();
         });
+        // The row drawn as current is the row the commands act on: a current
+        // row that the view set alone (the first one, on focus) is selected too.
+        connect(&selection, &QItemSelectionModel::currentChanged, this,
+                [this](const QModelIndex& current) { select_current(current); });
+        select_current(selection.currentIndex());
     }
     std::function<void()> on_activated;
     std::function<void()> on_delete_key;
 
+    // Draws the arrow of the order the rows are in: `column` counts from 1,
+    // 0 for no order of the person's.
+    void show_sort(int column, bool ascending)
+    {
+        header()->setSortIndicatorShown(column > 0);
+        if (column > 0)
+            header()->setSortIndicator(column - 1, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
+
 protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QTreeView::focusInEvent(event);
+        select_current(currentIndex());
+    }
     void keyPressEvent(QKeyEvent* event) override
     {
         if (event->key() == Qt::Key_Delete && on_delete_key) {
@@ -61,6 +80,18 @@ protected:
             return;
         }
         QTreeView::keyPressEvent(event);
+    }
+
+private:
+    void select_current(const QModelIndex& current)
+    {
+        QItemSelectionModel* selection = selectionModel();
+        if (!current.isValid() || !selection || selection->isRowSelected(current.row(), current.parent()))
+            return;
+        // A multiple choice keeps its rows; an empty one takes the current row.
+        if (selectionMode() == QAbstractItemView::ExtendedSelection && selection->hasSelection())
+            return;
+        selection->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
 };
 

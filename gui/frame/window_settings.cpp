@@ -1,7 +1,7 @@
 #include "gui/frame/window_settings.h"
 
 #include <QSettings>
-#include <cmath>
+#include <algorithm>
 
 namespace plouvarine::gui {
 
@@ -12,29 +12,26 @@ QSettings settings()
     return QSettings(QStringLiteral("Plouvarine"), QStringLiteral("Plouvarine"));
 }
 
-int read_int(QSettings& s, const char* key, int fallback)
+std::optional<int> read_int(QSettings& s, const char* key)
 {
     bool ok = false;
     const int v = s.value(QLatin1String(key)).toString().toInt(&ok);
-    return ok ? v : fallback;
+    return ok ? std::optional<int>(v) : std::nullopt;
 }
 
 }  // namespace
 
-int twips_to_pixels(int twips, double dpi)
-{
-    return int(std::lround(twips * dpi / 1440.0));
-}
-
-QRect read_main_geometry(double dpi)
+std::optional<QRect> read_main_geometry()
 {
     QSettings s = settings();
     s.beginGroup(QStringLiteral("Settings"));
-    const int left = read_int(s, "MainLeft", twips_to_pixels(1000, dpi));
-    const int top = read_int(s, "MainTop", twips_to_pixels(1000, dpi));
-    const int width = read_int(s, "MainWidth", twips_to_pixels(6500, dpi));
-    const int height = read_int(s, "MainHeight", twips_to_pixels(6500, dpi));
-    return QRect(left, top, width, height);
+    const auto left = read_int(s, "MainLeft");
+    const auto top = read_int(s, "MainTop");
+    const auto width = read_int(s, "MainWidth");
+    const auto height = read_int(s, "MainHeight");
+    if (!left || !top || !width || !height || *width <= 0 || *height <= 0)
+        return std::nullopt;
+    return QRect(*left, *top, *width, *height);
 }
 
 void write_main_geometry(const QRect& rect)
@@ -45,6 +42,23 @@ void write_main_geometry(const QRect& rect)
     s.setValue(QStringLiteral("MainTop"), QString::number(rect.top()));
     s.setValue(QStringLiteral("MainWidth"), QString::number(rect.width()));
     s.setValue(QStringLiteral("MainHeight"), QString::number(rect.height()));
+}
+
+QRect place_main_window(const std::optional<QRect>& stored, QSize wanted, const QRect& work_area)
+{
+    if (work_area.isEmpty())
+        return stored.value_or(QRect(QPoint(0, 0), wanted));
+    QRect rect;
+    if (stored) {
+        rect = QRect(stored->topLeft(), stored->size().boundedTo(work_area.size()));
+    } else {
+        rect = QRect(QPoint(0, 0), wanted.boundedTo(work_area.size()));
+        rect.moveCenter(work_area.center());
+    }
+    // A place kept from a larger or another screen comes back into view.
+    rect.moveLeft(std::clamp(rect.left(), work_area.left(), work_area.right() - rect.width() + 1));
+    rect.moveTop(std::clamp(rect.top(), work_area.top(), work_area.bottom() - rect.height() + 1));
+    return rect;
 }
 
 }  // namespace plouvarine::gui

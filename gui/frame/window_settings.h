@@ -1,19 +1,23 @@
 #pragma once
 // The main window's place and size in the per-user settings, section "Settings",
-// keys "MainLeft", "MainTop", "MainWidth", "MainHeight". The defaults are the
-// old twips (1000, 1000, 6500, 6500) converted at the screen's resolution, so the
-// window first comes up the size it always had.
+// keys "MainLeft", "MainTop", "MainWidth", "MainHeight". With nothing stored the
+// window opens at a size that shows its whole menu bar and the largest child
+// window, centred in the work area; it never opens larger than that area.
 
 #include <QRect>
-
-class QWidget;
+#include <optional>
 
 namespace plouvarine::gui {
 
-// Twips to pixels at `dpi` dots per inch (1440 twips to the inch).
-int twips_to_pixels(int twips, double dpi);
+// The size the main window asks for on its first run.
+inline constexpr QSize kMainWindowSize{1024, 720};
 
-QRect read_main_geometry(double dpi);
+// The place stored by the last session, if any.
+std::optional<QRect> read_main_geometry();
 void write_main_geometry(const QRect& rect);
+
+// Where the main window opens: the stored place when one is given, else
+// `wanted` centred; in both cases cut to the work area and moved inside it.
+QRect place_main_window(const std::optional<QRect>& stored, QSize wanted, const QRect& work_area);
 
 }  // namespace plouvarine::gui

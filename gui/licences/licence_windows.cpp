@@ -146,6 +146,7 @@ protected:
         cmd2_->setVisible(view_.cmd2_visible());
         cmd2_->setEnabled(view_.cmd2_enabled());
         cmd1_->setText(view_.cmd1_caption());
+        list_->show_sort(view_.sorted_column(), view_.sorted_ascending());
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override

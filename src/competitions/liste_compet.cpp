@@ -155,11 +155,18 @@ void FrmListeCompet::sort_by_column(int column)
     static const char* const kColumns[] = {"Num", "Nom", "Lieu", "Debut"};
     if (column < 1 || column > 4)
         return;
-    const QString name = QLatin1String(kColumns[column - 1]);
+    const QString name = QLatin1String(kColumns[column - 1]);  // sorted_column() reads them back
     descending_ = name == sort_column_ ? !descending_ : false;
     sort_column_ = name;
     order_ = QStringLiteral("order by ") + name + (descending_ ? QStringLiteral(" DESC") : QString());
     ReloadListe(current_autonum());
+}
+
+int FrmListeCompet::sorted_column() const
+{
+    static const QStringList kColumns{QStringLiteral("Num"), QStringLiteral("Nom"), QStringLiteral("Lieu"),
+                                      QStringLiteral("Debut")};
+    return int(kColumns.indexOf(sort_column_)) + 1;
 }
 
 bool FrmListeCompet::cmd3_visible() const

@@ -52,6 +52,9 @@ public:
     // A click on column 1 to 4 (Num, Nom, Lieu, Debut): ascending, then
     // descending, then ascending again.
     void sort_by_column(int column);
+    // The column clicked last (1 to 4), 0 before any click, and its direction.
+    int sorted_column() const;
+    bool sorted_descending() const { return descending_; }
 
     // Command 0 "&Ok", 1 "&Annuler", 2 the action (caption of the mode; hidden
     // when empty), 3 "&Nouvelle" (import of results only).

@@ -36,6 +36,8 @@ bool connect_base(AppContext& app, std::optional<Error>* failure)
 
 void close_base(AppContext& app)
 {
+    // The windows go first, while their unload can still reach the base.
+    app.windows.close_all();
     if (!app.db.is_open())
         return;
     try {

@@ -13,7 +13,8 @@ class AppContext;
 // Gives false on any failure; the caller composes its message with msg_erreur_base,
 // with the engine's error that `failure`, when given, receives.
 bool connect_base(AppContext& app, std::optional<Error>* failure = nullptr);
-// Writes LastClose true and closes; with no open connection does nothing.
+// Unloads every open window, then writes LastClose true and closes; with no
+// open connection only the windows go.
 void close_base(AppContext& app);
 
 

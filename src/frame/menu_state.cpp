@@ -59,7 +59,7 @@ constexpr TreeLine kTree[] = {
     {1, "mnuLicExp", "&Exporter"},
     {1, "mnuLicPrint", "Imprimer &Rapport"},
 
-    {0, "mnuCompet", "&Compétition"},
+    {0, "mnuCompet", "Compét&ition"},
     {1, "mnuCompetNew", "&Nouvelle"},
     {1, "mnuCompetListe", "&Liste"},
     {1, "mnuCompetModif", "&Modifier"},
@@ -105,7 +105,7 @@ constexpr TreeLine kTree[] = {
     {2, "mnuPerfRecImport", "&Importer"},
     {2, "mnuPerfRecConsult", "&Consulter"},
 
-    {0, "mnuOutils", "&Outils"},
+    {0, "mnuOutils", "O&utils"},
     {1, "mnuOutilsCalculTps", "Calculatrice &temps"},
     {1, "mnuOutilsCalculPoint", "&Calculatrice points"},
     {1, "mnuOutilsCalculPointEquipe", "Calcul points équipe &interclubs"},

@@ -12,7 +12,7 @@
 // state switched off stays disabled whatever its counter says.
 //
 // One exception: the performance monitor's menu `mnuPerfOrdi` is outside the
-// base state: it is not tied to a base, so "&Outils" opens when no
+// base state: it is not tied to a base, so "O&utils" opens when no
 // base is open, with its calculators disabled and only "&Perf Ordinateur" on.
 
 #include <QHash>

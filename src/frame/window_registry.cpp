@@ -1,6 +1,7 @@
 #include "src/frame/window_registry.h"
 
 #include "src/frame/app_context.h"
+#include "src/frame/view.h"
 
 #include <algorithm>
 #include <utility>
@@ -92,6 +93,18 @@ QStringList WindowRegistry::open_windows() const
     for (const Entry& e : open_)
         names << e.name;
     return names;
+}
+
+void WindowRegistry::close_all()
+{
+    // Closing one window may close those it opened: read the list each time.
+    while (!open_.empty()) {
+        const Entry last = open_.back();
+        if (auto* view = dynamic_cast<View*>(last.instance))
+            view->close();
+        if (is_open(last.name))
+            closed(last.name);
+    }
 }
 
 void WindowRegistry::bring_to_front(const QString& name)

@@ -67,6 +67,9 @@ public:
     WindowInstance* instance(const QString& name) const;
     // The open windows, in the order they opened.
     QStringList open_windows() const;
+    // Unloads every open window, the last opened first, as its own way out
+    // would (without asking it): nothing opened on a base outlives it.
+    void close_all();
 
     // The main window, told as the caller kMainWindow.
     void set_main_window(WindowInstance* main) { main_ = main; }

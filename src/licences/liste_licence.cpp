@@ -278,7 +278,9 @@ bool FrmListeLicence::cmd0_visible() const
 void FrmListeLicence::cmd0()
 {
     if (mode_ == keyword::kSuppr) {
+        // The deletion is done: the list has nothing left to do.
         confirme_suppression();
+        close();
     } else if (mode_ == keyword::kSsCotisation) {
         sauve_tarifs();
     } else if (mode_ == keyword::kChoisir) {
@@ -302,10 +304,11 @@ QString FrmListeLicence::cmd1_caption() const
 
 void FrmListeLicence::cmd1()
 {
-    if (mode_ == keyword::kSuppr)
-        annule_suppression();
-    else
-        close();
+    // The undo puts every marked row back and ends the deletion; a failed
+    // undo keeps the list open on the rows still marked.
+    if (mode_ == keyword::kSuppr && !annule_suppression())
+        return;
+    close();
 }
 
 void FrmListeLicence::SimulAction()
@@ -384,7 +387,7 @@ void FrmListeLicence::confirme_suppression()
     changed();
 }
 
-void FrmListeLicence::annule_suppression()
+bool FrmListeLicence::annule_suppression()
 {
     AppContext& a = app();
     try {
@@ -397,10 +400,11 @@ void FrmListeLicence::annule_suppression()
                 QStringLiteral("Update Licence Set Visible = true where Num in (select Num from Licence_tempo)"));
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
-        return;
+        return false;
     }
     empty_tempo();
     ReloadListe(current_num());
+    return true;
 }
 
 void FrmListeLicence::ChargeMenuTarifs()

@@ -59,6 +59,10 @@ public:
     QString OrdreListe(int column);
     // The click itself: the list loads again in that order.
     void sort_by_column(int column);
+    // The column the rows are in the order of (1 for the first: the names
+    // until a click), and whether that order is ascending.
+    int sorted_column() const { return last_column_ == 0 ? 1 : last_column_; }
+    bool sorted_ascending() const { return last_column_ == 0 || ascending_; }
 
     // txt_recherche.
     const QString& search_text() const { return search_; }
@@ -74,10 +78,12 @@ public:
     bool cmd2_visible() const { return !ok_caption_.isEmpty(); }
     bool cmd2_enabled() const;
     void cmd2();
-    // cmd 0: the confirmation of a deletion, the fee save, the choice.
+    // cmd 0: the confirmation of a deletion (which closes the list), the fee
+    // save, the choice.
     bool cmd0_visible() const;
     void cmd0();
-    // cmd 1: the undo of a deletion; in other modes the view closes.
+    // cmd 1: the undo of a deletion, then the view closes; in other modes it
+    // closes at once.
     QString cmd1_caption() const;
     void cmd1();
     // What the main command of the mode does, as Enter or a double click.
@@ -86,7 +92,8 @@ public:
     // "Suppr": the selected rows, one at a time.
     void supprime_selection();
     void confirme_suppression();
-    void annule_suppression();
+    // False, with a message, when the rows could not be put back.
+    bool annule_suppression();
 
     // "Choisir": the chosen row.
     struct Choice {

@@ -103,6 +103,23 @@ TEST(MenuTree, EveryEntryHasOneParentMenuAndAPlace)
     }
 }
 
+TEST(MenuTree, TheMenusOfTheBarHaveAccessKeysOfTheirOwn)
+{
+    MenuState menus;
+    // Alt and a letter opens one menu only, and never takes the "O" of the
+    // windows' OK buttons.
+    QSet<QChar> keys{QLatin1Char('O')};
+    for (const MenuEntry* top : menus.children(QString())) {
+        if (!top->visible)
+            continue;
+        const qsizetype amp = top->caption.indexOf(QLatin1Char('&'));
+        ASSERT_GE(amp, 0) << top->name.toStdString();
+        const QChar key = top->caption.at(amp + 1).toUpper();
+        EXPECT_FALSE(keys.contains(key)) << top->caption.toStdString();
+        keys << key;
+    }
+}
+
 TEST(MenuTree, LockGroupsHoldTheirCountsAndEachCommandOnce)
 {
     const int sizes[kLockGroupCount] = {5, 6, 7, 7, 5, 4, 4, 4, 7, 1};
@@ -139,7 +156,7 @@ TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
     for (const char* closed : {"mnuBaseClub", "mnuLicence", "mnuCompet", "mnuModele", "mnuPerf",
                                "mnuBaseGestion", "mnuBaseProfil", "mnuCompetDonnees", "mnuEngag"})
         EXPECT_FALSE(menus.is_enabled(QLatin1String(closed))) << closed;
-    // "&Outils" opens for the monitor alone: its own switch is off.
+    // "O&utils" opens for the monitor alone: its own switch is off.
     EXPECT_FALSE(menus.own_enabled(QStringLiteral("mnuOutils")));
     EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuOutilsCalculTps")));
     EXPECT_FALSE(menus.base_open());

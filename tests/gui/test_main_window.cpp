@@ -3,6 +3,7 @@
 
 #include "gui/frame/main_window.h"
 #include "src/base/errors.h"
+#include "gui/frame/window_settings.h"
 #include "src/subjects.h"
 #include "src/frame/window_registry.h"
 #include "src/store/save.h"
@@ -18,6 +19,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -204,8 +206,37 @@ TEST_F(MainWindowTest, QuitterWithABaseOpen)
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(QFile::exists(save_path(base)));
     EXPECT_EQ(stored_geometry().size(), window->geometry().size());
+    // The base at rest is one file: the engine's write-ahead files are gone.
+    EXPECT_FALSE(QFile::exists(base + QStringLiteral("-wal")));
+    EXPECT_FALSE(QFile::exists(base + QStringLiteral("-shm")));
     connect(base);
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardée")});
+}
+
+TEST_F(MainWindowTest, TheFirstWindowShowsItsWholeMenuBarAndTheNextTheSizeLeft)
+{
+    window.reset();
+    QSettings(QStringLiteral("Plouvarine"), QStringLiteral("Plouvarine")).remove(QStringLiteral("Settings"));
+    window = std::make_unique<MainWindow>(*app);
+    window->show();
+    const QRect area = QApplication::primaryScreen()->availableGeometry();
+    // No entry folds into the extension button: Outils and "?" are in the bar.
+    EXPECT_GE(window->menuBar()->width(), window->menuBar()->sizeHint().width());
+    EXPECT_TRUE(area.contains(window->geometry())) << area.width() << "x" << area.height();
+    EXPECT_LE(std::abs(window->geometry().center().x() - area.center().x()), 1);
+
+    // Left at a size of the person's, it comes back at that size and place.
+    window->setGeometry(30, 40, 640, 480);
+    window->close();
+    window.reset();
+    window = std::make_unique<MainWindow>(*app);
+    EXPECT_EQ(window->geometry(), QRect(30, 40, 640, 480));
+
+    // A place kept from a larger screen is cut to the work area and brought back into it.
+    const QRect work(0, 0, 1280, 1024);
+    EXPECT_EQ(gui::place_main_window(QRect(900, -50, 2000, 600), {1024, 720}, work), QRect(0, 0, 1280, 600));
+    EXPECT_EQ(gui::place_main_window(std::nullopt, {1024, 720}, work), QRect(128, 152, 1024, 720));
+    EXPECT_EQ(gui::place_main_window(std::nullopt, {1024, 720}, QRect(0, 0, 800, 600)), QRect(0, 0, 800, 600));
 }
 
 TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)

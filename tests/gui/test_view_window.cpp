@@ -138,3 +138,29 @@ TEST_F(ViewWindowTest, ThePoolWindowsFromTheMenu)
     EXPECT_FALSE(app->is_busy());
     EXPECT_TRUE(window->mdi_area()->subWindowList().isEmpty());
 }
+
+TEST_F(ViewWindowTest, TheRowDrawnAsCurrentIsTheRowTheCommandsActOn)
+{
+    ui.draw_with = &qt;
+    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+    window->trigger(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom, Ville, NbCouloir, Bassin) VALUES "
+                                    "('Aquaval', 'Vannes', 8, 50), ('Kercado', 'Vannes', 6, 25)"));
+
+    window->trigger(QStringLiteral("mnuModelePiscineView"));
+    auto* list = window->mdi_area()->findChild<QWidget*>(QStringLiteral("Frm_liste_piscine"));
+    ASSERT_NE(list, nullptr);
+    auto* tree = list->findChild<QTreeView*>(QStringLiteral("Lsv_piscine"));
+    ASSERT_EQ(tree->model()->rowCount(), 2);
+    // Taking the focus, the list makes its first row current, and draws it so.
+    tree->selectionModel()->setCurrentIndex(tree->model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    ASSERT_EQ(tree->selectionModel()->selectedRows().size(), 1);
+    EXPECT_EQ(tree->selectionModel()->selectedRows().first().row(), 0);
+
+    list->findChild<QPushButton*>(QStringLiteral("Command1_0"))->click();
+    auto* detail = window->mdi_area()->findChild<QWidget*>(QStringLiteral("det_Piscine"));
+    ASSERT_NE(detail, nullptr);
+    EXPECT_EQ(detail->findChild<QLineEdit*>(QStringLiteral("txt_nom"))->text(), QStringLiteral("Aquaval"));
+    ui.drop_windows();
+}

@@ -141,15 +141,20 @@ TEST_F(ListeLicenceTest, DeletedRowsComeBackAllAtOnceOnUndoAndTurnFinalOnConfirm
     EXPECT_EQ(names(*list), QStringList{"BERNARD"});
     EXPECT_EQ(field(dupont, QStringLiteral("Visible")), QStringLiteral("Faux"));
     EXPECT_EQ(count(QStringLiteral("select count(*) from Licence_tempo")), 2);
+    // Annuler puts every row back and ends the deletion.
     list->cmd1();
     EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
     EXPECT_EQ(count(QStringLiteral("select count(*) from Licence where Visible = false")), 0);
+    EXPECT_TRUE(list->is_closed());
 
+    // Valider makes the deletion final and ends it too.
     app->clock.set_today(QDate(2006, 3, 14));
+    list = open(QStringLiteral("Suppr"));
     select(*list, dupont);
     list->supprime_selection();
     list->cmd0();
     EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
+    EXPECT_TRUE(list->is_closed());
     EXPECT_EQ(field(dupont, QStringLiteral("Date_suppr")), QStringLiteral("20060314"));
     EXPECT_EQ(field(martin, QStringLiteral("Date_suppr")), QString());
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_Lic = ") + dupont), 0);
@@ -158,7 +163,8 @@ TEST_F(ListeLicenceTest, DeletedRowsComeBackAllAtOnceOnUndoAndTurnFinalOnConfirm
     EXPECT_EQ(relays.value(0, 0), app->state.num_lic_nulle);
     EXPECT_EQ(relays.value(0, 1), martin);
     EXPECT_EQ(relays.value(1, 0), dupont);  // a meet already run keeps its relay
-    list->cmd1();  // finished: nothing left to bring back
+    // Nothing is left to bring back in the next deletion list.
+    open(QStringLiteral("Suppr"))->cmd1();
     EXPECT_EQ(field(dupont, QStringLiteral("Visible")), QStringLiteral("Faux"));
 }
 

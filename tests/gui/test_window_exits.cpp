@@ -1,0 +1,209 @@
+// Every way out of every child window runs the same unload: the window goes,
+// its menu locks and its place in busy_count come back once, and the next
+// opening gives one window again. Each kind of window is opened from the real
+// menu and left by its close box, by Escape and by its own button.
+
+#include "gui/all_windows.h"
+#include "gui/frame/main_window.h"
+#include "gui/frame/qt_services.h"
+#include "gui_application.h"
+#include "src/subjects.h"
+#include "support/app_fixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <QDebug>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+const QString kCode = QStringLiteral("0535600012345");
+
+struct ChildWindow {
+    const char* command;  // the menu entry that opens it
+    const char* name;     // the window's name
+    const char* button;   // its own way out (Fermer, Annuler or Quitter)
+    // The licence list keeps Escape for its search field, which it empties.
+    bool escape_closes = true;
+};
+
+// One of each kind: lists, details, the club's information, in each subject.
+const ChildWindow kWindows[] = {
+    {"mnuBaseClubListe", "Frm_liste_club", "cmd_annuler"},
+    {"mnuBaseClubSuppr", "Frm_liste_club", "cmd_annuler"},
+    {"mnuBaseClubNew", "dem_info", "cmd_annuler"},
+    {"mnuBaseClubConfigInfo", "det_mon_club", "Command1_2"},
+    {"mnuBaseProfilList", "Frm_liste_profil", "cmd_annuler"},
+    {"mnuBaseProfilNew", "det_profil", "cmd_annuler"},
+    {"mnuLicListe", "frm_liste_licence", "cmd_1", false},
+    {"mnuLicSuppr", "frm_liste_licence", "cmd_1", false},
+    {"mnuLicNew", "det_licence", "Command1_1"},
+    {"mnuCompetListe", "Frm_liste_compet", "Command1_0"},
+    {"mnuCompetNew", "det_compet", "Command1_1"},
+    {"mnuModelePiscineView", "Frm_liste_piscine", "Command1_1"},
+    {"mnuModelePiscineNew", "det_Piscine", "cmd_annuler"},
+};
+
+enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
+
+const char* exit_name(Exit exit)
+{
+    switch (exit) {
+    case Exit::CloseBox: return "close box";
+    case Exit::InnerClose: return "close of the inner window";
+    case Exit::Escape: return "Escape";
+    case Exit::OwnButton: return "own button";
+    }
+    return "";
+}
+
+class WindowExitsTest : public AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        AppFixture::SetUp();
+        gui::register_all_windows();
+        install_subject_commands(*app);
+        window = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { window->show_child(w); };
+        ui.draw_with = &qt;
+        window->show();
+        ui.files.push_back(work_file(QStringLiteral("club.mdb")));
+        window->trigger(QStringLiteral("mnuBaseNew"));
+        ASSERT_TRUE(app->db.is_open());
+        // A club of the base, so that no detail window is the forced first one.
+        app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'CN Vannes')")
+                             .arg(kCode));
+        app->state.club_code = kCode;
+        app->state.club_name = QStringLiteral("CN Vannes");
+    }
+    void TearDown() override
+    {
+        window.reset();
+        AppFixture::TearDown();
+    }
+
+    QList<QMdiSubWindow*> subs(const QString& name) const
+    {
+        QList<QMdiSubWindow*> found;
+        for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
+            if (sub->objectName() == name)
+                found << sub;
+        return found;
+    }
+    // What the menus and the registry show when no child window is open.
+    void expect_all_given_back(const QString& what)
+    {
+        EXPECT_TRUE(window->mdi_area()->subWindowList().isEmpty()) << what.toStdString();
+        EXPECT_EQ(app->state.busy_count, 0) << what.toStdString();
+        EXPECT_TRUE(app->windows.open_windows().isEmpty()) << what.toStdString();
+        for (const char* command : {"mnuBaseClubListe", "mnuLicListe", "mnuCompetListe", "mnuModelePiscineView",
+                                    "mnuBaseProfilList", "mnuBaseClubConfigInfo"})
+            EXPECT_TRUE(window->action(QString::fromLatin1(command))->isEnabled())
+                << what.toStdString() << ": " << command;
+    }
+    void leave(QMdiSubWindow* sub, const ChildWindow& w, Exit exit)
+    {
+        QWidget* inner = sub->widget();
+        switch (exit) {
+        case Exit::CloseBox: sub->close(); break;
+        case Exit::InnerClose: inner->close(); break;
+        case Exit::Escape: QTest::keyClick(inner->focusWidget() ? inner->focusWidget() : inner, Qt::Key_Escape); break;
+        case Exit::OwnButton: {
+            auto* button = inner->findChild<QPushButton*>(QString::fromLatin1(w.button));
+            ASSERT_NE(button, nullptr) << w.name << " " << w.button;
+            button->click();
+            break;
+        }
+        }
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (QMdiSubWindow* s : window->mdi_area()->subWindowList())
+            qWarning() << "DBG" << s->objectName() << s->isVisible() << (s->widget() ? s->widget()->isVisible() : false) << (s->widget()!=nullptr);
+    }
+
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(WindowExitsTest, EveryWayOutOfEveryChildWindowUnloadsItOnce)
+{
+    for (const ChildWindow& w : kWindows) {
+        for (Exit exit : {Exit::CloseBox, Exit::InnerClose, Exit::Escape, Exit::OwnButton}) {
+            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.command), QLatin1String(exit_name(exit)));
+            window->trigger(QString::fromLatin1(w.command));
+            QList<QMdiSubWindow*> open = subs(QString::fromLatin1(w.name));
+            ASSERT_EQ(open.size(), 1) << what.toStdString();
+            EXPECT_EQ(app->state.busy_count, 1) << what.toStdString();
+            // A second opening brings the same window to the front.
+            window->trigger(QString::fromLatin1(w.command));
+            ASSERT_EQ(subs(QString::fromLatin1(w.name)), open) << what.toStdString();
+
+            if (exit == Exit::Escape && !w.escape_closes) {
+                leave(open.first(), w, exit);
+                EXPECT_EQ(subs(QString::fromLatin1(w.name)), open) << what.toStdString();
+                EXPECT_EQ(app->state.busy_count, 1) << what.toStdString();
+                leave(open.first(), w, Exit::CloseBox);
+                expect_all_given_back(what);
+                continue;
+            }
+
+            leave(open.first(), w, exit);
+            expect_all_given_back(what);
+            if (!subs(QString::fromLatin1(w.name)).isEmpty()) {
+                // A window left behind would hide every later fault: clear it.
+                for (QMdiSubWindow* sub : subs(QString::fromLatin1(w.name)))
+                    delete sub;
+                continue;
+            }
+        }
+        // Opened again after all that, it is one window.
+        window->trigger(QString::fromLatin1(w.command));
+        EXPECT_EQ(subs(QString::fromLatin1(w.name)).size(), 1) << w.command;
+        EXPECT_EQ(app->state.busy_count, 1) << w.command;
+        leave(subs(QString::fromLatin1(w.name)).first(), w, Exit::CloseBox);
+        expect_all_given_back(QString::fromLatin1(w.command));
+    }
+}
+
+TEST_F(WindowExitsTest, TheMainWindowsPathsNeverLeaveAWindowWithoutItsBase)
+{
+    window->trigger(QStringLiteral("mnuLicSuppr"));
+    ASSERT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
+
+    // Fermer, Quitter and the close box refuse while the list is at work: the
+    // list keeps its base and its locks.
+    window->trigger(QStringLiteral("mnuBaseClose"));
+    EXPECT_FALSE(window->close());
+    window->trigger(QStringLiteral("mnuExit"));
+    EXPECT_TRUE(app->db.is_open());
+    EXPECT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
+    EXPECT_EQ(app->state.busy_count, 1);
+    EXPECT_FALSE(window->action(QStringLiteral("mnuLicSuppr"))->isEnabled());
+
+    // Annuler Opérations puts the saved base back in place of this one: the
+    // list opened on it goes first.
+    ui.answers.push_back(Button::Yes);
+    window->trigger(QStringLiteral("mnuBaseAnnuler"));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(app->db.is_open());
+    expect_all_given_back(QStringLiteral("Annuler Opérations"));
+
+    // Then Fermer goes through, and Nouvelle opens another base with no window.
+    ui.answers.push_back(Button::Yes);
+    window->trigger(QStringLiteral("mnuBaseClose"));
+    EXPECT_FALSE(app->db.is_open());
+    ui.files.push_back(work_file(QStringLiteral("autre.mdb")));
+    window->trigger(QStringLiteral("mnuBaseNew"));
+    ASSERT_TRUE(app->db.is_open());
+    expect_all_given_back(QStringLiteral("Nouvelle"));
+}
