@@ -7,12 +7,11 @@
 
 namespace plouvarine {
 
-// "modif prog" opens the programme of the competition. The windows behind the
-// other keywords are still to be written; until they are, choosing a
-// competition leads nowhere. By keyword, what is to come:
-//   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
-//                                    Engag_tempo and Relais_tempo, then frm_engag, title
-//                                    "Définition des engagements"
+// "modif prog" opens the programme of the competition; the subjects above the
+// competitions register what their keywords open in app.handoffs
+// ("Choix pour engagements": the entries). The windows behind the other
+// keywords are still to be written; until they are, choosing a competition
+// leads nowhere. By keyword, what is to come:
 //   "Choix pour engagements relais"  Relais copied to Relais_tempo, then frm_engag_relais
 //   "disk"                           the runner with createdisk.clscreate_disk, title
 //                                    "Création Fichiers Engagements", keyword "disk"
@@ -25,6 +24,8 @@ void competition_chosen(AppContext& app, const QString& keyword, const QString& 
     if (keyword == plouvarine::keyword::kModifProg)
         OuvrirProg(app, QString(plouvarine::keyword::kModif), num, false, QStringLiteral("Programme compétition"),
                    QString(FrmListeCompet::kName));
+    else if (const HandoffTable::Run* run = app.handoffs.find(keyword))
+        (*run)(app, num);
 }
 
 }  // namespace plouvarine
