@@ -78,10 +78,10 @@ void BM_SaveEngagNageurTenEvents(benchmark::State& state)
                                   QStringLiteral("10"), QStringLiteral("2024"), false};
             ++ticked;
         }
-    const EngagTarget target{a.compet, false, a.app.state.profile_num, 0, false};
+    const EntryScope target = EntryScope::competition(a.compet, a.app.state.profile_num);
     int lic = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(SaveEngagNageur(a.app, target, QString::number(1 + lic++ % 20000), events, panel));
+        benchmark::DoNotOptimize(SaveEngagNageur(a.app, target, Team{}, QString::number(1 + lic++ % 20000), events, panel));
 }
 BENCHMARK(BM_SaveEngagNageurTenEvents)->Unit(benchmark::kMillisecond);
 

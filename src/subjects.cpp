@@ -5,6 +5,7 @@
 #include "src/competitions/competition_hooks.h"
 #include "src/competitions/utils_compet.h"
 #include "src/entries/frm_engag.h"
+#include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
 
@@ -22,7 +23,9 @@ void install_subject_commands(AppContext& app)
     install_club_commands(app);
     install_licence_commands(app);
     install_competition_commands(app);
-    install_entries_handoffs(app);
+    // The competition list's doors to the entries and the relays.
+    install_entries_handoff();
+    install_relay_handoff();
 }
 
 }  // namespace plouvarine

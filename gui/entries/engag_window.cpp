@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -63,7 +64,23 @@ public:
         do_modele_->setObjectName(QStringLiteral("Chk_DoModele"));
         connect(do_modele_, &QCheckBox::toggled, this, [this](bool on) { view_.Chk_DoModele = on; });
         top->addWidget(do_modele_);
-        top->addStretch(2);
+        top->addStretch(1);
+        const char* kinds[] = {"Hommes", "Femmes", "Mixtes"};
+        for (int k = 0; k < 3; ++k) {
+            top->addWidget(new QLabel(QString::fromLatin1(kinds[k])));
+            counts_[k] = new QLineEdit;
+            counts_[k]->setObjectName(QStringLiteral("txt_nb_equipe_%1").arg(k));
+            counts_[k]->setMaxLength(2);
+            counts_[k]->setFixedWidth(counts_[k]->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
+            counts_[k]->setValidator(
+                new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), counts_[k]));
+            connect(counts_[k], &QLineEdit::textEdited, this, [this, k](const QString& t) { view_.txt_nb_equipe[k] = t; });
+            top->addWidget(counts_[k]);
+        }
+        auto* team_row = new QHBoxLayout;
+        def_team_ = add_button(team_row, QStringLiteral("cmd_def_team"), QStringLiteral("&Equipes"),
+                               [this] { view_.cmd_def_team(); });
+        top->addLayout(team_row);
         layout->addLayout(top);
 
         auto* body = new QHBoxLayout;
@@ -116,6 +133,11 @@ protected:
         set_text(search_, view_.search_text());
         search_->setEnabled(view_.search_enabled());
         add_->setEnabled(view_.add_enabled());
+        def_team_->setEnabled(view_.def_team_enabled());
+        for (int k = 0; k < 3; ++k) {
+            set_text(counts_[k], view_.txt_nb_equipe[k]);
+            counts_[k]->setEnabled(view_.def_team_enabled());
+        }
         ok_->setEnabled(true);
         for (int i = 0; i < kPanelRows; ++i)
             refresh_row(i);
@@ -234,6 +256,8 @@ private:
     BoundList* licencie_ = nullptr;
     QPushButton* add_ = nullptr;
     QPushButton* ok_ = nullptr;
+    QPushButton* def_team_ = nullptr;
+    std::array<QLineEdit*, 3> counts_{};
     std::array<RowWidgets, kPanelRows> rows_{};
 };
 

@@ -5,14 +5,32 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 
+#include <QHash>
+
 namespace plouvarine {
 
-// "modif prog" opens the programme of the competition; the subjects above the
-// competitions register what their keywords open in app.handoffs
-// ("Choix pour engagements": the entries). The windows behind the other
-// keywords are still to be written; until they are, choosing a competition
-// leads nowhere. By keyword, what is to come:
-//   "Choix pour engagements relais"  Relais copied to Relais_tempo, then frm_engag_relais
+namespace {
+
+QHash<QString, CompetitionDoor>& doors()
+{
+    static QHash<QString, CompetitionDoor> registered;
+    return registered;
+}
+
+}  // namespace
+
+void set_competition_door(const QString& keyword, CompetitionDoor door)
+{
+    doors().insert(keyword, std::move(door));
+}
+
+// "modif prog" opens the programme of the competition; a registered door
+// opens the window of its keyword ("Choix pour engagements relais"). The
+// windows behind the other keywords are still to be written; until they are,
+// choosing a competition leads nowhere. By keyword, what is to come:
+//   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
+//                                    Engag_tempo and Relais_tempo, then frm_engag, title
+//                                    "Définition des engagements"
 //   "disk"                           the runner with createdisk.clscreate_disk, title
 //                                    "Création Fichiers Engagements", keyword "disk"
 //   "Imprim convoc"                  frm_convocation
@@ -21,11 +39,14 @@ namespace plouvarine {
 //                                    "Importer Résultats", keyword "impres"
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)
 {
+    const auto door = doors().constFind(keyword);
+    if (door != doors().cend()) {
+        (*door)(app, num);
+        return;
+    }
     if (keyword == plouvarine::keyword::kModifProg)
         OuvrirProg(app, QString(plouvarine::keyword::kModif), num, false, QStringLiteral("Programme compétition"),
                    QString(FrmListeCompet::kName));
-    else if (const HandoffTable::Run* run = app.handoffs.find(keyword))
-        (*run)(app, num);
 }
 
 }  // namespace plouvarine

@@ -3,6 +3,7 @@
 #include "src/base/text.h"
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
+#include "src/competitions/handoff.h"
 #include "src/competitions/liste_compet.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
@@ -12,8 +13,6 @@
 namespace plouvarine {
 
 namespace {
-
-constexpr int kMaxTeams = 49;
 
 // A flag raised for the length of a scope.
 class Raised {
@@ -26,19 +25,12 @@ private:
     bool old_;
 };
 
-int team_count(const QString& text)
-{
-    return qBound(0, text.trimmed().toInt(), kMaxTeams);
-}
-
 }  // namespace
 
 FrmEngag::FrmEngag(AppContext& app, const QString& mode, const QString& key, bool modele)
-    : View(app, QString(kName)), mode_(mode), key_(key), modele_(modele)
+    : View(app, QString(kName)), mode_(mode), key_(key), modele_(modele),
+      scope_(modele ? EntryScope::model(key) : EntryScope::competition(key, app.state.profile_num))
 {
-    target_.key = key;
-    target_.modele = modele;
-    target_.profile = app.state.profile_num;
     QObject::connect(&engag_selection_, &QItemSelectionModel::currentRowChanged, &engag_selection_,
                      [this](const QModelIndex& current) {
                          if (!loading_ && current.isValid())
@@ -46,23 +38,11 @@ FrmEngag::FrmEngag(AppContext& app, const QString& mode, const QString& key, boo
                      });
 }
 
-QString FrmEngag::key_test(const QString& table) const
-{
-    if (modele_)
-        return table + QStringLiteral(".Num_modele = ") + key_;
-    return table + QStringLiteral(".Num_compet = ") + key_ + QStringLiteral(" and ") + table +
-           QStringLiteral(".Num_profil = ") + target_.profile;
-}
-
 void FrmEngag::Remplir_Info_Engag()
 {
     AppContext& a = app();
     try {
-        const QString table = modele_ ? QStringLiteral("Engag_equipe_modele") : QStringLiteral("Engag_equipe");
-        const Rows counts = a.db.load_rows(QStringLiteral("SELECT Eq_Homme, Eq_Femme, Eq_Mixte") +
-                                           QStringLiteral(" FROM ") + table + QStringLiteral(" where ") +
-                                           key_test(table));
-        fill_teams(team_count(counts.first(0)), team_count(counts.first(1)), team_count(counts.first(2)));
+        show_counts(read_counts(a, scope_));
         several_clubs_ = a.db.count_query(QStringLiteral("select count(*) from Club")) > 1;
         events_ = ChargerEpreuves(a.db);
         if (!modele_) {
@@ -77,13 +57,31 @@ void FrmEngag::Remplir_Info_Engag()
     set_team(0);
 }
 
-void FrmEngag::fill_teams(int hommes, int femmes, int mixtes)
+void FrmEngag::show_counts(const TeamCounts& counts)
 {
-    teams_ = {kIndividuel};
-    const std::pair<int, const char*> kinds[] = {{hommes, "Homme"}, {femmes, "Femme"}, {mixtes, "Mixte"}};
-    for (const auto& [count, kind] : kinds)
-        for (int n = 1; n <= count; ++n)
-            teams_ << QStringLiteral("Equipe ") + QString::number(n) + QLatin1Char(' ') + QLatin1String(kind);
+    teams_ = team_list(counts);
+    txt_nb_equipe[0] = QString::number(counts.homme);
+    txt_nb_equipe[1] = QString::number(counts.femme);
+    txt_nb_equipe[2] = QString::number(counts.mixte);
+}
+
+void FrmEngag::cmd_def_team()
+{
+    if (!def_team_enabled())
+        return;
+    AppContext& a = app();
+    save_current();
+    swimmer_.clear();
+    const TeamCounts typed{count_from_field(txt_nb_equipe[0]), count_from_field(txt_nb_equipe[1]),
+                           count_from_field(txt_nb_equipe[2])};
+    apply_counts(a, scope_, typed);
+    try {
+        show_counts(read_counts(a, scope_));
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, QString(), &e);
+    }
+    team_index_ = -1;
+    set_team(0);
 }
 
 void FrmEngag::SetAccessControleForModele()
@@ -121,21 +119,7 @@ void FrmEngag::set_team(int index)
         return;
     save_current();
     team_index_ = index;
-    const QString team = teams_[index];
-    target_.equipe = 0;
-    target_.mixte = false;
-    sexe_.clear();
-    if (team != kIndividuel) {
-        const QStringList parts = team.mid(QStringLiteral("Equipe ").size()).split(QLatin1Char(' '));
-        target_.equipe = parts.value(0).toInt();
-        const QString kind = parts.value(1);
-        if (kind == QLatin1String("Homme"))
-            sexe_ = QStringLiteral("M");
-        else if (kind == QLatin1String("Femme"))
-            sexe_ = QStringLiteral("F");
-        else
-            target_.mixte = true;
-    }
+    team_ = parse_team(teams_[index]);
     swimmer_.clear();
     PurgeInfoEngagementNageur();
     fill_lists();
@@ -145,57 +129,20 @@ void FrmEngag::set_team(int index)
 void FrmEngag::fill_lists()
 {
     AppContext& a = app();
-    const QString t = modele_ ? QStringLiteral("Engag_nageur_modele") : QStringLiteral("Engag_nageur");
-    const QString n = QString::number(target_.equipe);
-    const QString flag = bool_text(target_.mixte);
     Raised loading(loading_);
     engag_.clear();
     licencie_.clear();
     try {
         QStringList headers{QStringLiteral("Nom"), QStringLiteral("Prénom"), QStringLiteral("Licence")};
-        if (several_clubs_)
-            headers << QStringLiteral("Club Origine");
-        const QString sql =
-            QStringLiteral("SELECT Licence.Nom, Licence.Prenom, Licence.Licence, ") +
-            (several_clubs_ ? QStringLiteral("Club.Intitule,") : QString()) + QStringLiteral(" Licence.Num ") +
-            QStringLiteral("FROM Licence Licence") + QStringLiteral(",Club Club") + QStringLiteral(", ") + t +
-            QStringLiteral(" ") + t + QStringLiteral(" WHERE ") +
-            QStringLiteral("Club.Code_federal = Licence.Code_Club AND ") + QStringLiteral("Licence.Num = ") + t +
-            QStringLiteral(".Num_Lic AND ") + key_test(t) + QStringLiteral(" AND ") + t + QStringLiteral(".Equipe = ") +
-            n + QStringLiteral(" AND ") + t + QStringLiteral(".Equipe_m = ") + flag +
-            (sexe_.isEmpty() ? QString() : QStringLiteral(" AND Licence.Sexe = '") + sexe_ + QStringLiteral("'")) +
-            QStringLiteral(" AND Licence.Visible = true ORDER BY Licence.Nom, Licence.Prenom");
         std::vector<int> columns{0, 1, 2};
-        if (several_clubs_)
+        if (several_clubs_) {
+            headers << QStringLiteral("Club Origine");
             columns.push_back(3);
-        fill_collections(a.db, sql, {{&engag_, columns, several_clubs_ ? 4 : 3, false}});
-        engag_.setHorizontalHeaderLabels(headers);
-
-        // Individuals and members of this team stay among those who can be added.
-        const QString other_teams = QStringLiteral(" AND NOT (") + QStringLiteral("Num IN ") +
-                                    QStringLiteral("(SELECT Num_Lic FROM ") + t + QStringLiteral(" WHERE ") +
-                                    key_test(t) + QStringLiteral(" AND NOT (") + t +
-                                    QStringLiteral(".Equipe = 0 AND ") + t + QStringLiteral(".Equipe_m = false) AND not (") +
-                                    t + QStringLiteral(".Equipe = ") + n + QStringLiteral(" AND ") + t +
-                                    QStringLiteral(".Equipe_m = ") + flag + QStringLiteral(")))");
-        QString free;
-        if (a.state.club_selection) {
-            free = QStringLiteral("SELECT Licence.Licence, Licence.Nom, Licence.Prenom, Licence.Num, Club.Intitule ") +
-                   QStringLiteral("FROM Club Club, Licence Licence, Selection Selection ") +
-                   QStringLiteral("WHERE Club.Code_federal = Licence.Code_club and Licence.Num = Selection.Num_Lic and ") +
-                   QStringLiteral("Selection.Code_Sel =  '") + quote_sql(a.state.club_code) +
-                   QStringLiteral("' and Selection.Visible = true and Licence.Visible = true");
-            QString licence_num = other_teams;
-            licence_num.replace(QStringLiteral(" AND NOT (Num IN "), QStringLiteral(" AND NOT (Licence.Num IN "));
-            free += licence_num;
-        } else {
-            free = QStringLiteral("SELECT Licence, Nom, Prenom, Num FROM Licence ") + QStringLiteral("where Code_Club = '") +
-                   quote_sql(a.state.club_code) + QStringLiteral("' and Visible = true") + other_teams;
         }
-        if (!sexe_.isEmpty())
-            free += QStringLiteral(" and ") + QStringLiteral("Sexe = '") + sexe_ + QStringLiteral("'");
-        free += QStringLiteral(" order by ") + QStringLiteral("Nom, ") + QStringLiteral("Prenom");
-        fill_collections(a.db, free, {{&licencie_, {0, 1, 2}, 3, false}});
+        fill_collections(a.db, team_members_sql(scope_, team_, several_clubs_),
+                         {{&engag_, columns, several_clubs_ ? 4 : 3, false}});
+        engag_.setHorizontalHeaderLabels(headers);
+        fill_collections(a.db, team_candidates_sql(a, scope_, team_), {{&licencie_, {0, 1, 2}, 3, false}});
         licencie_.setHorizontalHeaderLabels({QStringLiteral("Licence"), QStringLiteral("Nom"), QStringLiteral("Prénom")});
         for (int r = 0; r < licencie_.rowCount(); ++r)
             licencie_.item(r, 0)->setData(licencie_.item(r, 1)->text() + QLatin1Char(' ') + licencie_.item(r, 2)->text(),
@@ -227,7 +174,7 @@ void FrmEngag::on_swimmer(int row)
     swimmer_ = num;
     status_text(a.ui, QStringLiteral("Affichage des engagements du nageur en cours"));
     try {
-        AfficherEngagNageur(a.db, target_, swimmer_, events_, panel_);
+        AfficherEngagNageur(a.db, scope_, team_, swimmer_, events_, panel_);
         if (!modele_)
             tab_perf_ = ChercherPerfs(a.db, swimmer_, debut_perf_);
     } catch (const std::exception& e) {
@@ -247,7 +194,7 @@ void FrmEngag::save_current()
 {
     if (mode_ == keyword::kView || swimmer_.isEmpty())
         return;
-    SaveEngagNageur(app(), target_, swimmer_, events_, panel_);
+    SaveEngagNageur(app(), scope_, team_, swimmer_, events_, panel_);
 }
 
 void FrmEngag::set_checked(int row, bool checked)
@@ -327,55 +274,23 @@ void FrmEngag::Cmd_add()
     if (!edit_enabled_)
         return;
     AppContext& a = app();
-    QStringList added;
     std::vector<int> rows;
     for (const QModelIndex& index : licencie_selection_.selectedRows())
         rows.push_back(index.row());
     if (rows.empty())
         if (const QModelIndex current = licencie_selection_.currentIndex(); current.isValid())
             rows.push_back(current.row());
-    try {
-        const QString t = modele_ ? QStringLiteral("Engag_nageur_modele") : QStringLiteral("Engag_nageur");
-        const QString n = QString::number(target_.equipe);
-        const QString flag = bool_text(target_.mixte);
-        for (int row : rows) {
-            const QString num = row_key(licencie_, row);
-            if (num.isEmpty())
-                continue;
-            const QString count =
-                modele_ ? QStringLiteral("select count(*) from Engag_nageur_modele ") +
-                              QStringLiteral("where Num_modele = ") + key_ + QStringLiteral(" And Num_Lic = ") + num
-                        : QStringLiteral("select count(*) from Engag_nageur where Num_compet = ") + key_ +
-                              QStringLiteral(" and Num_Lic = ") + num + QStringLiteral(" and Num_profil = ") +
-                              target_.profile;
-            if (a.db.count_query(count) < 1) {
-                if (modele_)
-                    a.db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur_modele (Num_modele") +
-                                  QStringLiteral(", Num_Lic") + QStringLiteral(", Equipe, Equipe_m") +
-                                  QStringLiteral(") ") + QStringLiteral("VALUES (") + key_ + QStringLiteral(", ") +
-                                  num + QStringLiteral(", ") + n + QStringLiteral(", ") + flag + QStringLiteral(");"));
-                else
-                    a.db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur (Num_profil, Num_compet") +
-                                  QStringLiteral(", Num_Lic") + QStringLiteral(", Equipe, Equipe_m") +
-                                  QStringLiteral(") ") + QStringLiteral("VALUES (") + target_.profile +
-                                  QStringLiteral(", ") + key_ + QStringLiteral(", ") + num + QStringLiteral(", ") + n +
-                                  QStringLiteral(", ") + flag + QStringLiteral(");"));
-            } else {
-                // AffecterEquipe: the swimmer was an individual or in this team.
-                a.db.exec_sql(QStringLiteral("Update ") + t + QStringLiteral(" Set ") + QStringLiteral("Equipe = ") + n +
-                              QStringLiteral(", Equipe_m = ") + flag + QStringLiteral(" where Num_Lic = ") + num +
-                              (modele_ ? QStringLiteral(" and Num_modele = ") + key_
-                                       : QStringLiteral(" and Num_compet = ") + key_ +
-                                             QStringLiteral(" and Num_profil = ") + target_.profile));
-            }
-            added << num;
-        }
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, QStringLiteral("Une erreur s'est produite lors de l'opération."), &e);
+    QStringList added;
+    for (int row : rows) {
+        const QString num = row_key(licencie_, row);
+        if (num.isEmpty() || !AjouterDansEquipe(a, scope_, num, team_))
+            break;
+        added << num;
     }
     if (added.isEmpty())
         return;
-    // The lists are read again: the swimmers move from right to left.
+    // The lists are read again: the swimmers move from right to left, and the
+    // last one added is shown.
     const QString shown = swimmer_;
     save_current();
     swimmer_.clear();
@@ -396,20 +311,15 @@ void FrmEngag::delete_key()
     const QString num = swimmer_;
     const QModelIndex current = engag_selection_.currentIndex();
     const int row = current.isValid() ? current.row() : 0;
-    try {
-        a.db.exec_sql(EffacerEngagNageurSql(target_, num));
-        const QString t = modele_ ? QStringLiteral("Engag_nageur_modele") : QStringLiteral("Engag_nageur");
-        const QString where = QStringLiteral(" where Num_Lic = ") + num + QStringLiteral(" and ") + key_test(t);
-        // A swimmer taken out of "Individuel" has neither team nor entries
-        // left: his row goes, as the end of the pass would take it.
-        if (target_.equipe == 0 && !target_.mixte)
-            a.db.exec_sql(QStringLiteral("Delete from ") + t + where);
-        else
-            a.db.exec_sql(QStringLiteral("Update ") + t + QStringLiteral(" Set Equipe = 0, Equipe_m = false") + where);
-        if (!modele_)
-            RetirerDesRelais(a, num, key_, target_.equipe, target_.mixte, target_.profile);
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, QStringLiteral("Une erreur s'est produite lors de l'opération."), &e);
+    if (RetirerDeLEquipe(a, scope_, num, team_) && team_.individual()) {
+        // Taken out of "Individuel" he has neither team nor entries left: his
+        // row goes now, as the end of the pass would take it.
+        try {
+            EffacerTable(a, scope_.nageur_table(), QStringLiteral("Num_Lic = ") + num + QStringLiteral(" and ") +
+                                                       scope_.key_where());
+        } catch (const std::exception& e) {
+            msg_erreur(a.ui, QStringLiteral("Une erreur s'est produite lors de l'opération."), &e);
+        }
     }
     swimmer_.clear();
     PurgeInfoEngagementNageur();
@@ -426,11 +336,11 @@ void FrmEngag::cmd_ok()
     const bool modele_wanted = !modele_ && Chk_DoModele && mode_ != keyword::kView;
     const QString key = key_;
     finish();
-    // The entries go on into a new model once this pass has ended, through the
-    // model list that the entry models register.
+    // The entries go on into a new model once this pass has ended: the door of
+    // "modele depuis engagement" is the model list, which the entry models
+    // register.
     if (modele_wanted)
-        if (const HandoffTable::Run* run = a.handoffs.find(QString(keyword::kModeleDepuisEngagement)))
-            (*run)(a, key);
+        competition_chosen(a, QString(keyword::kModeleDepuisEngagement), key);
 }
 
 void FrmEngag::cmd_annuler()
@@ -441,11 +351,15 @@ void FrmEngag::cmd_annuler()
         try {
             if (mode_ == kNewModele) {
                 a.db.exec_sql(QStringLiteral("DELETE from Modele_engag where NumAuto = ") + key_);
-            } else if (modele_) {
-                RecopierModele(a.db, key_);
             } else {
-                CopierVersTempo(a.db, target_.profile, key_, true);
-                CopierEtat(a.db, QStringLiteral("Relais"), QStringLiteral("Relais_tempo"), target_.profile, key_);
+                undo_team_pass(a, scope_);
+                if (modele_) {
+                    RecopierModele(a, key_);
+                } else {
+                    EffacerTable(a, QStringLiteral("Engag"), scope_.key_where());
+                    if (CopierVersTempo(a, scope_.profile, key_, true))
+                        CopierEtat(a, QStringLiteral("Relais"), QStringLiteral("Relais_tempo"), scope_.profile, key_);
+                }
             }
         } catch (const std::exception& e) {
             msg_erreur(a.ui, QString(), &e);
@@ -460,6 +374,8 @@ void FrmEngag::finish()
     status_text(a.ui, QStringLiteral("Suppression des données temporaires"));
     try {
         if (a.db.is_open()) {
+            if (mode_ != kNewModele && mode_ != keyword::kView)
+                end_team_pass(a, scope_);
             a.db.clear_table(QStringLiteral("Engag_tempo"));
             a.db.clear_table(QStringLiteral("Relais_tempo"));
         }
@@ -498,18 +414,20 @@ FrmEngag* OuvrirEngag(AppContext& app, const QString& mode, const QString& key, 
 void EngagerCompetition(AppContext& app, const QString& compet, const QString& caller)
 {
     try {
-        CopierVersTempo(app.db, app.state.profile_num, compet);
-        CopierEtat(app.db, QStringLiteral("Relais_tempo"), QStringLiteral("Relais"), app.state.profile_num, compet);
+        snap_pass(app, EntryScope::competition(compet, app.state.profile_num));
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QString(), &e);
         return;
     }
+    if (!CopierVersTempo(app, app.state.profile_num, compet) ||
+        !CopierEtat(app, QStringLiteral("Relais_tempo"), QStringLiteral("Relais"), app.state.profile_num, compet))
+        return;
     OuvrirEngag(app, QString(keyword::kModif), compet, QStringLiteral("Définition des engagements"), false, caller);
 }
 
-void install_entries_handoffs(AppContext& app)
+void install_entries_handoff()
 {
-    app.handoffs.add(QString(keyword::kChoixPourEngagements), [](AppContext& a, const QString& compet) {
+    set_competition_door(QString(keyword::kChoixPourEngagements), [](AppContext& a, const QString& compet) {
         EngagerCompetition(a, compet, QString(FrmListeCompet::kName));
     });
 }

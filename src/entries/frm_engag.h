@@ -20,7 +20,6 @@ class FrmEngag : public View {
 public:
     static constexpr QLatin1String kName{"frm_engag"};
     static constexpr QLatin1String kNewModele{"new modele"};
-    static inline const QString kIndividuel = QStringLiteral("Individuel");
     // The role of lsv_licencie's first item holding "Nom Prénom", what the
     // search matches.
     static constexpr int kNomPrenomRole = Qt::UserRole + 2;
@@ -45,9 +44,7 @@ public:
     int team_index() const { return team_index_; }
     // Saves the swimmer on show, then lists the swimmers of the team chosen.
     void set_team(int index);
-    int equipe() const { return target_.equipe; }
-    bool equipe_m() const { return target_.mixte; }
-    const QString& sexe() const { return sexe_; }
+    const Team& team() const { return team_; }
 
     // lsv_engag: "Nom", "Prénom", "Licence" (and "Club Origine" when the base
     // holds several clubs); the key of a row is Licence.Num.
@@ -96,14 +93,21 @@ public:
     bool search_enabled() const { return edit_enabled_; }
     bool add_enabled() const { return edit_enabled_; }
     bool save_enabled() const { return edit_enabled_; }
-    bool def_team_enabled() const { return edit_enabled_ && !modele_; }
+    bool def_team_enabled() const { return edit_enabled_; }
     bool fields_visible() const { return !modele_; }
 
     // "Faire un modèle", only in a competition: on command 0 the entries go on
-    // into a new model, through what app.handoffs holds for "modele depuis
+    // into a new model, through the competition list's door of "modele depuis
     // engagement" (the model list, registered by the entry models).
     bool Chk_DoModele = false;
     bool chk_domodele_visible() const { return !modele_ && mode_ != QLatin1String("View"); }
+
+    // txt_nb_equipe(0) to (2): the men's, women's and mixed team counts, as
+    // typed; cmd_def_team applies them (a lowered count sends the swimmers,
+    // entries and relays of the teams above it back to individual) and shows
+    // "Individuel".
+    QString txt_nb_equipe[3];
+    void cmd_def_team();
 
     // Command 0 keeps the pass, command 1 undoes it; both then clear the
     // work tables and close.
@@ -112,20 +116,19 @@ public:
     bool query_close() override;
 
 private:
-    void fill_teams(int hommes, int femmes, int mixtes);
+    void show_counts(const TeamCounts& counts);
     void fill_lists();
     void on_swimmer(int row);
     void PurgeInfoEngagementNageur();
     void save_current();
     void finish();
-    QString key_test(const QString& table) const;
     EngagRow& row_at(int row) { return panel_[size_t(row)]; }
 
     QString mode_;
     QString key_;
     bool modele_;
-    EngagTarget target_;
-    QString sexe_;
+    EntryScope scope_;
+    Team team_;
     int longueur_ = 25;
     QString debut_perf_;
     bool several_clubs_ = false;
@@ -153,11 +156,11 @@ FrmEngag* OuvrirEngag(AppContext& app, const QString& mode, const QString& key, 
                       const QString& caller = {});
 
 // The hand-over of the competition list in "Choix pour engagements": the
-// competition's entries and relays copied to the work tables, then frm_engag,
-// "Définition des engagements".
+// snapshots of the teams, the competition's entries and relays copied to the
+// work tables, then frm_engag, "Définition des engagements".
 void EngagerCompetition(AppContext& app, const QString& compet, const QString& caller);
 
-// Plugs the entry windows into the competition list.
-void install_entries_handoffs(AppContext& app);
+// Makes "Choix pour engagements" of the competition list open the entries.
+void install_entries_handoff();
 
 }  // namespace plouvarine

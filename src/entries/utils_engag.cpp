@@ -66,33 +66,27 @@ TabPerf ChercherPerfs(Database& db, const QString& swimmer, const QString& debut
     return tab;
 }
 
-QString TeamFilter(int equipe, bool mixte)
+QString AfficherEngagSql(const EntryScope& scope, const Team& team, const QString& swimmer)
 {
-    return QStringLiteral(" and Num_equipe = ") + QString::number(equipe) + QStringLiteral(" and Equipe_mixte = ") +
-           bool_text(mixte);
-}
-
-QString AfficherEngagSql(const EngagTarget& t, const QString& swimmer)
-{
-    if (t.modele)
-        return QStringLiteral("select Code_epreuve from Engag_modele ") + QStringLiteral("where Num_modele = ") + t.key +
-               QStringLiteral(" and Num_Lic = ") + swimmer + TeamFilter(t.equipe, t.mixte);
+    if (scope.modele)
+        return QStringLiteral("select Code_epreuve from Engag_modele ") + QStringLiteral("where Num_modele = ") +
+               scope.key + QStringLiteral(" and Num_Lic = ") + swimmer + team.filter();
     return QStringLiteral("select Code_epreuve, Tps_engagement, Lieu_perf, Date_perf, Bassin from Engag ") +
-           QStringLiteral("where Num_compet = ") + t.key + QStringLiteral(" and Num_Lic = ") + swimmer +
-           QStringLiteral(" and Num_profil = ") + t.profile + TeamFilter(t.equipe, t.mixte);
+           QStringLiteral("where Num_compet = ") + scope.key + QStringLiteral(" and Num_Lic = ") + swimmer +
+           QStringLiteral(" and Num_profil = ") + scope.profile + team.filter();
 }
 
-void AfficherEngagNageur(Database& db, const EngagTarget& t, const QString& swimmer, const PanelEvents& events,
-                         EngagPanel& panel)
+void AfficherEngagNageur(Database& db, const EntryScope& scope, const Team& team, const QString& swimmer,
+                         const PanelEvents& events, EngagPanel& panel)
 {
-    const Rows rows = db.load_rows(AfficherEngagSql(t, swimmer));
+    const Rows rows = db.load_rows(AfficherEngagSql(scope, team, swimmer));
     for (int r = 0; r < rows.size(); ++r) {
         const int row = RowOfCode(rows.value(r, 0).toInt());
         if (row < 0 || row >= kPanelRows)
             continue;
         EngagRow& entry = panel[size_t(row)];
         entry.checked = true;
-        if (t.modele)
+        if (scope.modele)
             continue;
         entry.temps = normalise_temps(rows.value(r, 1));
         entry.lieu = rows.value(r, 2);
@@ -101,17 +95,8 @@ void AfficherEngagNageur(Database& db, const EngagTarget& t, const QString& swim
     }
 }
 
-QString EffacerEngagNageurSql(const EngagTarget& t, const QString& swimmer)
-{
-    if (t.modele)
-        return QStringLiteral("delete from Engag_modele where Num_modele = ") + t.key + QStringLiteral(" and Num_Lic = ") +
-               swimmer + TeamFilter(t.equipe, t.mixte);
-    return QStringLiteral("delete from Engag where Num_compet = ") + t.key + QStringLiteral(" and Num_Lic = ") + swimmer +
-           QStringLiteral(" and Num_profil = ") + t.profile + TeamFilter(t.equipe, t.mixte);
-}
-
-QString InsertEngagSql(const EngagTarget& t, const QString& swimmer, int offset, int row, const EngagRow& entry,
-                       bool possible_50)
+QString InsertEngagSql(const EntryScope& t, const Team& team, const QString& swimmer, int offset, int row,
+                       const EngagRow& entry, bool possible_50)
 {
     QString sql = t.modele ? QStringLiteral("INSERT INTO Engag_modele") : QStringLiteral("INSERT INTO Engag");
     sql += QStringLiteral(" (Code_epreuve") + QStringLiteral(", Num_Lic") + QStringLiteral(", Num_equipe, Equipe_mixte");
@@ -121,7 +106,7 @@ QString InsertEngagSql(const EngagTarget& t, const QString& swimmer, int offset,
     // The column list closes before VALUES.
     sql += QStringLiteral(")") + QStringLiteral(" VALUES (");
     sql += QString::number(row + offset) + QStringLiteral(", ") + swimmer + QStringLiteral(", ") +
-           QString::number(t.equipe) + QStringLiteral(", ") + bool_text(t.mixte);
+           QString::number(team.number) + QStringLiteral(", ") + bool_text(team.mixed);
     if (t.modele)
         return sql + QStringLiteral(", ") + t.key + QStringLiteral(")");
     sql += QStringLiteral(", ") + t.profile + QStringLiteral(", ") + t.key;
@@ -139,8 +124,8 @@ QString InsertEngagSql(const EngagTarget& t, const QString& swimmer, int offset,
     return sql + QStringLiteral(")");
 }
 
-bool SaveEngagNageur(AppContext& app, const EngagTarget& t, const QString& swimmer, const PanelEvents& events,
-                     const EngagPanel& panel)
+bool SaveEngagNageur(AppContext& app, const EntryScope& scope, const Team& team, const QString& swimmer,
+                     const PanelEvents& events, const EngagPanel& panel)
 {
     status_text(app.ui, QStringLiteral("Sauvegarde des engagements du nageur en cours"));
     bool ok = true;
@@ -148,10 +133,10 @@ bool SaveEngagNageur(AppContext& app, const EngagTarget& t, const QString& swimm
         const QString sexe =
             app.db.load_rows(QStringLiteral("select Sexe from Licence where Num = ") + swimmer).first();
         const int offset = CodeOffset(sexe);
-        app.db.exec_sql(EffacerEngagNageurSql(t, swimmer));
+        EffacerEngagNageur(app, scope, swimmer, team);
         for (int row = 0; row < kPanelRows; ++row)
             if (panel[size_t(row)].checked)
-                app.db.exec_sql(InsertEngagSql(t, swimmer, offset, row, panel[size_t(row)],
+                app.db.exec_sql(InsertEngagSql(scope, team, swimmer, offset, row, panel[size_t(row)],
                                                events[size_t(row)].possible_50));
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements."), &e);
@@ -161,35 +146,21 @@ bool SaveEngagNageur(AppContext& app, const EngagTarget& t, const QString& swimm
     return ok;
 }
 
-void CopierEtat(Database& db, const QString& table, const QString& source, const QString& profile,
-                const QString& compet)
-{
-    db.exec_sql(QStringLiteral("Delete from ") + table + QStringLiteral(" where Num_profil = ") + profile +
-                QStringLiteral(" and Num_compet = ") + compet);
-    db.exec_sql(QStringLiteral("INSERT INTO ") + table + QStringLiteral(" ") + QStringLiteral("SELECT ") + source +
-                QStringLiteral(".* ") + QStringLiteral("From ") + source + QStringLiteral(" ") +
-                QStringLiteral("WHERE (((") + source + QStringLiteral(".Num_profil) = ") + profile +
-                QStringLiteral(") AND ((") + source + QStringLiteral(".Num_compet)= ") + compet + QStringLiteral("));"));
-}
-
-void CopierVersTempo(Database& db, const QString& profile, const QString& compet, bool back)
+bool CopierVersTempo(AppContext& app, const QString& profile, const QString& compet, bool back)
 {
     const QString engag = QStringLiteral("Engag");
     const QString tempo = QStringLiteral("Engag_tempo");
-    if (back)
-        CopierEtat(db, engag, tempo, profile, compet);
-    else
-        CopierEtat(db, tempo, engag, profile, compet);
+    return back ? CopierEtat(app, engag, tempo, profile, compet) : CopierEtat(app, tempo, engag, profile, compet);
 }
 
-void RecopierModele(Database& db, const QString& modele)
+void RecopierModele(AppContext& app, const QString& modele)
 {
-    db.exec_sql(QStringLiteral("Delete from Engag_modele where Num_modele = ") + modele);
-    db.exec_sql(QStringLiteral("INSERT INTO Engag_modele ( Num_modele, Code_epreuve, Num_Lic, Num_equipe, "
-                               "Equipe_mixte ) ") +
-                QStringLiteral("SELECT Engag_tempo.Num_compet, Engag_tempo.Code_epreuve, Engag_tempo.Num_Lic, "
-                               "Engag_tempo.Num_equipe, Engag_tempo.Equipe_mixte ") +
-                QStringLiteral("FROM Engag_tempo ") + QStringLiteral("WHERE Engag_tempo.Num_compet = ") + modele);
+    EffacerTable(app, QStringLiteral("Engag_modele"), QStringLiteral("Num_modele = ") + modele);
+    app.db.exec_sql(QStringLiteral("INSERT INTO Engag_modele ( Num_modele, Code_epreuve, Num_Lic, Num_equipe, "
+                                   "Equipe_mixte ) ") +
+                    QStringLiteral("SELECT Engag_tempo.Num_compet, Engag_tempo.Code_epreuve, Engag_tempo.Num_Lic, "
+                                   "Engag_tempo.Num_equipe, Engag_tempo.Equipe_mixte ") +
+                    QStringLiteral("FROM Engag_tempo ") + QStringLiteral("WHERE Engag_tempo.Num_compet = ") + modele);
 }
 
 }  // namespace plouvarine

@@ -7,6 +7,8 @@
 // panel works on the woman's code, its row; a swimmer's rows become codes by
 // his offset (50 for "M", else 0).
 
+#include "src/entries/teams.h"
+
 #include <QString>
 #include <array>
 
@@ -51,18 +53,6 @@ QString ChercherPerfsSql(const QString& swimmer, const QString& debut_perf);
 // times the first the base returns.
 TabPerf ChercherPerfs(Database& db, const QString& swimmer, const QString& debut_perf);
 
-// Where the entries go: a competition of the current profile, or a model; and
-// the team (0 and not mixed: individual).
-struct EngagTarget {
-    QString key;  // Rcomp.AutoNum, or Modele_engag.NumAuto when `modele`
-    bool modele = false;
-    QString profile;  // Profil.Num; unused for a model
-    int equipe = 0;
-    bool mixte = false;
-};
-// " and Num_equipe = n and Equipe_mixte = flag".
-QString TeamFilter(int equipe, bool mixte);
-
 // One row of the panel as the person fills it. In a model only `checked`
 // counts.
 struct EngagRow {
@@ -76,33 +66,29 @@ struct EngagRow {
 };
 using EngagPanel = std::array<EngagRow, kPanelRows>;
 
-QString AfficherEngagSql(const EngagTarget& target, const QString& swimmer);
+// The swimmer's entries in `team`, a competition's or a model's.
+QString AfficherEngagSql(const EntryScope& scope, const Team& team, const QString& swimmer);
 // The swimmer's stored entries into `panel` (which the caller has emptied).
 // A stored 50 m pool shows only on a row that has the 50 m option.
-void AfficherEngagNageur(Database& db, const EngagTarget& target, const QString& swimmer, const PanelEvents& events,
-                         EngagPanel& panel);
+void AfficherEngagNageur(Database& db, const EntryScope& scope, const Team& team, const QString& swimmer,
+                         const PanelEvents& events, EngagPanel& panel);
 
-QString EffacerEngagNageurSql(const EngagTarget& target, const QString& swimmer);
 // The INSERT of one ticked row: the code is `row` plus the swimmer's offset.
 // A time that is empty or not above 0 goes as 0; a date only when the three
 // fields make one; the pool 50 only on a row that has the option.
-QString InsertEngagSql(const EngagTarget& target, const QString& swimmer, int offset, int row, const EngagRow& entry,
-                       bool possible_50);
+QString InsertEngagSql(const EntryScope& scope, const Team& team, const QString& swimmer, int offset, int row,
+                       const EngagRow& entry, bool possible_50);
 // Replaces the swimmer's rows of the team by the ticked rows of `panel`. On an
 // error "Une erreur s'est produite lors de la sauvegarde des engagements." is
 // shown and the rows written so far stay: false.
-bool SaveEngagNageur(AppContext& app, const EngagTarget& target, const QString& swimmer,
+bool SaveEngagNageur(AppContext& app, const EntryScope& scope, const Team& team, const QString& swimmer,
                      const PanelEvents& events, const EngagPanel& panel);
 
-// The snapshot of a table's rows of one competition and profile into another
-// table of the same columns: the target's rows of that competition are deleted
-// first. The engine's errors go to the caller.
-void CopierEtat(Database& db, const QString& table, const QString& source, const QString& profile,
-                const QString& compet);
-// The entries of a competition into Engag_tempo (or back with `back`).
-void CopierVersTempo(Database& db, const QString& profile, const QString& compet, bool back = false);
+// The entries of a competition into Engag_tempo (or back with `back`), through
+// CopierEtat. False, with the message shown, on failure.
+bool CopierVersTempo(AppContext& app, const QString& profile, const QString& compet, bool back = false);
 // A model's entries back from Engag_tempo, where the model number stands in
-// Num_compet.
-void RecopierModele(Database& db, const QString& modele);
+// Num_compet. The engine's errors go to the caller.
+void RecopierModele(AppContext& app, const QString& modele);
 
 }  // namespace plouvarine

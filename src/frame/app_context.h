@@ -49,8 +49,6 @@ public:
     WindowRegistry windows{*this};
     // The menu commands that the frame and each subject register.
     CommandTable commands;
-    // The windows that a list's chosen row opens, registered by their subject.
-    HandoffTable handoffs;
 
     // The application folder: the folder of the executable.
     const QString& app_dir() const { return app_dir_; }

@@ -28,22 +28,4 @@ private:
     QHash<QString, Run> runs_;
 };
 
-// What a list window hands its chosen row to, by the list's keyword: the
-// subject that owns the window to open registers it, so that a list low in
-// the layers can open a window of a subject above it.
-class HandoffTable {
-public:
-    using Run = std::function<void(AppContext&, const QString& key)>;
-
-    void add(const QString& keyword, Run run) { runs_.insert(keyword, std::move(run)); }
-    const Run* find(const QString& keyword) const
-    {
-        const auto it = runs_.constFind(keyword);
-        return it == runs_.cend() ? nullptr : &*it;
-    }
-
-private:
-    QHash<QString, Run> runs_;
-};
-
 }  // namespace plouvarine

@@ -182,19 +182,19 @@ TEST_F(Engag, TheInsertOfOneRowRunsOnTheBaseForACompetitionAndForAModel)
 {
     const QString compet = competition(QStringLiteral("20250315"), 50);
     const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
-    EngagTarget target{compet, false, app->state.profile_num, 2, true};
+    const EntryScope target = EntryScope::competition(compet, app->state.profile_num);
+    const Team team{2, true, {}};
     EngagRow row{true, QStringLiteral("-1"), QStringLiteral("Saint-Malo l'été"), QStringLiteral("12"),
                  QStringLiteral("13"), QStringLiteral("2024"), true};
     // A negative time goes as 0, a date that can't be one as none, the 50 m
     // only where the row has it.
-    exec(InsertEngagSql(target, anna, 0, 20, row, false));
+    exec(InsertEngagSql(target, team, anna, 0, 20, row, false));
     EXPECT_EQ(entries(compet), QStringList{anna + QStringLiteral(":20:0::Saint-Malo l'été:25")});
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_equipe = 2 and Equipe_mixte = true")), 1);
 
     const QString modele =
         app->db.append_row(QStringLiteral("Modele_engag"), {{"Nom_modele", "Interclubs"}}, QStringLiteral("NumAuto"));
-    EngagTarget in_model{modele, true, app->state.profile_num, 0, false};
-    const QString sql = InsertEngagSql(in_model, anna, 50, 2, row, true);
+    const QString sql = InsertEngagSql(EntryScope::model(modele), Team{}, anna, 50, 2, row, true);
     EXPECT_FALSE(sql.contains(QStringLiteral("Tps_engagement")));
     EXPECT_FALSE(sql.contains(QStringLiteral("Bassin")));
     exec(sql);
@@ -282,7 +282,7 @@ TEST_F(Engag, TheDeleteKeyTakesTheSwimmerOutWithHisEntriesAndRelayPlaces)
 
 TEST_F(Engag, UndoingThePassBringsTheEntriesBackAndKeepingItKeepsThem)
 {
-    install_entries_handoffs(*app);
+    install_entries_handoff();
     const QString compet = competition(QStringLiteral("20250315"), 25);
     const QString other = competition(QStringLiteral("20250316"), 25);
     const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
@@ -317,17 +317,67 @@ TEST_F(Engag, UndoingThePassBringsTheEntriesBackAndKeepingItKeepsThem)
     EXPECT_EQ(ui.window(QStringLiteral("frm_engag")), nullptr);
     EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Annulation des modifications")));
 
+    // The end of the pass leaves no row for a swimmer in no team: the next
+    // pass enters her again, and finds her entries.
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur")), 0);
+
     // Kept: the changes stand and the work tables are empty.
     competition_chosen(*app, QString(keyword::kChoixPourEngagements), compet);
     view = ui.window_as<FrmEngag>(QStringLiteral("frm_engag"));
     ASSERT_NE(view, nullptr);
-    show(*view, anna);
+    EXPECT_EQ(view->lsv_engag().rowCount(), 0);
+    view->set_search_text(QStringLiteral("le gall"));
+    view->search_return();
+    ASSERT_EQ(view->swimmer(), anna);
+    EXPECT_TRUE(view->panel()[2].checked);
     view->set_checked(5, true);
     view->cmd_ok();
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_compet = %1 and Code_epreuve = 5").arg(compet)),
               1);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 0);
     EXPECT_EQ(ui.window(QStringLiteral("frm_engag")), nullptr);
+}
+
+TEST_F(Engag, ATeamChosenInTheListCarriesItsNumberIntoTheEntriesAndUndoBringsTheCountsBack)
+{
+    install_entries_handoff();
+    const QString compet = competition(QStringLiteral("20250315"), 25);
+    const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
+    const QString yann = swimmer(QStringLiteral("MORVAN"), QStringLiteral("Yann"), QStringLiteral("M"));
+    exec(QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme, Eq_Femme, Eq_Mixte) VALUES "
+                        "(%1, %2, 1, 0, 60)")
+             .arg(compet, app->state.profile_num));
+    competition_chosen(*app, QString(keyword::kChoixPourEngagements), compet);
+    auto* view = ui.window_as<FrmEngag>(QStringLiteral("frm_engag"));
+    ASSERT_NE(view, nullptr);
+    ASSERT_EQ(view->cbo_team().size(), 1 + 1 + 49);  // a count of 60 is read as 49
+    EXPECT_EQ(view->cbo_team()[1], QStringLiteral("Equipe 1 Homme"));
+    view->set_team(1);
+    // Only men may join a men's team.
+    ASSERT_EQ(view->lsv_licencie().rowCount(), 1);
+    EXPECT_EQ(row_key(view->lsv_licencie(), 0), yann);
+    view->set_search_text(QStringLiteral("morvan"));
+    view->search_return();
+    ASSERT_EQ(view->swimmer(), yann);
+    view->set_checked(2, true);
+    view->set_team(0);  // the swimmer on show is saved first
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_Lic = %1 and Code_epreuve = 52 and "
+                                   "Num_equipe = 1 and Equipe_mixte = false")
+                        .arg(yann)),
+              1);
+    EXPECT_EQ(view->lsv_engag().rowCount(), 0);
+    EXPECT_TRUE(find_key(view->lsv_licencie(), anna).has_value());
+    EXPECT_FALSE(find_key(view->lsv_licencie(), yann).has_value());  // he is in a team
+
+    // The men's team given up: he and his entry go back; undo restores all.
+    view->txt_nb_equipe[0] = QStringLiteral("0");
+    view->cmd_def_team();
+    EXPECT_EQ(view->team_index(), 0);
+    EXPECT_EQ(view->cbo_team().size(), 1 + 49);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_Lic = ") + yann), 0);
+    view->cmd_annuler();
+    EXPECT_EQ(value(QStringLiteral("select Eq_Homme || ':' || Eq_Mixte from Engag_equipe")), QStringLiteral("1:60"));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag")), 0);
 }
 
 TEST_F(Engag, TheViewModeChangesNothing)
@@ -357,7 +407,7 @@ TEST_F(Engag, AFailedSaveSaysSoAndKeepsWhatWasWritten)
 {
     const QString compet = competition(QStringLiteral("20250315"), 25);
     const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
-    EngagTarget target{compet, false, app->state.profile_num, 0, false};
+    const EntryScope target = EntryScope::competition(compet, app->state.profile_num);
     EngagPanel panel{};
     panel[1].checked = true;
     panel[2].checked = true;
@@ -365,7 +415,7 @@ TEST_F(Engag, AFailedSaveSaysSoAndKeepsWhatWasWritten)
     // The second insert is refused by the engine.
     exec(QStringLiteral("CREATE TRIGGER refuse_second BEFORE INSERT ON Engag WHEN NEW.Code_epreuve = 2 "
                         "BEGIN SELECT RAISE(ABORT, 'refused'); END"));
-    EXPECT_FALSE(SaveEngagNageur(*app, target, anna, ChargerEpreuves(app->db), panel));
+    EXPECT_FALSE(SaveEngagNageur(*app, target, Team{}, anna, ChargerEpreuves(app->db), panel));
     ASSERT_FALSE(ui.messages.empty());
     EXPECT_TRUE(ui.messages.back().text.contains(
         QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements.")));
