@@ -127,19 +127,25 @@ QString InsertEngagSql(const EntryScope& t, const Team& team, const QString& swi
 bool SaveEngagNageur(AppContext& app, const EntryScope& scope, const Team& team, const QString& swimmer,
                      const PanelEvents& events, const EngagPanel& panel)
 {
+    const QString failed = QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements.");
     status_text(app.ui, QStringLiteral("Sauvegarde des engagements du nageur en cours"));
     bool ok = true;
     try {
-        const QString sexe =
-            app.db.load_rows(QStringLiteral("select Sexe from Licence where Num = ") + swimmer).first();
-        const int offset = CodeOffset(sexe);
-        EffacerEngagNageur(app, scope, swimmer, team);
-        for (int row = 0; row < kPanelRows; ++row)
-            if (panel[size_t(row)].checked)
-                app.db.exec_sql(InsertEngagSql(scope, team, swimmer, offset, row, panel[size_t(row)],
-                                               events[size_t(row)].possible_50));
+        const Rows licence = app.db.load_rows(QStringLiteral("select Sexe from Licence where Num = ") + swimmer);
+        if (licence.empty()) {
+            // Deleted meanwhile in another window: nothing of his is written.
+            msg_erreur(app.ui, failed);
+            ok = false;
+        } else {
+            const int offset = CodeOffset(licence.first());
+            EffacerEngagNageur(app, scope, swimmer, team);
+            for (int row = 0; row < kPanelRows; ++row)
+                if (panel[size_t(row)].checked)
+                    app.db.exec_sql(InsertEngagSql(scope, team, swimmer, offset, row, panel[size_t(row)],
+                                                   events[size_t(row)].possible_50));
+        }
     } catch (const std::exception& e) {
-        msg_erreur(app.ui, QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements."), &e);
+        msg_erreur(app.ui, failed, &e);
         ok = false;
     }
     status_text(app.ui, QString());

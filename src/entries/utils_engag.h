@@ -78,9 +78,11 @@ void AfficherEngagNageur(Database& db, const EntryScope& scope, const Team& team
 // fields make one; the pool 50 only on a row that has the option.
 QString InsertEngagSql(const EntryScope& scope, const Team& team, const QString& swimmer, int offset, int row,
                        const EngagRow& entry, bool possible_50);
-// Replaces the swimmer's rows of the team by the ticked rows of `panel`. On an
-// error "Une erreur s'est produite lors de la sauvegarde des engagements." is
-// shown and the rows written so far stay: false.
+// Replaces the swimmer's rows of the team by the ticked rows of `panel`, the
+// codes by his sex as it stands now. On an error "Une erreur s'est produite
+// lors de la sauvegarde des engagements." is shown and the rows written so far
+// stay: false. A swimmer no longer in Licence is such an error, before
+// anything is written.
 bool SaveEngagNageur(AppContext& app, const EntryScope& scope, const Team& team, const QString& swimmer,
                      const PanelEvents& events, const EngagPanel& panel);
 

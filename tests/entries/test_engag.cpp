@@ -9,6 +9,9 @@
 #include "src/entries/utils_engag.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/frame/upgrade.h"
+
+#include <QFile>
 
 using namespace plouvarine;
 
@@ -176,6 +179,24 @@ TEST_F(Engag, TickedEventsProposeTimesAndReachEngagAsTheSelectionMoves)
                                    "Tps_engagement = 0.2812 and Bassin = 50 and Num_equipe = 0 and Equipe_mixte = false")
                         .arg(yann)),
               1);
+}
+
+TEST_F(Engag, ASwimmerWhoseSexChangedKeepsHisRowsUnderHisNewCodes)
+{
+    const QString compet = competition(QStringLiteral("20250315"), 25);
+    const QString camille = swimmer(QStringLiteral("RIOU"), QStringLiteral("Camille"), QStringLiteral("M"));
+    const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
+    individual(compet, camille);
+    individual(compet, anna);
+    entry(compet, camille, 52, QStringLiteral("1.02"));
+    exec(QStringLiteral("UPDATE Licence SET Sexe = 'F' WHERE Num = ") + camille);
+    FrmEngag* view = open(compet);
+    ASSERT_NE(view, nullptr);
+    show(*view, camille);
+    EXPECT_TRUE(view->panel()[2].checked);
+    EXPECT_EQ(view->panel()[2].temps, QStringLiteral("1.0200"));
+    show(*view, anna);
+    EXPECT_EQ(entries(compet), QStringList{camille + QStringLiteral(":2:1.02:20241012:Lorient:25")});
 }
 
 TEST_F(Engag, TheInsertOfOneRowRunsOnTheBaseForACompetitionAndForAModel)
@@ -420,6 +441,43 @@ TEST_F(Engag, AFailedSaveSaysSoAndKeepsWhatWasWritten)
     EXPECT_TRUE(ui.messages.back().text.contains(
         QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements.")));
     EXPECT_EQ(entries(compet), QStringList{anna + QStringLiteral(":1:0:::25")});
+
+    // A swimmer deleted in another window: the message, and his rows as they were.
+    exec(QStringLiteral("DROP TRIGGER refuse_second"));
+    exec(QStringLiteral("DELETE FROM Licence WHERE Num = ") + anna);
+    ui.messages.clear();
+    EXPECT_FALSE(SaveEngagNageur(*app, target, Team{}, anna, ChargerEpreuves(app->db), panel));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_TRUE(ui.messages.back().text.contains(
+        QStringLiteral("Une erreur s'est produite lors de la sauvegarde des engagements.")));
+    EXPECT_EQ(entries(compet), QStringList{anna + QStringLiteral(":1:0:::25")});
+}
+
+TEST_F(Engag, AnOlderBaseGetsTheIndexOfTheProposalThroughTheShippedUpgradeFile)
+{
+    // The proposal reads a swimmer's performances in event and time order
+    // straight from the index, with no sort of its own.
+    const auto plan = [this] {
+        const Rows rows = app->db.load_rows(QStringLiteral("EXPLAIN QUERY PLAN ") +
+                                            ChercherPerfsSql(QStringLiteral("5"), QStringLiteral("20230916")));
+        return rows.column(rows.column_count() - 1).join(QLatin1Char('|'));
+    };
+    EXPECT_TRUE(plan().contains(QStringLiteral("idx_Liffn_Num_Lic"))) << plan().toStdString();
+    EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
+
+    // A base of version 3, with the index as it stood then.
+    exec(QStringLiteral("DROP INDEX idx_Liffn_Num_Lic"));
+    exec(QStringLiteral("CREATE INDEX idx_Liffn_Num_Lic ON Liffn (Num_Lic, Code_epreuve)"));
+    exec(QStringLiteral("UPDATE Info Set Version = 3"));
+    ASSERT_TRUE(plan().contains(QStringLiteral("TEMP B-TREE")));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(PLOUVARINE_SOURCE_DIR "/data/maj_base.ini"), upgrade_file_path(*app)));
+    EXPECT_TRUE(upgrade_base(*app, app->state.base_path));
+    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("4"));
+    EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select name from pragma_index_info('idx_Liffn_Num_Lic')"))
+                  .column(0)
+                  .join(QLatin1Char(',')),
+              QStringLiteral("Num_Lic,Code_epreuve,Tps"));
 }
 
 }  // namespace
