@@ -15,10 +15,6 @@
 
 using namespace plouvarine;
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 namespace {
 
 class Engag : public plouvarine::testing::EngagBase {
