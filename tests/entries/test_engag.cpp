@@ -245,6 +245,43 @@ TEST_F(Engag, AModelKeepsTicksOnly)
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag")), 0);
 }
 
+TEST_F(Engag, ANewModelIsKeptByOkAndItsHeadGoesOnCancel)
+{
+    const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
+    const auto new_model = [this] {
+        return app->db.append_row(QStringLiteral("Modele_engag"), {{"Nom_modele", "Interclubs"}},
+                                  QStringLiteral("NumAuto"));
+    };
+    const auto enter = [&](const QString& modele) {
+        FrmEngag* view = open(modele, QStringLiteral("new modele"), true);
+        EXPECT_NE(view, nullptr);
+        if (!view)
+            return static_cast<FrmEngag*>(nullptr);
+        view->set_search_text(QStringLiteral("le gall"));
+        view->search_return();
+        view->set_checked(12, true);
+        return view;
+    };
+    const QString kept = new_model();
+    FrmEngag* view = enter(kept);
+    ASSERT_NE(view, nullptr);
+    view->cmd_ok();
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_modele where Num_modele = %1 and Code_epreuve = 12")
+                        .arg(kept)),
+              1);
+    // The model's swimmer stays, though in no team: the end of a new model's
+    // pass removes nothing.
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur_modele where Num_modele = ") + kept), 1);
+
+    const QString dropped = new_model();
+    view = enter(dropped);
+    ASSERT_NE(view, nullptr);
+    view->cmd_annuler();
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where NumAuto = ") + dropped), 0);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where NumAuto = ") + kept), 1);
+    EXPECT_EQ(ui.window(QStringLiteral("frm_engag")), nullptr);
+}
+
 TEST_F(Engag, TheSearchEntersASwimmerFromTheKeyboard)
 {
     const QString compet = competition(QStringLiteral("20250315"), 25);

@@ -147,6 +147,22 @@ TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
     EXPECT_EQ(field<QLineEdit>(w, "txt_description_2")->text(), QStringLiteral("10"));
     EXPECT_TRUE(field<QLineEdit>(w, "txt_temps_3")->isEnabled());
 
+    // A time typed badly is refused by the time rule, and nothing of it is kept.
+    auto* other = field<QLineEdit>(w, "txt_temps_2");
+    other->setFocus();
+    other->selectAll();
+    type_in(other, QStringLiteral("1.60"));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Saisie du temps incorrect.")});
+    EXPECT_NE(other->text(), QStringLiteral("1.60"));
+    other->setText(QStringLiteral("1.0500"));
+    ui.clear();
+
+    // The Delete key takes him out of "Individuel", and leaves her entries.
+    choose_swimmer(w, QStringLiteral("MORVAN"));
+    key(lsv, Qt::Key_Delete);
+    EXPECT_EQ(lsv->model()->rowCount(), 1);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + yann), 0);
+
     field<QPushButton>(w, "Command1_0")->click();
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("frm_engag")), nullptr);
