@@ -10,22 +10,9 @@
 #include "src/frame/list_helpers.h"
 #include "src/licences/removed_swimmers.h"
 
+#include <QScopedValueRollback>
+
 namespace plouvarine {
-
-namespace {
-
-// A flag raised for the length of a scope.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag), old_(flag) { flag_ = true; }
-    ~Raised() { flag_ = old_; }
-
-private:
-    bool& flag_;
-    bool old_;
-};
-
-}  // namespace
 
 FrmEngag::FrmEngag(AppContext& app, const QString& mode, const QString& key, bool modele)
     : View(app, QString(kName)), mode_(mode), key_(key), modele_(modele),
@@ -129,7 +116,7 @@ void FrmEngag::set_team(int index)
 void FrmEngag::fill_lists()
 {
     AppContext& a = app();
-    Raised loading(loading_);
+    const QScopedValueRollback<bool> loading(loading_, true);
     engag_.clear();
     licencie_.clear();
     try {
@@ -192,7 +179,7 @@ void FrmEngag::PurgeInfoEngagementNageur()
 
 void FrmEngag::save_current()
 {
-    if (mode_ == keyword::kView || swimmer_.isEmpty())
+    if (mode_ == keyword::kView || swimmer_.isEmpty() || !app().db.is_open())
         return;
     SaveEngagNageur(app(), scope_, team_, swimmer_, events_, panel_);
 }
@@ -368,22 +355,27 @@ void FrmEngag::cmd_annuler()
     finish();
 }
 
-void FrmEngag::finish()
+void FrmEngag::end_pass()
 {
     AppContext& a = app();
+    swimmer_.clear();
+    if (!a.db.is_open())
+        return;
     status_text(a.ui, QStringLiteral("Suppression des données temporaires"));
     try {
-        if (a.db.is_open()) {
-            if (mode_ != kNewModele && mode_ != keyword::kView)
-                end_team_pass(a, scope_);
-            a.db.clear_table(QStringLiteral("Engag_tempo"));
-            a.db.clear_table(QStringLiteral("Relais_tempo"));
-        }
+        if (mode_ != kNewModele && mode_ != keyword::kView)
+            end_team_pass(a, scope_);
+        a.db.clear_table(QStringLiteral("Engag_tempo"));
+        a.db.clear_table(QStringLiteral("Relais_tempo"));
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
     }
     status_text(a.ui, QString());
-    swimmer_.clear();
+}
+
+void FrmEngag::finish()
+{
+    end_pass();
     close();
 }
 
@@ -391,7 +383,7 @@ bool FrmEngag::query_close()
 {
     // The close box keeps the pass, as command 0 does.
     save_current();
-    swimmer_.clear();
+    end_pass();
     return true;
 }
 

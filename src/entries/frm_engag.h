@@ -121,6 +121,8 @@ private:
     void on_swimmer(int row);
     void PurgeInfoEngagementNageur();
     void save_current();
+    // The snapshots cleared and the work tables emptied.
+    void end_pass();
     void finish();
     EngagRow& row_at(int row) { return panel_[size_t(row)]; }
 

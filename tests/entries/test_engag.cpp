@@ -390,6 +390,20 @@ TEST_F(Engag, UndoingThePassBringsTheEntriesBackAndKeepingItKeepsThem)
               1);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 0);
     EXPECT_EQ(ui.window(QStringLiteral("frm_engag")), nullptr);
+
+    // The close box keeps the pass too, swimmer on show included.
+    competition_chosen(*app, QString(keyword::kChoixPourEngagements), compet);
+    view = ui.window_as<FrmEngag>(QStringLiteral("frm_engag"));
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 3);
+    view->set_search_text(QStringLiteral("le gall"));
+    view->search_return();
+    view->set_checked(6, true);
+    EXPECT_TRUE(ui.close_window(QStringLiteral("frm_engag")));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_compet = %1 and Code_epreuve = 6").arg(compet)),
+              1);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 0);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur")), 0);
 }
 
 TEST_F(Engag, ATeamChosenInTheListCarriesItsNumberIntoTheEntriesAndUndoBringsTheCountsBack)
