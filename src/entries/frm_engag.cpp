@@ -1,6 +1,5 @@
 #include "src/entries/frm_engag.h"
 
-#include "src/base/text.h"
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
 #include "src/competitions/handoff.h"
@@ -8,7 +7,6 @@
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "src/licences/removed_swimmers.h"
 
 #include <QScopedValueRollback>
 
