@@ -21,7 +21,7 @@
 -- ---------------------------------------------------------------------------
 
 -- Info: the one row of the base. Version of the base (a number, compared with
--- the required version 3), clean-close flag (true at rest, false in use), and
+-- the required version 4), clean-close flag (true at rest, false in use), and
 -- the season opening date (yyyymmdd) of the last licence roll-over.
 CREATE TABLE Info (
     Version      DOUBLE,
@@ -669,7 +669,9 @@ CREATE INDEX idx_Engag_nageur_modele_Num_modele ON Engag_nageur_modele (Num_mode
 CREATE INDEX idx_Prres_compet_epreuve ON Prres (Num_compet, Code_epreuve);
 CREATE INDEX idx_Prres_relais_compet_epreuve ON Prres_relais (Num_compet, Code_epreuve);
 CREATE INDEX idx_Categori_Num_compet ON Categori (Num_compet, Num_cat);
-CREATE INDEX idx_Liffn_Num_Lic ON Liffn (Num_Lic, Code_epreuve);
+-- A swimmer's performances by event, fastest first: the proposal of an entry
+-- time and the relay times read them in that order without sorting.
+CREATE INDEX idx_Liffn_Num_Lic ON Liffn (Num_Lic, Code_epreuve, Tps);
 CREATE INDEX idx_Liffn_Num_compet ON Liffn (Num_compet, NumManuel);
 CREATE INDEX idx_Liffn_relais_Code_club ON Liffn_relais (Code_club, Code_epreuve);
 CREATE INDEX idx_Liffn_relais_Num_compet ON Liffn_relais (Num_compet, NumManuel);
@@ -707,8 +709,8 @@ BEGIN
 
 
 -- ---------------------------------------------------------------------------
--- Content of a new base: the Info row, version 3, at rest, no
+-- Content of a new base: the Info row, version 4, at rest, no
 -- licence roll-over yet. No club, no profile, no licence.
 -- ---------------------------------------------------------------------------
 
-INSERT INTO Info (Version, LastClose, LastUpdtLic) VALUES (3, 1, '');
+INSERT INTO Info (Version, LastClose, LastUpdtLic) VALUES (4, 1, '');

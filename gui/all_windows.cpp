@@ -4,6 +4,7 @@
 #include "gui/clubs/mon_club_window.h"
 #include "gui/clubs/pool_windows.h"
 #include "gui/competitions/competition_windows.h"
+#include "gui/entries/engag_window.h"
 #include "gui/entries/relay_window.h"
 #include "gui/frame/date_windows.h"
 #include "gui/licences/licence_windows.h"
@@ -18,6 +19,7 @@ void register_all_windows()
     register_date_windows();
     register_licence_windows();
     register_competition_windows();
+    register_engag_window();
     register_relay_window();
 }
 

@@ -4,6 +4,7 @@
 #include "src/clubs/club_hooks.h"
 #include "src/competitions/competition_hooks.h"
 #include "src/competitions/utils_compet.h"
+#include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
@@ -22,7 +23,8 @@ void install_subject_commands(AppContext& app)
     install_club_commands(app);
     install_licence_commands(app);
     install_competition_commands(app);
-    // The competition list's door to the relays.
+    // The competition list's doors to the entries and the relays.
+    install_entries_handoff();
     install_relay_handoff();
 }
 

@@ -149,7 +149,7 @@ TEST_F(ComponentsTest, InformationWindowWithNoBaseSaysPasConnecte)
         << view.version_text().toStdString();
     EXPECT_TRUE(view.version_text().startsWith(QStringLiteral("Version %1.").arg(PLOUVARINE_VERSION_MAJOR)));
     EXPECT_EQ(view.needed_label(), QStringLiteral("Version de base nécessaire :"));
-    EXPECT_EQ(view.needed_value(), QStringLiteral("3"));
+    EXPECT_EQ(view.needed_value(), QStringLiteral("4"));
     EXPECT_EQ(view.connected_label(), QStringLiteral("Version de la base connectée :"));
     EXPECT_EQ(view.connected_value(), QStringLiteral("Pas connecté"));
     EXPECT_FALSE(view.needed_in_red());
@@ -179,9 +179,9 @@ TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)
         QString stored;
         bool red;
     };
-    // The version compares as a number: "10" is above 3 though it sorts before it as text.
-    const Case cases[] = {{QStringLiteral("3"), false}, {QStringLiteral("2"), true},
-                          {QStringLiteral("2.9"), true}, {QStringLiteral("10"), false}};
+    // The version compares as a number: "10" is above 4 though it sorts before it as text.
+    const Case cases[] = {{QStringLiteral("4"), false}, {QStringLiteral("3"), true},
+                          {QStringLiteral("3.9"), true}, {QStringLiteral("10"), false}};
     int n = 0;
     for (const Case& c : cases) {
         const QString base = make_base(QStringLiteral("club%1.mdb").arg(n++));
@@ -190,7 +190,7 @@ TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)
         const SplashView view(*app);
         EXPECT_EQ(view.connected_value(), c.stored);
         EXPECT_EQ(view.needed_in_red(), c.red) << c.stored.toStdString();
-        EXPECT_EQ(view.needed_value(), QStringLiteral("3"));
+        EXPECT_EQ(view.needed_value(), QStringLiteral("4"));
         // Opening the window leaves the base as it was.
         EXPECT_TRUE(app->db.is_open());
         EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Version FROM Info")).first(), c.stored);

@@ -841,9 +841,9 @@ TEST_F(DialectOnBase, TheCleanCloseFlagTakesTheBooleanWordsInAnyCase)
     app->db.set_last_close(QStringLiteral("False"));
     EXPECT_EQ(text(read(flag).first().toLower()), text(QStringLiteral("faux")));
 
-    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("3")));
-    run(QStringLiteral("UPDATE Info Set Version = 4"));
     EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("4")));
+    run(QStringLiteral("UPDATE Info Set Version = 5"));
+    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("5")));
 }
 
 TEST_F(DialectOnBase, WorkTablesTakeRowsAsideGiveThemBackAndEmpty)

@@ -1,0 +1,174 @@
+// The entry window on Qt's offscreen platform, reached as the person reaches
+// it: mnuEngagIndiv, a competition chosen in the list, then a swimmer entered
+// from the keyboard, two events ticked, another swimmer, and back.
+
+#include "entries/engag_test_base.h"
+#include "gui/all_windows.h"
+#include "gui/frame/main_window.h"
+#include "gui/frame/qt_services.h"
+#include "gui_application.h"
+#include "src/subjects.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class EngagWindowTest : public plouvarine::testing::EngagBase {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        EngagBase::SetUp();
+        install_subject_commands(*app);
+        main = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { main->show_child(w); };
+        ui.draw_with = &qt;
+        main->show();
+        app->enable_menus(true);
+    }
+    void TearDown() override
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            sub->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        main.reset();
+        EngagBase::TearDown();
+    }
+    QWidget* child_window(const QString& name)
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            if (sub->objectName() == name && sub->isVisible())
+                return sub->widget();
+        return nullptr;
+    }
+    void key(QWidget* target, int code, const QString& text = {})
+    {
+        QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+        QApplication::sendEvent(target, &press);
+    }
+    void type_in(QLineEdit* edit, const QString& text)
+    {
+        for (const QChar c : text)
+            key(edit, 0, QString(c));
+    }
+    void choose_swimmer(QWidget* window, const QString& nom)
+    {
+        auto* list = window->findChild<QTreeView*>("lsv_engag");
+        const QModelIndexList found =
+            list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, nom, 1, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << nom.toStdString();
+        list->setCurrentIndex(found[0]);
+    }
+    template <typename T>
+    T* field(QWidget* window, const QString& name)
+    {
+        T* w = window->findChild<T*>(name);
+        EXPECT_NE(w, nullptr) << name.toStdString();
+        return w;
+    }
+
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> main;
+};
+
+TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
+{
+    const QString compet = competition(QStringLiteral("20250315"), 50);
+    const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
+    const QString yann = swimmer(QStringLiteral("MORVAN"), QStringLiteral("Yann"), QStringLiteral("M"));
+    individual(compet, yann);
+    perf(anna, 2, QStringLiteral("1.05"), QStringLiteral("20240110"), 25, QStringLiteral("Morlaix"));
+    perf(anna, 3, QStringLiteral("2.2"), QStringLiteral("20241201"), 50, QStringLiteral("Brest"));
+
+    main->trigger(QStringLiteral("mnuEngagIndiv"));
+    QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
+    ASSERT_NE(list, nullptr);
+    auto* ok = list->findChild<QPushButton*>("Command1_2");
+    ASSERT_NE(ok, nullptr);
+    ok->click();
+    QWidget* w = child_window(QStringLiteral("frm_engag"));
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->windowTitle(), QStringLiteral("Définition des engagements"));
+    EXPECT_EQ(field<QComboBox>(w, "cbo_team")->currentText(), QStringLiteral("Individuel"));
+    EXPECT_EQ(field<QCheckBox>(w, "Check1_12")->text(), QStringLiteral("100m dos"));
+    EXPECT_EQ(w->findChild<QCheckBox*>("Check1_8"), nullptr);   // a relay
+    EXPECT_EQ(w->findChild<QRadioButton*>("Option1_70"), nullptr);  // 25 m breast: no 50 m option
+
+    // Anna typed in the search and entered with Return.
+    auto* search = field<QLineEdit>(w, "txt_search");
+    type_in(search, QStringLiteral("le g"));
+    key(search, Qt::Key_Return);
+    auto* lsv = field<QTreeView>(w, "lsv_engag");
+    ASSERT_EQ(lsv->model()->rowCount(), 2);
+    EXPECT_EQ(lsv->currentIndex().siblingAtColumn(0).data().toString(), QStringLiteral("LE GALL"));
+
+    EXPECT_FALSE(field<QCheckBox>(w, "Check1_20")->isEnabled());  // 25 m only, in a 50 m pool
+    EXPECT_FALSE(field<QLineEdit>(w, "txt_temps_2")->isEnabled());
+    field<QCheckBox>(w, "Check1_2")->click();
+    field<QCheckBox>(w, "Check1_3")->click();
+    EXPECT_EQ(field<QLineEdit>(w, "txt_temps_2")->text(), QStringLiteral("1.0500"));
+    EXPECT_EQ(field<QLineEdit>(w, "text1_2")->text(), QStringLiteral("Morlaix"));
+    EXPECT_EQ(field<QLineEdit>(w, "txt_description_102")->text(), QStringLiteral("2024"));
+    EXPECT_TRUE(field<QRadioButton>(w, "Option1_53")->isChecked());
+    // The proposal overtyped: the time rule takes the keys, leaving rewrites it.
+    auto* temps = field<QLineEdit>(w, "txt_temps_3");
+    temps->setFocus();
+    temps->selectAll();
+    type_in(temps, QStringLiteral("2.18"));
+    Q_EMIT temps->editingFinished();
+    EXPECT_EQ(temps->text(), QStringLiteral("2.1800"));
+    field<QRadioButton>(w, "Option1_3")->click();
+
+    choose_swimmer(w, QStringLiteral("MORVAN"));
+    EXPECT_FALSE(field<QCheckBox>(w, "Check1_2")->isChecked());
+    EXPECT_TRUE(field<QLineEdit>(w, "txt_temps_2")->text().isEmpty());
+    EXPECT_EQ(entries(compet), (QStringList{anna + QStringLiteral(":2:1.05:20240110:Morlaix:25"),
+                                            anna + QStringLiteral(":3:2.18:20241201:Brest:25")}));
+
+    choose_swimmer(w, QStringLiteral("LE GALL"));
+    EXPECT_TRUE(field<QCheckBox>(w, "Check1_2")->isChecked());
+    EXPECT_TRUE(field<QCheckBox>(w, "Check1_3")->isChecked());
+    EXPECT_FALSE(field<QCheckBox>(w, "Check1_4")->isChecked());
+    EXPECT_EQ(field<QLineEdit>(w, "txt_temps_3")->text(), QStringLiteral("2.1800"));
+    EXPECT_TRUE(field<QRadioButton>(w, "Option1_3")->isChecked());
+    EXPECT_EQ(field<QLineEdit>(w, "txt_description_2")->text(), QStringLiteral("10"));
+    EXPECT_TRUE(field<QLineEdit>(w, "txt_temps_3")->isEnabled());
+
+    // A time typed badly is refused by the time rule, and nothing of it is kept.
+    auto* other = field<QLineEdit>(w, "txt_temps_2");
+    other->setFocus();
+    other->selectAll();
+    type_in(other, QStringLiteral("1.60"));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Saisie du temps incorrect.")});
+    EXPECT_NE(other->text(), QStringLiteral("1.60"));
+    other->setText(QStringLiteral("1.0500"));
+    ui.clear();
+
+    // The Delete key takes him out of "Individuel", and leaves her entries.
+    choose_swimmer(w, QStringLiteral("MORVAN"));
+    key(lsv, Qt::Key_Delete);
+    EXPECT_EQ(lsv->model()->rowCount(), 1);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + yann), 0);
+
+    field<QPushButton>(w, "Command1_0")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(child_window(QStringLiteral("frm_engag")), nullptr);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 0);
+    EXPECT_EQ(entries(compet).size(), 2);
+    EXPECT_TRUE(ui.texts().isEmpty());
+}
+
+}  // namespace
