@@ -47,6 +47,21 @@ protected:
 
     // Opens the base in a child process, runs `work` there and kills the child
     // before anything closes: what a crash or a power cut leaves.
+    // A base saved with the pool "Avant", then "Pendant" added by a process that crashed.
+    QString saved_then_crashed()
+    {
+        const QString base = make_base();
+        open(base);
+        add_pool(QStringLiteral("Avant"));
+        save_command(*app);
+        app->db.close();  // as if the window were gone: the flag stays false
+        crash_during(base, [](AppContext& a) {
+            a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
+        });
+        ui.clear();
+        return base;
+    }
+
     template <typename Work>
     void crash_during(const QString& path, Work work)
     {
@@ -195,17 +210,8 @@ TEST_F(BaseCommandsTest, ABaseHeldByAnotherProcessIsRefused)
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
 {
-    const QString base = make_base();
-    open(base);
-    add_pool(QStringLiteral("Avant"));
-    save_command(*app);
-    app->db.close();  // as if the window were gone: the flag stays false
+    const QString base = saved_then_crashed();
     const QByteArray saved = read_bytes(save_path(base));
-
-    crash_during(base, [](AppContext& a) {
-        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
-    });
-    ui.clear();
     ui.answers.push_back(Button::Yes);
     open(base);
     ASSERT_TRUE(app->db.is_open());
@@ -220,16 +226,7 @@ TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredNo)
 {
-    const QString base = make_base();
-    open(base);
-    add_pool(QStringLiteral("Avant"));
-    save_command(*app);
-    app->db.close();
-
-    crash_during(base, [](AppContext& a) {
-        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
-    });
-    ui.clear();
+    const QString base = saved_then_crashed();
     ui.answers.push_back(Button::No);
     open(base);
     ASSERT_TRUE(app->db.is_open());

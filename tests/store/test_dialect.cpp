@@ -193,28 +193,6 @@ protected:
     QString profile, sel_profile, compet, past;
 };
 
-// DELETE * FROM: the final deletion of the swimmers set aside in Licence_tempo
-// takes their entries in competitions still to come, and only those.
-TEST_F(DialectOnBase, DeleteStarTakesTheSetAsideSwimmersEntriesInVisibleCompetitions)
-{
-    const QString gone = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
-    const QString kept = add_swimmer(QStringLiteral("22222B"), QStringLiteral("O'BRIEN"), QStringLiteral("F"));
-    add_entry(profile, compet, QStringLiteral("51"), gone);
-    add_entry(profile, past, QStringLiteral("51"), gone);
-    add_entry(profile, compet, QStringLiteral("1"), kept);
-
-    run(QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) "
-                       "SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, Licence.Prenom "
-                       "From Licence WHERE (((Licence.Num) = ") +
-        gone + QStringLiteral("));"));
-    run(QStringLiteral("Update Licence Set Visible = false where Num = ") + gone);
-    run(QStringLiteral("DELETE * from Engag WHERE Num_Lic in (select Num from Licence_tempo) AND "
-                       "Engag.Num_compet in (select Rcomp.AutoNum from Rcomp where Rcomp.Visible=True)"));
-
-    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Num_compet from Engag order by Num_compet, Num_Lic"))),
-              text(QStringList({kept + QLatin1Char('|') + compet, gone + QLatin1Char('|') + past})));
-}
-
 // DELETE FROM t t WHERE exists (...): the entries of swimmers marked in a
 // selection go for the selection's profiles, in visible competitions.
 TEST_F(DialectOnBase, DeleteWithAnAliasTakesOnlyTheRowsItsSubqueriesName)
@@ -572,51 +550,6 @@ TEST_F(DialectOnBase, SentinelStatementsMakeEachRowOnce)
     EXPECT_EQ(app->db.count_query(count), 2);
     EXPECT_EQ(text(read(QStringLiteral("SELECT * from Piscine where Nom <> 'Null' order by Nom")).column(1)),
               text(QStringList({QStringLiteral("Kerlann")})));
-}
-
-TEST_F(DialectOnBase, TheCleanCloseFlagTakesTheBooleanWordsInAnyCase)
-{
-    const QString flag = QStringLiteral("select LastClose from Info");
-    for (const char* value : {"False", "true", "false", "True"}) {
-        app->db.set_last_close(QString::fromLatin1(value));
-        const bool expected = QString::fromLatin1(value).toLower() == QLatin1String("true");
-        EXPECT_EQ(text(read(flag).first()), text(expected ? QStringLiteral("Vrai") : QStringLiteral("Faux"))) << value;
-    }
-    app->db.set_last_close(QStringLiteral("False"));
-    EXPECT_EQ(text(read(flag).first().toLower()), text(QStringLiteral("faux")));
-
-    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("3")));
-    run(QStringLiteral("UPDATE Info Set Version = 4"));
-    EXPECT_EQ(text(read(QStringLiteral("SELECT Version FROM Info")).first()), text(QStringLiteral("4")));
-}
-
-TEST_F(DialectOnBase, WorkTablesTakeRowsAsideGiveThemBackAndEmpty)
-{
-    const QString swimmer = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
-    add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
-    run(QStringLiteral("INSERT INTO Licence_tempo ( Num, Code_Club, Licence, Nom, Prenom ) "
-                       "SELECT Licence.Num, Licence.Code_Club, Licence.Licence, Licence.Nom, Licence.Prenom "
-                       "From Licence WHERE (((Licence.Num) = ") +
-        swimmer + QStringLiteral("));"));
-    run(QStringLiteral("Update Licence Set Visible = false where Num = ") + swimmer);
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence where Visible = true")), 1);
-    run(QStringLiteral("Update Licence Set Visible = true where Num in (select Num from Licence_tempo)"));
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence where Visible = true")), 2);
-
-    run(QStringLiteral("INSERT INTO Rcomp_tempo SELECT Rcomp.* From Rcomp WHERE Rcomp.AutoNum IN (") + compet +
-        QStringLiteral(");"));
-    run(QStringLiteral("Update Rcomp Set Visible = false where AutoNum IN (") + compet + QLatin1Char(')'));
-    EXPECT_EQ(text(lines(QStringLiteral("select AutoNum, Nom, Visible from Rcomp_tempo"))),
-              text(QStringList({compet + QStringLiteral("|Interclubs|Vrai")})));
-    run(QStringLiteral("Update Rcomp Set Visible = true where AutoNum in (select AutoNum from Rcomp_tempo)"));
-    EXPECT_EQ(text(read(QStringLiteral("select Visible from Rcomp where AutoNum = ") + compet).first()),
-              text(QStringLiteral("Vrai")));
-
-    for (const char* table : {"Licence_tempo", "Rcomp_tempo"}) {
-        app->db.clear_table(QString::fromLatin1(table));
-        EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from ") + QString::fromLatin1(table)), 0)
-            << table;
-    }
 }
 
 // Forms SQLite takes as written, where a different reading would go unnoticed.
