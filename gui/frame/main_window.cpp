@@ -96,6 +96,10 @@ MainWindow::~MainWindow()
     app_.menus.on_tarifs_changed = nullptr;
     app_.windows.on_bring_to_front = nullptr;
     app_.windows.set_main_window(nullptr);
+    // The child windows go now, while this is still a whole MainWindow: a
+    // child may undo what it hooked into it.
+    delete mdi_;
+    mdi_ = nullptr;
 }
 
 void MainWindow::build_menu(QMenu* menu, const QString& parent)

@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
+#include <functional>
+#include <utility>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -21,24 +23,35 @@ namespace plouvarine {
 
 namespace {
 
+std::function<void(const SentStatement&)>& statement_recorder()
+{
+    static std::function<void(const SentStatement&)> recorder;
+    return recorder;
+}
+
+}  // namespace
+
 // A prepared statement that finalizes itself.
-class Statement {
+class PreparedStatement {
 public:
-    Statement(sqlite3* db, const QString& sql)
+    PreparedStatement(sqlite3* db, const QString& sql)
     {
         const QByteArray utf8 = sql.toUtf8();
         rc_ = sqlite3_prepare_v2(db, utf8.constData(), int(utf8.size()), &stmt_, nullptr);
     }
-    ~Statement() { sqlite3_finalize(stmt_); }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
+    ~PreparedStatement() { sqlite3_finalize(stmt_); }
+    PreparedStatement(const PreparedStatement&) = delete;
+    PreparedStatement& operator=(const PreparedStatement&) = delete;
     int rc() const { return rc_; }
     sqlite3_stmt* get() const { return stmt_; }
+    PreparedStatement(PreparedStatement&& other) noexcept : stmt_(std::exchange(other.stmt_, nullptr)), rc_(other.rc_) {}
 
 private:
     sqlite3_stmt* stmt_ = nullptr;
     int rc_ = SQLITE_OK;
 };
+
+namespace {
 
 QString number_text(double d)
 {
@@ -250,11 +263,25 @@ void Database::raise(const QString& context) const
     throw DbError(code, text);
 }
 
+void Database::set_statement_recorder(std::function<void(const SentStatement&)> recorder)
+{
+    statement_recorder() = std::move(recorder);
+}
+
+PreparedStatement Database::prepare(const QString& sql) const
+{
+    const QString rewritten = jet_to_sqlite(sql, db_);
+    PreparedStatement stmt(db_, rewritten);
+    if (const auto& recorder = statement_recorder())
+        recorder({sql, rewritten, stmt.rc() == SQLITE_OK});
+    return stmt;
+}
+
 void Database::exec_sql(const QString& sql)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql, db_));
+    PreparedStatement stmt = prepare(sql);
     if (stmt.rc() != SQLITE_OK)
         raise(sql);
     int rc;
@@ -268,7 +295,7 @@ Rows Database::load_rows(const QString& sql)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql, db_));
+    PreparedStatement stmt = prepare(sql);
     if (stmt.rc() != SQLITE_OK) {
         try {
             raise(sql);
@@ -301,7 +328,7 @@ int Database::count_query(const QString& sql)
 {
     if (!db_)
         raise();
-    Statement stmt(db_, jet_to_sqlite(sql, db_));
+    PreparedStatement stmt = prepare(sql);
     if (stmt.rc() != SQLITE_OK)
         raise(sql);
     const int rc = sqlite3_step(stmt.get());
@@ -336,7 +363,7 @@ QString Database::append_row(const QString& table, const std::vector<std::pair<Q
     sql += fields.empty() ? QStringLiteral(" DEFAULT VALUES")
                           : QStringLiteral(" (") + columns.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
                                 marks.join(QStringLiteral(", ")) + QLatin1Char(')');
-    Statement stmt(db_, sql);
+    PreparedStatement stmt(db_, sql);
     if (stmt.rc() != SQLITE_OK)
         raise(sql);
     int i = 1;

@@ -15,6 +15,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -22,7 +23,16 @@ struct sqlite3;
 
 namespace plouvarine {
 
+class PreparedStatement;
 class Services;
+
+// A statement as the system sent it, as it reached SQLite, and whether SQLite
+// could prepare it.
+struct SentStatement {
+    QString jet;
+    QString sqlite;
+    bool prepared = false;
+};
 
 class Database {
 public:
@@ -83,9 +93,16 @@ public:
     // Registers the text comparison and the dialect's functions on a connection.
     static void prepare_connection(sqlite3* db);
 
+    // Hands every statement that goes through the dialect, in every Database
+    // of the process, to `recorder` (none when empty). The tests survey the
+    // dialect on the statements the system really sends.
+    static void set_statement_recorder(std::function<void(const SentStatement&)> recorder);
+
 private:
     void take_lock(const QString& path);
     [[noreturn]] void raise(const QString& context = {}) const;
+    // The statement rewritten and prepared on this connection.
+    PreparedStatement prepare(const QString& sql) const;
 
     sqlite3* db_ = nullptr;
     QString path_;

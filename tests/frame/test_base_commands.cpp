@@ -6,6 +6,7 @@
 #include "src/frame/access.h"
 #include "src/store/save.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,9 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::set_base_version;
+using plouvarine::testing::BaseHeldElsewhere;
+using plouvarine::testing::read_bytes;
 using plouvarine::testing::ScriptedServices;
 
 namespace {
@@ -23,12 +27,6 @@ namespace {
 const QString kCrashQuestion = QStringLiteral("La base n'a pas été correctement fermée lors de la dernière utilisation.\n"
                                               "Reprendre la base depuis la dernière sauvegarde trouvée ?");
 const QString kLoseUnsaved = QStringLiteral("Les données non sauvegardées seront effacées. Continuer ?");
-
-QByteArray read_all(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 class BaseCommandsTest : public AppFixture {
 protected:
@@ -49,6 +47,21 @@ protected:
 
     // Opens the base in a child process, runs `work` there and kills the child
     // before anything closes: what a crash or a power cut leaves.
+    // A base saved with the pool "Avant", then "Pendant" added by a process that crashed.
+    QString saved_then_crashed()
+    {
+        const QString base = make_base();
+        open(base);
+        add_pool(QStringLiteral("Avant"));
+        save_command(*app);
+        app->db.close();  // as if the window were gone: the flag stays false
+        crash_during(base, [](AppContext& a) {
+            a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
+        });
+        ui.clear();
+        return base;
+    }
+
     template <typename Work>
     void crash_during(const QString& path, Work work)
     {
@@ -66,14 +79,6 @@ protected:
         int status = 0;
         waitpid(child, &status, 0);
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "child ended with " << status;
-    }
-
-    void set_version(const QString& path, const QString& version)
-    {
-        Database db;
-        db.open(path);
-        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
-        db.close();
     }
 
     void write_upgrade_file(const QString& content)
@@ -179,7 +184,7 @@ TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 2]\nmaj1=CREATE TABLE Ajout_v3 (x INTEGER)\n"));
     const QString base = make_base();
-    set_version(base, QStringLiteral("2.9"));
+    set_base_version(base, QStringLiteral("2.9"));
     open(base);
     ASSERT_TRUE(app->db.is_open());
     ASSERT_EQ(ui.reports.size(), 1u);
@@ -191,7 +196,7 @@ TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
     // no section for 0 nothing runs and the version written is 0.
     ui.clear();
     const QString odd = make_base(QStringLiteral("odd.mdb"));
-    set_version(odd, QStringLiteral("'v3'"));
+    set_base_version(odd, QStringLiteral("'v3'"));
     open(odd);
     ASSERT_EQ(ui.reports.size(), 1u);
 }
@@ -199,42 +204,17 @@ TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
 TEST_F(BaseCommandsTest, ABaseHeldByAnotherProcessIsRefused)
 {
     const QString base = make_base();
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        Database db;
-        db.open(base);
-        char c = 1;
-        (void)!write(ready[1], &c, 1);
-        pause();
-        _exit(0);
-    }
-    char c;
-    ASSERT_EQ(read(ready[0], &c, 1), 1);
+    BaseHeldElsewhere other(base);
     open(base);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Une connexion est déjà active sur la base.\n"
                                                      "Vérifier qu'elle n'est pas ouverte dans une autre application.")});
     EXPECT_FALSE(app->db.is_open());
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    close(ready[0]);
-    close(ready[1]);
 }
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
 {
-    const QString base = make_base();
-    open(base);
-    add_pool(QStringLiteral("Avant"));
-    save_command(*app);
-    app->db.close();  // as if the window were gone: the flag stays false
-    const QByteArray saved = read_all(save_path(base));
-
-    crash_during(base, [](AppContext& a) {
-        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
-    });
-    ui.clear();
+    const QString base = saved_then_crashed();
+    const QByteArray saved = read_bytes(save_path(base));
     ui.answers.push_back(Button::Yes);
     open(base);
     ASSERT_TRUE(app->db.is_open());
@@ -244,22 +224,13 @@ TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
     EXPECT_EQ(question.default_button, Button::Yes);
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Avant")});
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
-    EXPECT_EQ(read_all(save_path(base)), saved) << "a restored base keeps the save it came from";
+    EXPECT_EQ(read_bytes(save_path(base)), saved) << "a restored base keeps the save it came from";
     EXPECT_EQ(ui.status[2], QStringLiteral("Base reprise depuis la dernière sauvegarde"));
 }
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredNo)
 {
-    const QString base = make_base();
-    open(base);
-    add_pool(QStringLiteral("Avant"));
-    save_command(*app);
-    app->db.close();
-
-    crash_during(base, [](AppContext& a) {
-        a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
-    });
-    ui.clear();
+    const QString base = saved_then_crashed();
     ui.answers.push_back(Button::No);
     open(base);
     ASSERT_TRUE(app->db.is_open());

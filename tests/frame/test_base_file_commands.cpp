@@ -6,6 +6,7 @@
 #include "src/store/base_files.h"
 #include "src/store/save.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,6 +19,7 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::BaseHeldElsewhere;
 using plouvarine::testing::ScriptedServices;
 
 namespace {
@@ -232,26 +234,10 @@ TEST_F(BaseFilesTest, DeletingABaseFile)
 TEST_F(BaseFilesTest, DeletingABaseHeldByAnotherProcess)
 {
     const QString other = make_base(QStringLiteral("autre.mdb"));
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        Database db;
-        db.open(other);
-        char c = 1;
-        (void)!write(ready[1], &c, 1);
-        pause();
-        _exit(0);
-    }
-    char c;
-    ASSERT_EQ(read(ready[0], &c, 1), 1);
+    BaseHeldElsewhere holder(other);
     ui.files.push_back(other);
     ui.answers.push_back(Button::Yes);
     delete_base_command(*app);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de supprimer cette base.\nUne connexion est active sur la base.")});
     EXPECT_TRUE(QFile::exists(other));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    close(ready[0]);
-    close(ready[1]);
 }

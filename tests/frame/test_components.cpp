@@ -16,6 +16,7 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::set_base_version;
 
 namespace {
 
@@ -55,14 +56,6 @@ protected:
                 return &r;
         ADD_FAILURE() << "no row for " << listed.toStdString();
         return nullptr;
-    }
-
-    static void set_version(const QString& path, const QString& version)
-    {
-        Database db;
-        db.open(path);
-        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
-        db.close();
     }
 };
 
@@ -185,7 +178,7 @@ TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)
     int n = 0;
     for (const Case& c : cases) {
         const QString base = make_base(QStringLiteral("club%1.mdb").arg(n++));
-        set_version(base, c.stored);
+        set_base_version(base, c.stored);
         connect(base);
         const SplashView view(*app);
         EXPECT_EQ(view.connected_value(), c.stored);

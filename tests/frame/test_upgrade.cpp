@@ -7,6 +7,7 @@
 #include "src/store/save.h"
 #include "src/frame/upgrade.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,52 +17,34 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::read_bytes;
+using plouvarine::testing::write_bytes;
+using plouvarine::testing::set_base_version;
 
 namespace {
 
 const QString kTitle = QStringLiteral("Mise à jour de la base");
-
-void write_file(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << path.toStdString();
-    f.write(bytes);
-}
-
-QByteArray read_file(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // A real zip archive holding the given files at its root.
 void write_zip(const QString& archive, const std::map<QString, QByteArray>& entries)
 {
     QTemporaryDir content;
     for (const auto& [name, bytes] : entries)
-        write_file(content.filePath(name), bytes);
+        write_bytes(content.filePath(name), bytes);
     ASSERT_TRUE(zip_folder(archive, content.path()));
 }
 
 class UpgradeTest : public AppFixture {
 protected:
-    void write_upgrade_file(const QString& content) { write_file(upgrade_file_path(*app), content.toUtf8()); }
+    void write_upgrade_file(const QString& content) { write_bytes(upgrade_file_path(*app), content.toUtf8()); }
 
     // A base from the model at `version`, connected as the opening leaves it.
     QString connected_base(const QString& version, const QString& name = QStringLiteral("club.mdb"))
     {
         const QString path = make_base(name);
-        set_version(path, version);
+        set_base_version(path, version);
         connect(path);
         return path;
-    }
-
-    static void set_version(const QString& path, const QString& version)
-    {
-        Database db;
-        db.open(path);
-        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
-        db.close();
     }
 
     QString version() { return app->db.load_rows(QStringLiteral("SELECT Version FROM Info")).first(); }
@@ -112,7 +95,7 @@ TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
     const QString prefix = QStringLiteral("UPDATE Licence SET Nom = '");
     const QString long_value = prefix + QString(300 - prefix.size() - 1, QLatin1Char('x')) + QLatin1Char('\'');
     ASSERT_EQ(long_value.size(), 300);
-    write_file(file, QStringLiteral("; upgrades of the base\r\n"
+    write_bytes(file, QStringLiteral("; upgrades of the base\r\n"
                                     "orphan=before any section\r\n"
                                     "[info]\r\n"
                                     "  VERSION Finale =  \"3\"  \r\n"
@@ -149,7 +132,7 @@ TEST(ReadIni, ReadsAFileInTheOldEightBitCodePage)
 {
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("maj_base.ini"));
-    write_file(file, QByteArray("[FROM 2]\nmaj1=UPDATE Nage SET Libelle = 'Brasse d\xe9\x62utant'\n"));
+    write_bytes(file, QByteArray("[FROM 2]\nmaj1=UPDATE Nage SET Libelle = 'Brasse d\xe9\x62utant'\n"));
     EXPECT_EQ(read_ini(QStringLiteral("FROM 2"), QStringLiteral("maj1"), file),
               QStringLiteral("UPDATE Nage SET Libelle = 'Brasse débutant'"));
 }
@@ -328,7 +311,7 @@ TEST_F(UpgradeFailureTest, NoKeepsTheHalfUpgradedBase)
 TEST_F(UpgradeFailureTest, AFailedRestoreSpeaksForItself)
 {
     save_then_work();
-    write_file(save_path(base), "PK\x03\x04 plus une archive");
+    write_bytes(save_path(base), "PK\x03\x04 plus une archive");
     ui.answers.push_back(Button::Yes);
     EXPECT_FALSE(upgrade_base(*app, base));
 
@@ -366,8 +349,8 @@ TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
 TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
 {
     const QByteArray installed = "[INFO]\nVersion finale=9\n[FROM 8]\nmaj1=CREATE TABLE Ancienne (x INTEGER)\n";
-    write_file(upgrade_file_path(*app), installed);
-    const QByteArray model = read_file(app->app_file(QStringLiteral("modele_base.sav")));
+    write_bytes(upgrade_file_path(*app), installed);
+    const QByteArray model = read_bytes(app->app_file(QStringLiteral("modele_base.sav")));
     const QString package = work_file(QStringLiteral("maj_base.zip"));
 
     // The same version, written otherwise, is refused.
@@ -379,8 +362,8 @@ TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
                                                      "L'installation du package sélectionné est annulée.")});
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
-    EXPECT_EQ(read_file(upgrade_file_path(*app)), installed);
-    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), model);
+    EXPECT_EQ(read_bytes(upgrade_file_path(*app)), installed);
+    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), model);
     EXPECT_TRUE(work_folders().isEmpty());
 
     // 10 is above 9 as a number, though not as a text. A work folder of that
@@ -391,8 +374,8 @@ TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
     write_zip(package, {{QStringLiteral("maj_base.ini"), offered}, {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
     EXPECT_TRUE(install_upgrade_package(*app, package));
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
-    EXPECT_EQ(read_file(upgrade_file_path(*app)), offered);
-    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), QByteArray("nouveau modèle"));
+    EXPECT_EQ(read_bytes(upgrade_file_path(*app)), offered);
+    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), QByteArray("nouveau modèle"));
     EXPECT_EQ(final_version(*app), QStringLiteral("10"));
     EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajbase")});
     EXPECT_EQ(upgrade_package_label(*app), QStringLiteral("Package dispo pour upgrade vers version 10"));
@@ -402,12 +385,12 @@ TEST_F(UpgradeTest, APackageWithoutModelKeepsTheModel)
 {
     // No upgrade file yet: any version is an improvement.
     EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
-    const QByteArray model = read_file(app->app_file(QStringLiteral("modele_base.sav")));
+    const QByteArray model = read_bytes(app->app_file(QStringLiteral("modele_base.sav")));
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=4\n"}});
     EXPECT_TRUE(install_upgrade_package(*app, package));
     EXPECT_EQ(final_version(*app), QStringLiteral("4"));
-    EXPECT_EQ(read_file(app->app_file(QStringLiteral("modele_base.sav"))), model);
+    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), model);
     EXPECT_TRUE(work_folders().isEmpty());
 }
 
@@ -415,7 +398,7 @@ TEST_F(UpgradeTest, ABrokenPackageInstallsNothing)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"));
     const QString package = work_file(QStringLiteral("maj_base.zip"));
-    write_file(package, "PK\x03\x04 ceci n'est pas une archive");
+    write_bytes(package, "PK\x03\x04 ceci n'est pas une archive");
     EXPECT_FALSE(install_upgrade_package(*app, package));
     ASSERT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
     EXPECT_EQ(final_version(*app), QStringLiteral("3"));
@@ -426,7 +409,7 @@ TEST_F(UpgradeTest, TheToolInstallsThePackageThenUpgradesTheBase)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
     const QString base = make_base();
-    set_version(base, QStringLiteral("1"));
+    set_base_version(base, QStringLiteral("1"));
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     write_zip(package, {{QStringLiteral("maj_base.ini"),
                          "[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"}});
@@ -462,7 +445,7 @@ TEST_F(UpgradeTest, TheToolLeavesTheBaseWhenThePackageIsRefused)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"));
     const QString base = make_base();
-    set_version(base, QStringLiteral("1"));
+    set_base_version(base, QStringLiteral("1"));
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=2\n"}});
 
@@ -481,7 +464,7 @@ TEST_F(UpgradeTest, TheToolRestoresTheBaseAfterAFailedStatement)
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n"
                                       "[FROM 1]\nmaj1=CREATE TABLE Partielle (x INTEGER)\nmaj2=DROP TABLE Absente\n"));
     const QString base = make_base();
-    set_version(base, QStringLiteral("1"));
+    set_base_version(base, QStringLiteral("1"));
     ui.answers.push_back(Button::Yes);
 
     run_upgrade_tool(*app, base, QString());
@@ -499,12 +482,12 @@ TEST_F(UpgradeTest, TheToolStopsOnABaseThatCannotBeOpened)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n"));
     const QString text = work_file(QStringLiteral("notes.mdb"));
-    write_file(text, "liste des nageurs\n");
+    write_bytes(text, "liste des nageurs\n");
     run_upgrade_tool(*app, text, QString());
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors de la connexion à la base.")});
     EXPECT_TRUE(ui.reports.empty());
     EXPECT_FALSE(QFile::exists(save_path(text)));
-    EXPECT_EQ(read_file(text), QByteArray("liste des nageurs\n"));
+    EXPECT_EQ(read_bytes(text), QByteArray("liste des nageurs\n"));
 }
 
 TEST(UpgradeNames, PackageAndBaseFilesAreRecognisedByName)

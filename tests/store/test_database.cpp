@@ -5,6 +5,7 @@
 #include "src/store/collation.h"
 #include "src/store/database.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QFile>
 #include <csignal>
@@ -13,6 +14,7 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::BaseHeldElsewhere;
 
 namespace {
 
@@ -145,32 +147,17 @@ TEST_F(DatabaseTest, ACleanCloseLeavesOneFile)
 TEST_F(DatabaseTest, TheLockTellsALiveBaseFromALeftover)
 {
     close_base(*app);
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        Database db;
-        db.open(base);
-        char c = 1;
-        (void)!write(ready[1], &c, 1);
-        pause();
-        _exit(0);
-    }
-    char c;
-    ASSERT_EQ(read(ready[0], &c, 1), 1);
+    BaseHeldElsewhere other(base);
     EXPECT_TRUE(Database::lock_held(base));
     Database second;
     EXPECT_THROW(second.open(base), DbError);
 
     // Killed: the lock file stays behind, held by nobody.
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
+    other.crash();
     EXPECT_TRUE(QFile::exists(Database::lock_path(base)));
     EXPECT_FALSE(Database::lock_held(base));
     EXPECT_NO_THROW(second.open(base));
     second.close();
-    close(ready[0]);
-    close(ready[1]);
 }
 
 TEST_F(DatabaseTest, FilesThatAreNotUsableBasesAreRefused)

@@ -3,6 +3,7 @@
 #include "src/reports/templates.h"
 #include "src/frame/components.h"
 #include "src/frame/access.h"
+#include "src/store/database.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,14 @@ namespace plouvarine::testing {
 QString model_file()
 {
     return QStringLiteral(PLOUVARINE_MODEL_FILE);
+}
+
+void set_base_version(const QString& path, const QString& version)
+{
+    Database db;
+    db.open(path);
+    db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
+    db.close();
 }
 
 void AppFixture::SetUp()

@@ -13,6 +13,8 @@ namespace plouvarine::testing {
 
 // The model base the build made.
 QString model_file();
+// Writes `version` (a value as the statement takes it) into the base file at `path`, not open.
+void set_base_version(const QString& path, const QString& version);
 
 class AppFixture : public ::testing::Test {
 protected:

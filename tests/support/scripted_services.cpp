@@ -1,5 +1,7 @@
 #include "support/scripted_services.h"
 
+#include "src/reports/rtf_writer.h"
+
 #include <QPdfWriter>
 #include <QTextDocument>
 
@@ -114,7 +116,7 @@ bool ScriptedServices::print_document(const QString& title, const QTextDocument&
 {
     if (!print_answer)
         return false;
-    printed.push_back({title, document.toPlainText(), document.toHtml()});
+    printed.push_back({title, document.toPlainText(), document.toHtml(), write_rtf(document)});
     if (!print_pdf.isEmpty()) {
         QPdfWriter pdf(print_pdf);
         pdf.setTitle(title);

@@ -62,6 +62,7 @@ public:
         QString title;
         QString text;  // the document's plain text
         QString html;
+        QByteArray rtf;  // the document as the report would be saved
     };
     std::vector<Printed> printed;
     bool print_answer = true;

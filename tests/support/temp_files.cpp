@@ -1,5 +1,7 @@
 #include "support/temp_files.h"
 
+#include "src/store/database.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -74,6 +76,36 @@ int run_with_file_size_limit(qint64 limit, const std::function<int()>& body)
     if (waitpid(pid, &status, 0) != pid)
         return -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+BaseHeldElsewhere::BaseHeldElsewhere(const QString& path)
+{
+    int ready[2];
+    if (pipe(ready) != 0)
+        return;
+    child_ = fork();
+    if (child_ == 0) {
+        Database db;
+        db.open(path);
+        char c = 1;
+        (void)!write(ready[1], &c, 1);
+        pause();
+        _exit(0);
+    }
+    char c = 0;
+    if (child_ < 0 || read(ready[0], &c, 1) != 1)
+        crash();
+    ::close(ready[0]);
+    ::close(ready[1]);
+}
+
+void BaseHeldElsewhere::crash()
+{
+    if (child_ > 0) {
+        kill(child_, SIGKILL);
+        waitpid(child_, nullptr, 0);
+    }
+    child_ = -1;
 }
 
 }  // namespace plouvarine::testing

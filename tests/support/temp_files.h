@@ -24,4 +24,19 @@ QString unwritable_folder(const QString& parent);
 // Gives the child's exit code (body's result), or -1 if it did not exit.
 int run_with_file_size_limit(qint64 limit, const std::function<int()>& body);
 
+// A base open in another process, which holds its lock as long as it lives:
+// another copy of the program. Built once the child holds the base.
+class BaseHeldElsewhere {
+public:
+    explicit BaseHeldElsewhere(const QString& path);
+    ~BaseHeldElsewhere() { crash(); }
+    BaseHeldElsewhere(const BaseHeldElsewhere&) = delete;
+    BaseHeldElsewhere& operator=(const BaseHeldElsewhere&) = delete;
+    // Kills the other process as a crash would: its lock file stays behind.
+    void crash();
+
+private:
+    int child_ = -1;
+};
+
 }  // namespace plouvarine::testing
