@@ -1,6 +1,7 @@
 #include "src/entries/utils_engag.h"
 
 #include "src/base/services.h"
+#include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
@@ -119,7 +120,7 @@ QString InsertEngagSql(const EntryScope& t, const Team& team, const QString& swi
     } else {
         sql += QStringLiteral(", ''");
     }
-    sql += QStringLiteral(", '") + quote_sql(entry.lieu) + QStringLiteral("'");
+    sql += QStringLiteral(", ") + quote_sql(entry.lieu);
     sql += possible_50 && entry.bassin_50 ? QStringLiteral(", 50") : QStringLiteral(", 25");
     return sql + QStringLiteral(")");
 }

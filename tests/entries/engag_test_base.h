@@ -36,7 +36,7 @@ protected:
               const QString& lieu = QStringLiteral("Rennes"))
     {
         EntriesBase::perf(num, code, tps, date, bassin);
-        exec(QStringLiteral("UPDATE Liffn SET Lieu = '%1' WHERE rowid = last_insert_rowid()").arg(quote_sql(lieu)));
+        exec(QStringLiteral("UPDATE Liffn SET Lieu = %1 WHERE rowid = last_insert_rowid()").arg(quote_sql(lieu).text()));
     }
     // An individual entry of competition `compet`.
     void entry(const QString& compet, const QString& num, int code, const QString& tps, int equipe = 0)
