@@ -86,18 +86,18 @@ public:
             categories_.insert(cats.text(1), cats.integer(0));
             next_category_ = std::max(next_category_, cats.integer(0) + 1);
         }
-        Statement swims(db, QStringLiteral("SELECT Code_epreuve, Num_Lic, Type_course, Numero_serie, Numero_couloir "
-                                           "FROM Prres WHERE Num_compet = ?"));
+        Statement swims(db, QStringLiteral("SELECT Code_epreuve, Num_Lic, Type_course, Numero_serie, Numero_couloir, "
+                                           "Num_categorie FROM Prres WHERE Num_compet = ?"));
         swims.query({num_compet});
         while (swims.next())
             seen_.insert(key(swims.integer(0), QString::number(swims.integer(1)), swims.text(2), swims.integer(3),
-                             swims.integer(4)));
+                             swims.integer(4)) + u'|' + QString::number(swims.integer(5)));
         Statement relays(db, QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_course, Numero_serie, "
-                                            "Numero_couloir FROM Prres_relais WHERE Num_compet = ?"));
+                                            "Numero_couloir, Num_categorie FROM Prres_relais WHERE Num_compet = ?"));
         relays.query({num_compet});
         while (relays.next())
             seen_.insert(key(relays.integer(0), relays.text(1).toUpper() + u'/' + QString::number(relays.integer(2)),
-                             relays.text(3), relays.integer(4), relays.integer(5)));
+                             relays.text(3), relays.integer(4), relays.integer(5)) + u'|' + QString::number(relays.integer(6)));
     }
 
     void meet(const Document& doc, const Meet& m, bool fill)
@@ -231,7 +231,10 @@ private:
         const Heat heat = e->heats.value(r.heatid);
         const int series = heat.final_letter.isEmpty() ? heat.number : heat.final_letter.front().unicode() - u'A' + 1;
         const QString kind = race_kind(e->round);
-        const QString k = key(code, who, kind, series, r.lane);
+        // The category is part of the key: a meet may swim the same event
+        // once per age group, each with its own heats.
+        const int cat = category(*e, r);
+        const QString k = key(code, who, kind, series, r.lane) + u'|' + QString::number(cat);
         if (seen_.contains(k)) {
             ++counts.already;
             return;
@@ -259,7 +262,7 @@ private:
                 ++counts.splits;
             }
         }
-        insert.run({num_compet_, code, num, club, tps, r.points, kind, series, r.lane, category(*e, r), inter[0],
+        insert.run({num_compet_, code, num, club, tps, r.points, kind, series, r.lane, cat, inter[0],
                     inter[1], inter[2], inter[3], inter[4], inter[5], inter[6], inter[7], inter[8], inter[9],
                     inter[10], inter[11], inter[12], inter[13]});
         ++(relay ? counts.relays : counts.swims);
