@@ -190,21 +190,22 @@ private:
                     }
                 }
             }
-            if (club_code.isEmpty() || !complete) {
-                trace_.line(QStringLiteral("Relais %1 de %2 (épreuve n° %3) : club ou relayeurs absents de la base, "
-                                           "non importé.")
+            if (!complete) {
+                trace_.line(QStringLiteral("Relais %1 de %2 (épreuve n° %3) : relayeurs absents de la base, non importé.")
                                 .arg(rl.number)
                                 .arg(c.name)
                                 .arg(e->number));
                 continue;
             }
-            const QString k = relay_key(code, club_code, pool_, e->date, r.time, {legs[0], legs[1], legs[2], legs[3]});
+            // A club the base lacks: the relay goes to its swimmers' club.
+            const QString club = club_code.isEmpty() ? swimmers_.club_of(legs[0]) : club_code;
+            const QString k = relay_key(code, club, pool_, e->date, r.time, {legs[0], legs[1], legs[2], legs[3]});
             if (seen_.contains(k)) {
                 ++counts.already;
                 continue;
             }
             seen_.insert(k);
-            relay_.run({code, club_code, rl.number, pool_, e->date, r.time, meet_->city, legs[0], legs[1], legs[2],
+            relay_.run({code, club, rl.number, pool_, e->date, r.time, meet_->city, legs[0], legs[1], legs[2],
                         legs[3], legs[4], legs[5], legs[6], legs[7], legs[8], legs[9]});
             ++counts.relays;
         }

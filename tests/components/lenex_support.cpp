@@ -28,23 +28,25 @@ ExchangeComponent* load_component(const QString& name)
     return component;
 }
 
-LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>& split_fits)
+QByteArray lenex_bytes(const QString& path)
 {
-    QByteArray bytes;
+    QString lef = path;
+    QTemporaryDir unpacked;
     if (path.endsWith(QLatin1String(".lxf"))) {
-        QTemporaryDir unpacked;
         unzip_archive(path, unpacked.path());
         QDirIterator it(unpacked.path(), {QStringLiteral("*.lef")}, QDir::Files, QDirIterator::Subdirectories);
-        QFile f(it.next());
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-        bytes = f.readAll();
-    } else {
-        QFile f(path);
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-        bytes = f.readAll();
+        lef = it.next();
     }
+    QFile f(lef);
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << lef.toStdString();
+    return f.readAll();
+}
+
+LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>& split_fits)
+{
+    const QByteArray bytes = lenex_bytes(path);
     // First pass: the events and their whole distance; second: the results.
-    QMap<QString, int> distance;
+    QMap<QString, int> distance, leg;
     QSet<QString> unknown;
     {
         QXmlStreamReader xml(bytes);
@@ -56,8 +58,8 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
                 event = xml.attributes().value(QLatin1String("eventid")).toString();
             if (xml.name() == u"SWIMSTYLE") {
                 const auto a = xml.attributes();
-                distance[event] = a.value(QLatin1String("distance")).toInt()
-                                  * std::max(1, a.value(QLatin1String("relaycount")).toInt());
+                leg[event] = a.value(QLatin1String("distance")).toInt();
+                distance[event] = leg[event] * std::max(1, a.value(QLatin1String("relaycount")).toInt());
                 if (a.value(QLatin1String("stroke")) == u"UNKNOWN")
                     unknown.insert(event);
             }
@@ -66,11 +68,17 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
     LenexCounts n;
     QXmlStreamReader xml(bytes);
     QStringList stack;
-    bool counted = false;
-    int total = 0;
+    bool counted = false, timed_relay = false, leg_split = false, first = false;
+    int total = 0, leg_distance = 0;
     while (!xml.atEnd()) {
         const auto token = xml.readNext();
         if (token == QXmlStreamReader::EndElement) {
+            if (xml.name() == u"RESULT" && timed_relay && first) {
+                ++n.timed_relays;
+                n.first_legs += leg_split;
+            }
+            if (xml.name() == u"RESULT")
+                timed_relay = false;
             stack.removeLast();
             continue;
         }
@@ -91,13 +99,21 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
                     ++n.by_status[status];
                 }
                 const QString t = a.value(QLatin1String("swimtime")).toString();
-                if (owner == QLatin1String("ATHLETE") && (status.isEmpty() || status == QLatin1String("EXH"))
-                    && t.size() == 11 && t != QLatin1String("00:00:00.00"))
-                    ++n.timed_swims;
+                const bool timed = (status.isEmpty() || status == QLatin1String("EXH")) && t.size() == 11
+                                   && t != QLatin1String("00:00:00.00");
+                if (owner == QLatin1String("ATHLETE"))
+                    n.timed_swims += timed;
+                timed_relay = owner == QLatin1String("RELAY") && timed;
+                leg_split = first = false;
+                leg_distance = leg.value(eventid);
             }
         }
         if (name == QLatin1String("SPLIT") && counted && split_fits(total, a.value(QLatin1String("distance")).toInt()))
             ++n.splits;
+        if (name == QLatin1String("SPLIT") && a.value(QLatin1String("distance")).toInt() == leg_distance)
+            leg_split = true;
+        if (name == QLatin1String("RELAYPOSITION") && a.value(QLatin1String("number")) == u"1")
+            first = true;
         stack.append(name);
     }
     EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();

@@ -41,9 +41,13 @@ ExchangeComponent* load_component(const QString& name);
 struct LenexCounts {
     int swims = 0, relays = 0, statuses = 0, splits = 0;
     int timed_swims = 0;               // individual, a time and no status but EXH
+    int timed_relays = 0;              // the same, of a relay with its swimmers' positions
+    int first_legs = 0;                // timed relays with a split at the end of the first leg
     QMap<QString, int> by_status;
 };
 // `split_fits(total distance, split distance)` tells which splits the base can hold.
+// The XML of a .lef, or of the .lef an .lxf holds.
+QByteArray lenex_bytes(const QString& path);
 LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>& split_fits);
 
 // A base made from the model base in a temporary folder, open on a

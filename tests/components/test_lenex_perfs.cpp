@@ -1,0 +1,129 @@
+// Performances: the real Lenex files into the history of the base's swimmers
+// (rcpperf), and the history out as Lenex (expperf) and back.
+
+#include "components/lenex_support.h"
+
+#include <QDir>
+#include <QXmlStreamReader>
+
+namespace plouvarine::testing {
+namespace {
+
+class Performances : public LenexBase {
+protected:
+    // Every athlete of the file as a licence of the base, in the club "BASE".
+    void seed_athletes(const QString& file)
+    {
+        QXmlStreamReader xml(lenex_bytes(file));
+        QStringList values;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement || xml.name() != u"ATHLETE")
+                continue;
+            const auto a = xml.attributes();
+            auto v = [&](const char* n) { return a.value(QLatin1String(n)).toString().replace(u'\'', QStringLiteral("''")); };
+            values.append(QStringLiteral("('BASE', '%1', '%2', '%3', '%4', '%5', true)")
+                              .arg(v("license"), v("lastname"), v("firstname"), v("gender"), v("birthdate").remove(u'-')));
+        }
+        db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) VALUES ")
+                    + values.join(u','));
+    }
+    int total()
+    {
+        return count(QStringLiteral("SELECT (SELECT count(*) FROM Liffn) + (SELECT count(*) FROM Liffn_relais)"));
+    }
+};
+
+class RealPerformances : public Performances, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdded)
+{
+    const QString file = lenex_file(QString::fromLatin1(GetParam()));
+    const LenexCounts expected = count_lenex(file, [](int, int) { return false; });
+    // A base without the file's swimmers takes nothing and says who is missing.
+    ExchangeCall call;
+    call.source = file;
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_EQ(total(), 0);
+    EXPECT_TRUE(trace().contains(QStringLiteral("Nageur absent de la base : "))) << trace().left(400).toStdString();
+
+    seed_athletes(file);
+    const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Passage_relais = ' '")), expected.timed_swims);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Passage_relais = 'R'")), expected.first_legs);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn_relais")), expected.timed_relays);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence")), licences);
+    // Pool, place, date and age are the meet's.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Type_bassin NOT IN (25, 50) OR Lieu = '' "
+                                   "OR length(Date_perf) <> 8 OR Age_perf <= 0 OR Tps <= 0 OR Tps >= 91")),
+              0);
+
+    const int before = total();
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_EQ(total(), before);
+    EXPECT_TRUE(trace().contains(QStringLiteral("%1 déjà présente(s)").arg(before))) << trace().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(RealFiles, RealPerformances,
+                         ::testing::Values("example-results.lef", "16032025_Erlangen_lenex3_results.lxf", "38468.lxf"));
+
+TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
+{
+    const QString file = lenex_file(QStringLiteral("38468.lxf"));
+    seed_athletes(file);
+    ExchangeCall call;
+    call.source = file;
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    // Liffn without Tps_inter, which the exported file does not carry.
+    const QString swims = QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
+                                         "Passage_relais, Age_perf, Num_compet FROM Liffn ORDER BY 1, 2, 3, 4, 5, 6, 8");
+    const QString relays = QStringLiteral("SELECT * FROM Liffn_relais ORDER BY 1, 2, 3, 4, 5, 6, 8");
+    const QStringList swims_before = rows(swims), relays_before = rows(relays);
+    ASSERT_GT(swims_before.size(), 1000);
+    ASSERT_GT(relays_before.size(), 100);
+
+    ExchangeCall out;
+    out.option = false;  // every club
+    ASSERT_TRUE(run(QStringLiteral("expperf"), QStringLiteral("bexport_performance"), out)) << trace().toStdString();
+    const QString exported = path(QStringLiteral("exported.lef"));
+    ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), exported));
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn_relais"));
+    call.source = exported;
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
+    EXPECT_EQ(rows(swims), swims_before);
+    EXPECT_EQ(rows(relays), relays_before);
+
+    // My club only: the rows of that club alone (a club of the base now).
+    db.exec_sql(QStringLiteral("UPDATE Liffn_relais SET Code_club = 'AUTRE' WHERE Code_epreuve > 50"));
+    db.exec_sql(QStringLiteral("UPDATE Liffn SET Code_club = 'AUTRE' WHERE Code_epreuve > 50"));
+    const QString club = QStringLiteral("BASE");
+    const QStringList relays_both = rows(relays);
+    out.option = true;
+    out.club_code = club;
+    ASSERT_TRUE(run(QStringLiteral("expperf"), QStringLiteral("bexport_performance"), out));
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn_relais"));
+    // (each run empties the work folder: the file is kept apart first)
+    call.source = path(QStringLiteral("club.lef"));
+    ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), call.source));
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn_relais WHERE Code_club <> '%1'").arg(club)), 0);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Code_club <> '%1'").arg(club)), 0);
+    QStringList club_relays;
+    for (const QString& r : relays_both) {
+        if (r.section(u'|', 1, 1) == club)
+            club_relays.append(r);
+    }
+    EXPECT_EQ(rows(relays), club_relays);
+
+    // No performance of a club that has none: no file, and the trace says so.
+    out.club_code = QStringLiteral("AUCUN");
+    EXPECT_FALSE(run(QStringLiteral("expperf"), QStringLiteral("bexport_performance"), out));
+    EXPECT_TRUE(trace().contains(QStringLiteral("Aucune performance à exporter.")));
+}
+
+}  // namespace
+}  // namespace plouvarine::testing
