@@ -50,7 +50,7 @@ int for_each_document(const QString& source, const QString& work_dir, exchange::
                 ++imported;
             }
         } catch (const LenexError& e) {
-            trace.error(e.text() + QStringLiteral(" Rien n'est importé de ce fichier."));
+            trace.error(e.text() + QStringLiteral(". Rien n'est importé de ce fichier."));
         } catch (const Error& e) {
             trace.error(QStringLiteral("%1 : %2. Rien n'est importé de ce fichier.").arg(name, e.description()));
         }

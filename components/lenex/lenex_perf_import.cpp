@@ -26,9 +26,11 @@ QString time_key(double t)
     return QString::number(t, 'f', 4);
 }
 
-class PerfImporter {
+}  // namespace
+
+class PerformanceImport::Importer {
 public:
-    PerfImporter(Database& db, exchange::Trace& trace, OperationProgress& progress)
+    Importer(Database& db, exchange::Trace& trace, OperationProgress& progress)
         : trace_(trace), progress_(progress), clubs_(db), swimmers_(db),
           swim_(db, QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
                                    "Lieu, Codif_Fede, Codif_Inter, Codif_Reg, Codif_Depart, Passage_relais, Tps_inter, "
@@ -58,6 +60,7 @@ public:
 
     void meet(const Document& doc, const Meet& m)
     {
+        counts = {};
         pool_ = course_length(m.course);
         if (pool_ == 0)
             throw LenexError(QStringLiteral("%1 : bassin « %2 » inconnu (SCM ou LCM attendu)").arg(doc.file, m.course));
@@ -131,9 +134,11 @@ private:
             return;
         if (num == 0) {
             ++counts.unmatched;
-            trace_.line(QStringLiteral("Nageur absent de la base : %1 %2 (licence %3), né(e) le %4")
+            if (!reported_.contains(a.lastname + u'|' + a.firstname + u'|' + a.birthdate))
+                trace_.line(QStringLiteral("Nageur absent de la base : %1 %2 (licence %3), né(e) le %4")
                             .arg(a.lastname, a.firstname, a.license.isEmpty() ? QStringLiteral("inconnue") : a.license,
                                  lenex_date(a.birthdate)));
+            reported_.insert(a.lastname + u'|' + a.firstname + u'|' + a.birthdate);
             return;
         }
         progress_.set_swimmer(a.lastname + u' ' + a.firstname);
@@ -219,22 +224,42 @@ private:
     Clubs clubs_;
     Swimmers swimmers_;
     Statement swim_, relay_;
-    QSet<QString> seen_;
+    QSet<QString> seen_, reported_;
     const Meet* meet_ = nullptr;
     int pool_ = 0;
 };
 
-}  // namespace
-
-PerfCounts import_performances(Database& db, const Document& doc, exchange::Trace& trace,
-                               OperationProgress& progress)
+PerformanceImport::PerformanceImport(Database& db, exchange::Trace& trace, OperationProgress& progress)
+    : db_(db), trace_(trace), progress_(progress)
 {
-    Transaction tx(db);
-    PerfImporter importer(db, trace, progress);
-    for (const Meet& m : doc.meets)
-        importer.meet(doc, m);
-    tx.commit();
-    return importer.counts;
+}
+
+PerformanceImport::~PerformanceImport() = default;
+
+PerfCounts PerformanceImport::import(const Document& doc)
+{
+    Transaction tx(db_);
+    if (!importer_)
+        importer_ = std::make_unique<Importer>(db_, trace_, progress_);
+    PerfCounts total;
+    try {
+        for (const Meet& m : doc.meets) {
+            importer_->meet(doc, m);
+            const PerfCounts& n = importer_->counts;
+            total.swims += n.swims;
+            total.first_legs += n.first_legs;
+            total.relays += n.relays;
+            total.already += n.already;
+            total.unmatched += n.unmatched;
+            total.no_time += n.no_time;
+        }
+        tx.commit();
+    } catch (...) {
+        // What the importer remembers of the rolled-back rows is read again.
+        importer_.reset();
+        throw;
+    }
+    return total;
 }
 
 }  // namespace plouvarine::lenex

@@ -6,6 +6,7 @@
 #include "components/lenex/lenex_model.h"
 
 #include <QString>
+#include <memory>
 
 namespace plouvarine {
 class Database;
@@ -24,11 +25,25 @@ struct PerfCounts {
 };
 
 // Imports the timed swims of the base's swimmers (found by licence, then by
-// name and birth date) in one transaction; nothing is added for a swimmer the
-// base lacks (the trace names each one), and a performance already in the
-// base is not added twice. Throws LenexError for an unknown pool length.
-PerfCounts import_performances(Database& db, const Document& doc, exchange::Trace& trace,
-                               OperationProgress& progress);
+// name and birth date), one transaction per document; nothing is added for a
+// swimmer the base lacks (the trace names each one once), and a performance
+// already in the base is not added twice. Made once for a whole folder, so
+// that the base's swimmers and performances are read once.
+class PerformanceImport {
+public:
+    PerformanceImport(Database& db, exchange::Trace& trace, OperationProgress& progress);
+    ~PerformanceImport();
+    // Throws LenexError for an unknown pool length, DbError; either leaves the
+    // base as it was.
+    PerfCounts import(const Document& doc);
+
+private:
+    class Importer;
+    Database& db_;
+    exchange::Trace& trace_;
+    OperationProgress& progress_;
+    std::unique_ptr<Importer> importer_;
+};
 
 // Writes the performances of the club `club_code` (every club when
 // `all_clubs`) as a Lenex file at `path` (.lef, or .lxf zipped): one meet per

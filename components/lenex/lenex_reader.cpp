@@ -34,7 +34,9 @@ public:
             }
         }
         if (xml_.hasError())
-            fail(xml_.errorString());
+            fail(xml_.error() == QXmlStreamReader::PrematureEndOfDocumentError
+                     ? QStringLiteral("fichier incomplet, fin inattendue")
+                     : QStringLiteral("XML mal formé (%1)").arg(xml_.errorString()));
         return std::move(doc_);
     }
 
@@ -57,10 +59,13 @@ private:
     [[noreturn]] void fail(const QString& why)
     {
         const QString element = element_.isEmpty() ? QStringLiteral("LENEX") : element_;
+        QString text = why;
+        if (text.endsWith(u'.'))
+            text.chop(1);
         throw LenexError(QStringLiteral("%1 : ligne %2, élément %3 : %4")
                              .arg(doc_.file)
                              .arg(xml_.lineNumber())
-                             .arg(element, why));
+                             .arg(element, text));
     }
 
     // Calls `f` on each child element named `name`, skipping the others.

@@ -2,6 +2,7 @@
 // (rcpperf), and the history out as Lenex (expperf) and back.
 
 #include "components/lenex_support.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QXmlStreamReader>
@@ -123,6 +124,45 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     out.club_code = QStringLiteral("AUCUN");
     EXPECT_FALSE(run(QStringLiteral("expperf"), QStringLiteral("bexport_performance"), out));
     EXPECT_TRUE(trace().contains(QStringLiteral("Aucune performance à exporter.")));
+}
+
+}  // namespace
+}  // namespace plouvarine::testing
+
+namespace plouvarine::testing {
+namespace {
+
+TEST_F(Performances, AFolderOfAThousandFilesWithABadOneTakesEveryGoodFile)
+{
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('0929001', '123456A', 'Le Goff', 'Anne', 'F', '20100504', true)"));
+    QTemporaryDir folder;
+    const QString xml = QStringLiteral(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" city=\"Quimper\" "
+        "course=\"SCM\"><SESSIONS><SESSION number=\"1\" date=\"%1\"><EVENTS><EVENT eventid=\"1\" number=\"1\" "
+        "gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"FREE\"/></EVENT></EVENTS>"
+        "</SESSION></SESSIONS><CLUBS><CLUB code=\"0929001\" name=\"Brest\"><ATHLETES><ATHLETE athleteid=\"1\" "
+        "lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" birthdate=\"2010-05-04\" license=\"123456A\"><RESULTS>"
+        "<RESULT resultid=\"1\" eventid=\"1\" swimtime=\"00:01:%2.00\"/></RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS>"
+        "</MEET></MEETS></LENEX>");
+    const QDate first(2020, 1, 1);
+    for (int i = 0; i < 1000; ++i) {
+        QByteArray bytes = xml.arg(first.addDays(i).toString(Qt::ISODate)).arg(i % 60, 2, 10, QChar(u'0')).toUtf8();
+        if (i == 500)
+            bytes.chop(200);  // cut in the middle of the club
+        write_bytes(folder.filePath(QStringLiteral("r%1.lef").arg(i, 4, 10, QChar(u'0'))), bytes);
+    }
+    ExchangeCall call;
+    call.source = folder.path();
+    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn")), 999);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Date_perf = '%1'")
+                        .arg(first.addDays(500).toString(QStringLiteral("yyyyMMdd")))),
+              0);
+    EXPECT_EQ(trace().count(QStringLiteral("Erreur : ")), 1);
+    EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : r0500.lef : ligne 1"))) << trace().left(500).toStdString();
+    EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Code_club, Tps, Lieu, Age_perf FROM Liffn WHERE Date_perf = '20200102'")),
+              QStringList{QStringLiteral("2|0929001|1.01|Quimper|9")});
 }
 
 }  // namespace

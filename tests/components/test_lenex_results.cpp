@@ -161,6 +161,10 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     zip_file(src.filePath(QStringLiteral("d_evasion.lxf")), src.filePath(QStringLiteral("evil.lef")),
              QStringLiteral("../evil.lef"));
     QFile::remove(src.filePath(QStringLiteral("evil.lef")));
+    // Declared UTF-8, written in Latin-1.
+    write_bytes(src.filePath(QStringLiteral("f_codage.lef")),
+                small_file(QStringLiteral("SCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00"))
+                    .replace("Le Goff", "L\xe9 Goff"));
     // Another course.
     write_bytes(src.filePath(QStringLiteral("e_bassin.lef")),
                 small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
@@ -182,10 +186,11 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
         return false;
     };
     EXPECT_TRUE(has(QStringLiteral("a_texte.lef : ligne 1"), QStringLiteral("LENEX"))) << trace().toStdString();
-    EXPECT_TRUE(has(QStringLiteral("b_tronque.lef : ligne"), QStringLiteral("élément"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("b_tronque.lef : ligne"), QStringLiteral("fichier incomplet"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("c_vide.lxf"), QStringLiteral("aucun fichier .lef"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("d_evasion.lxf"), QStringLiteral("ne peut être ouvert"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("e_bassin.lef"), QStringLiteral("bassin de 50 m"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("f_codage.lef : ligne 1"), QStringLiteral("XML mal formé"))) << trace().toStdString();
     EXPECT_FALSE(QFile::exists(QDir(dir_.path()).filePath(QStringLiteral("evil.lef"))));
 }
 
