@@ -3,6 +3,7 @@
 #include "components/lenex/lenex_perfs.h"
 #include "components/lenex/lenex_reader.h"
 #include "components/lenex/lenex_time.h"
+#include "src/base/errors.h"
 #include "src/frame/exchange_component.h"
 
 #include <array>
@@ -65,6 +66,7 @@ public:
         if (pool_ == 0)
             throw LenexError(QStringLiteral("%1 : bassin « %2 » inconnu (SCM ou LCM attendu)").arg(doc.file, m.course));
         meet_ = &m;
+        file_ = doc.file;
         trace_.line(QStringLiteral("Fichier %1 : %2, %3").arg(doc.file, m.name, m.city));
         // The base's swimmers of the whole meet first: a relay may take a
         // swimmer listed under another club.
@@ -154,8 +156,10 @@ private:
             const int code = event_code(e->style, first_char(event_gender(*e, a.gender)));
             if (code < 0 || e->style.relaycount > 1)
                 continue;
-            add_swim(code, club, num, e->date, r.time, r.comment == QLatin1String(kFirstLegComment),
-                     !r.splits.isEmpty());
+            guarded(r, [&] {
+                add_swim(code, club, num, e->date, r.time, r.comment == QLatin1String(kFirstLegComment),
+                         !r.splits.isEmpty());
+            });
         }
     }
 
@@ -190,8 +194,10 @@ private:
                 for (const Split& s : r.splits) {
                     if (leg_code >= 0 && s.distance == e->style.distance) {
                         const int num = nums.value(first->athleteid);
-                        add_swim(leg_code, club_code.isEmpty() ? swimmers_.club_of(num) : club_code, num, e->date,
-                                 s.time, true, false);
+                        guarded(r, [&] {
+                            add_swim(leg_code, club_code.isEmpty() ? swimmers_.club_of(num) : club_code, num,
+                                     e->date, s.time, true, false);
+                        });
                     }
                 }
             }
@@ -210,9 +216,24 @@ private:
                 continue;
             }
             seen_.insert(k);
-            relay_.run({code, club, rl.number, pool_, e->date, r.time, meet_->city, legs[0], legs[1], legs[2],
-                        legs[3], legs[4], legs[5], legs[6], legs[7], legs[8], legs[9]});
+            guarded(r, [&] {
+                relay_.run({code, club, rl.number, pool_, e->date, r.time, meet_->city, legs[0], legs[1], legs[2],
+                            legs[3], legs[4], legs[5], legs[6], legs[7], legs[8], legs[9]});
+            });
             ++counts.relays;
+        }
+    }
+
+    // Runs a write of the result `r`; an engine error names the result.
+    template <typename F> void guarded(const Result& r, F write)
+    {
+        try {
+            write();
+        } catch (const Error& failure) {
+            throw LenexError(QStringLiteral("%1 : ligne %2, élément RESULT : %3")
+                                 .arg(file_)
+                                 .arg(r.line)
+                                 .arg(failure.description()));
         }
     }
 
@@ -226,6 +247,7 @@ private:
     Statement swim_, relay_;
     QSet<QString> seen_, reported_;
     const Meet* meet_ = nullptr;
+    QString file_;
     int pool_ = 0;
 };
 

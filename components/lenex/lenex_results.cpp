@@ -3,6 +3,7 @@
 #include "components/exchange/trace.h"
 #include "components/lenex/lenex_base.h"
 #include "components/lenex/lenex_reader.h"
+#include "src/base/errors.h"
 #include "src/frame/exchange_component.h"
 
 #include <array>
@@ -125,6 +126,7 @@ public:
         }
         trace_.line(QStringLiteral("Fichier %1 : %2, %3").arg(doc.file, m.name, m.city));
         meet_ = &m;
+        file_ = doc.file;
         for (const Event& e : m.events) {
             if (event_code(e.style, u'F') < 0 && event_code(e.style, u'M') < 0 && event_code(e.style, u'X') < 0)
                 trace_.line(QStringLiteral("Épreuve n° %1 inconnue (%2 m %3, %4 nageur(s)) : ses résultats sont ignorés.")
@@ -262,9 +264,16 @@ private:
                 ++counts.splits;
             }
         }
-        insert.run({num_compet_, code, num, club, tps, r.points, kind, series, r.lane, cat, inter[0],
-                    inter[1], inter[2], inter[3], inter[4], inter[5], inter[6], inter[7], inter[8], inter[9],
-                    inter[10], inter[11], inter[12], inter[13]});
+        try {
+            insert.run({num_compet_, code, num, club, tps, r.points, kind, series, r.lane, cat, inter[0],
+                        inter[1], inter[2], inter[3], inter[4], inter[5], inter[6], inter[7], inter[8], inter[9],
+                        inter[10], inter[11], inter[12], inter[13]});
+        } catch (const Error& failure) {
+            throw LenexError(QStringLiteral("%1 : ligne %2, élément RESULT : %3")
+                                 .arg(file_)
+                                 .arg(r.line)
+                                 .arg(failure.description()));
+        }
         ++(relay ? counts.relays : counts.swims);
     }
 
@@ -279,6 +288,7 @@ private:
     int next_category_ = 1;
     QSet<QString> seen_;
     const Meet* meet_ = nullptr;
+    QString file_;
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 namespace plouvarine::testing {
 namespace {
@@ -192,6 +193,29 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     EXPECT_TRUE(has(QStringLiteral("e_bassin.lef"), QStringLiteral("bassin de 50 m"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("f_codage.lef : ligne 1"), QStringLiteral("XML mal formé"))) << trace().toStdString();
     EXPECT_FALSE(QFile::exists(QDir(dir_.path()).filePath(QStringLiteral("evil.lef"))));
+}
+
+TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
+{
+    const int num = add_competition(25);
+    // The engine refuses one swim deep in the file, after clubs and swimmers were added.
+    db.exec_sql(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Prres WHEN NEW.Tps = 1.2318 "
+                               "BEGIN SELECT RAISE(ABORT, 'refusé'); END"));
+    const QString before = rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                               "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                               "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n');
+    ExchangeCall call;
+    call.source = lenex_file(QStringLiteral("example-results.lef"));
+    call.num_compet = QString::number(num);
+    call.new_compet = true;
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                  "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                  "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n'),
+              before);
+    EXPECT_TRUE(trace().contains(QRegularExpression(QStringLiteral(
+        "Erreur : example-results\\.lef : ligne \\d+, élément RESULT : refusé\\. Rien n'est importé de ce fichier\\."))))
+        << trace().toStdString();
 }
 
 TEST_F(ResultsDetail, UnknownStrokeIsSkippedAndATimeNtIsKeptWithoutTime)
