@@ -181,9 +181,11 @@ int Swimmers::find(const QString& license, const QString& lastname, const QStrin
 int Swimmers::add(const QString& club, const QString& license, const QString& lastname, const QString& firstname,
                   const QString& gender, const QString& birthdate, const QString& nation)
 {
-    Statement s(db_, QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, "
-                                    "Nationalite, Visible) VALUES (?, ?, ?, ?, ?, ?, ?, 1)"));
-    s.run({club, license, lastname, firstname, gender, birthdate, nation});
+    if (!insert_)
+        insert_ = std::make_unique<Statement>(
+            db_, QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, "
+                                "Nationalite, Visible) VALUES (?, ?, ?, ?, ?, ?, ?, 1)"));
+    insert_->run({club, license, lastname, firstname, gender, birthdate, nation});
     const int num = int(sqlite3_last_insert_rowid(db_.handle()));
     remember(num, license, name_key(lastname, firstname, birthdate), club, birthdate);
     return num;
@@ -214,8 +216,10 @@ QString Clubs::find(const QString& code, const QString& name) const
 QString Clubs::add(const QString& code, const QString& name)
 {
     const QString c = code.isEmpty() ? name : code;
-    Statement s(db_, QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection, Visible) VALUES (?, ?, 0, 1)"));
-    s.run({c, name});
+    if (!insert_)
+        insert_ = std::make_unique<Statement>(
+            db_, QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection, Visible) VALUES (?, ?, 0, 1)"));
+    insert_->run({c, name});
     by_code_.insert(c.toUpper(), c);
     by_name_.insert(fold_name(name), c);
     names_.insert(c.toUpper(), name);

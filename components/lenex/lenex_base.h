@@ -13,6 +13,7 @@
 #include <QString>
 #include <QVariant>
 #include <initializer_list>
+#include <memory>
 
 struct sqlite3_stmt;
 
@@ -78,6 +79,7 @@ public:
 private:
     void remember(int num, const QString& license, const QString& key, const QString& club, const QString& birth);
     Database& db_;
+    std::unique_ptr<Statement> insert_;
     QHash<QString, int> by_license_, by_name_;
     QHash<int, QString> club_, birth_;
     int nulle_ = 0;
@@ -96,6 +98,7 @@ public:
 
 private:
     Database& db_;
+    std::unique_ptr<Statement> insert_;
     QHash<QString, QString> by_code_, by_name_, names_;
 };
 

@@ -300,14 +300,15 @@ Document parse_lenex(const QByteArray& xml, const QString& name)
 
 QStringList source_files(const QString& source)
 {
-    const QFileInfo info(source);
-    if (!info.isDir())
+    if (!QFileInfo(source).isDir())
         return {source};
+    // Below the folder too: a zip the runner unpacked keeps its folders.
     QStringList files;
-    const QStringList names = QDir(source).entryList(
-        {QStringLiteral("*.lef"), QStringLiteral("*.lxf"), QStringLiteral("*.zip")}, QDir::Files, QDir::Name);
-    for (const QString& n : names)
-        files.append(QDir(source).filePath(n));
+    QDirIterator it(source, {QStringLiteral("*.lef"), QStringLiteral("*.lxf"), QStringLiteral("*.zip")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files.append(it.next());
+    files.sort();
     return files;
 }
 

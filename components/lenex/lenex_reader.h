@@ -24,8 +24,8 @@ private:
 // LenexError with the line and the element where the reading stopped.
 Document parse_lenex(const QByteArray& xml, const QString& name);
 
-// The files of a source: a folder's .lef, .lxf and .zip files by name, or
-// the source itself.
+// The files of a source: the .lef, .lxf and .zip files of a folder and its
+// sub-folders, by path, or the source itself.
 QStringList source_files(const QString& source);
 
 // The .lef files of one file: a .lef itself; an .lxf or .zip unpacked into a
