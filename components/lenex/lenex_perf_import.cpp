@@ -68,6 +68,8 @@ public:
         meet_ = &m;
         file_ = doc.file;
         trace_.line(QStringLiteral("Fichier %1 : %2, %3").arg(doc.file, m.name, m.city));
+        for (const QString& line : unknown_events(m))
+            trace_.line(line);
         // The base's swimmers of the whole meet first: a relay may take a
         // swimmer listed under another club.
         QHash<QString, int> nums;
@@ -130,8 +132,12 @@ private:
     void athlete(const Athlete& a, const QString& club_code, int num)
     {
         bool timed = false;
-        for (const Result& r : a.results)
-            timed = timed || (r.time > 0 && status_free(r));
+        for (const Result& r : a.results) {
+            if (status_free(r) && r.time > 0)
+                timed = true;
+            else if (status_free(r))
+                ++counts.no_time;
+        }
         if (!timed)
             return;
         if (num == 0) {
@@ -149,10 +155,8 @@ private:
             const Event* e = meet_->event(r.eventid);
             if (!e || !status_free(r))
                 continue;
-            if (r.time <= 0) {
-                ++counts.no_time;
+            if (r.time <= 0)
                 continue;
-            }
             const int code = event_code(e->style, first_char(event_gender(*e, a.gender)));
             if (code < 0 || e->style.relaycount > 1)
                 continue;

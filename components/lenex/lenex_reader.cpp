@@ -321,6 +321,20 @@ QStringList lef_files(const QString& file, const QString& work_dir)
     return {file};
 }
 
+QStringList unknown_events(const Meet& meet)
+{
+    QStringList lines;
+    for (const Event& e : meet.events) {
+        if (event_code(e.style, u'F') < 0 && event_code(e.style, u'M') < 0 && event_code(e.style, u'X') < 0)
+            lines.append(QStringLiteral("Épreuve n° %1 inconnue (%2 m %3, %4 nageur(s)) : ses résultats sont ignorés.")
+                             .arg(e.number)
+                             .arg(e.style.distance)
+                             .arg(e.style.stroke)
+                             .arg(e.style.relaycount));
+    }
+    return lines;
+}
+
 Document read_lef(const QString& path)
 {
     QFile f(path);

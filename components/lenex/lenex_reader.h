@@ -34,6 +34,9 @@ QStringList source_files(const QString& source);
 // unpacked or one that holds no .lef.
 QStringList lef_files(const QString& file, const QString& work_dir);
 
+// A trace line for each event of the meet that the catalogue does not have.
+QStringList unknown_events(const Meet& meet);
+
 // Reads and parses one .lef file. Throws LenexError.
 Document read_lef(const QString& path);
 

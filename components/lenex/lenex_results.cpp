@@ -127,14 +127,8 @@ public:
         trace_.line(QStringLiteral("Fichier %1 : %2, %3").arg(doc.file, m.name, m.city));
         meet_ = &m;
         file_ = doc.file;
-        for (const Event& e : m.events) {
-            if (event_code(e.style, u'F') < 0 && event_code(e.style, u'M') < 0 && event_code(e.style, u'X') < 0)
-                trace_.line(QStringLiteral("Épreuve n° %1 inconnue (%2 m %3, %4 nageur(s)) : ses résultats sont ignorés.")
-                                .arg(e.number)
-                                .arg(e.style.distance)
-                                .arg(e.style.stroke)
-                                .arg(e.style.relaycount));
-        }
+        for (const QString& line : unknown_events(m))
+            trace_.line(line);
         int done = 0;
         for (const Club& c : m.clubs) {
             progress_.set_club(c.name);

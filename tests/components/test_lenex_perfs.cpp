@@ -47,6 +47,9 @@ TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdde
     EXPECT_EQ(total(), 0);
     EXPECT_TRUE(trace().contains(QStringLiteral("Nageur absent de la base : "))) << trace().left(400).toStdString();
 
+    if (file.contains(QLatin1String("Erlangen"))) {
+        EXPECT_TRUE(trace().contains(QStringLiteral("inconnue (50 m UNKNOWN, 1 nageur(s)) : ses résultats sont ignorés.")));
+    }
     seed_athletes(file);
     const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
     run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
@@ -150,12 +153,17 @@ TEST_F(Performances, AFolderOfAThousandFilesWithABadOneTakesEveryGoodFile)
         QByteArray bytes = xml.arg(first.addDays(i).toString(Qt::ISODate)).arg(i % 60, 2, 10, QChar(u'0')).toUtf8();
         if (i == 500)
             bytes.chop(200);  // cut in the middle of the club
+        if (i == 700)
+            bytes.replace(QByteArray("swimtime=\"00:01:40.00\""), QByteArray("swimtime=\"NT\""));
         write_bytes(folder.filePath(QStringLiteral("r%1.lef").arg(i, 4, 10, QChar(u'0'))), bytes);
     }
     ExchangeCall call;
     call.source = folder.path();
     run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn")), 999);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn")), 998);
+    EXPECT_TRUE(trace().contains(QStringLiteral("r0700.lef : 0 performance(s) individuelle(s), 0 premier(s) relayeur(s), "
+                                                "0 relais ajouté(s) ; 0 déjà présente(s) ; 0 nageur(s) absent(s) de la "
+                                                "base ; 1 nage(s) sans temps (« NT »).")));
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Date_perf = '%1'")
                         .arg(first.addDays(500).toString(QStringLiteral("yyyyMMdd")))),
               0);
