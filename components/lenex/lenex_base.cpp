@@ -173,7 +173,9 @@ int Swimmers::find(const QString& license, const QString& lastname, const QStrin
         if (const int num = by_license_.value(l))
             return num;
     }
-    if (lastname.isEmpty() || birthdate.isEmpty())
+    // Without a birth date, a swimmer of the same name who has none either: so
+    // that one added that way is found again.
+    if (lastname.isEmpty())
         return 0;
     return by_name_.value(name_key(lastname, firstname, birthdate));
 }
