@@ -192,7 +192,7 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     EXPECT_TRUE(has(QStringLiteral("d_evasion.lxf"), QStringLiteral("ne peut être ouvert"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("e_bassin.lef"), QStringLiteral("bassin de 50 m"))) << trace().toStdString();
     EXPECT_TRUE(has(QStringLiteral("f_codage.lef : ligne 1"), QStringLiteral("XML mal formé"))) << trace().toStdString();
-    EXPECT_FALSE(QFile::exists(QDir(dir_.path()).filePath(QStringLiteral("evil.lef"))));
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("tmpexpimp/evil.lef"))));
 }
 
 TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
