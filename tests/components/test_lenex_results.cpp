@@ -1,0 +1,277 @@
+// The results import (rcpres) on the three real Lenex files and on bad input.
+
+#include "components/lenex/lenex_results.h"
+#include "components/lenex/lenex_time.h"
+#include "components/lenex_support.h"
+#include "src/base/zip.h"
+#include "support/temp_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+namespace plouvarine::testing {
+namespace {
+
+// The base keeps the splits at the 50 m (100 m beyond 400 m) marks before the
+// finish, fourteen at most.
+bool split_fits(int total, int at)
+{
+    const int step = total <= 400 ? 50 : 100;
+    return at > 0 && at < total && (total - at) % step == 0 && (total - at) / step <= 14;
+}
+
+struct RealFile {
+    const char* name;
+    int length;
+};
+
+class ResultsImport : public LenexBase, public ::testing::WithParamInterface<RealFile> {};
+
+TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatusesAndSplits)
+{
+    const QString file = lenex_file(QString::fromLatin1(GetParam().name));
+    const LenexCounts expected = count_lenex(file, split_fits);
+    ASSERT_GT(expected.swims, 0);
+    const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
+    const int num = add_competition(GetParam().length);
+    ExchangeCall call;
+    call.source = file;
+    call.num_compet = QString::number(num);
+    EXPECT_FALSE(run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call));
+    EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
+
+    const QString where = QStringLiteral(" WHERE Num_compet = %1").arg(num);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres") + where), expected.swims);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres_relais") + where), expected.relays);
+    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT count(*) FROM Prres%1 AND Tps >= 91) + "
+                                   "(SELECT count(*) FROM Prres_relais%1 AND Tps >= 91)").arg(where)),
+              expected.statuses);
+    QStringList inter;
+    for (int i = 1; i <= 14; ++i)
+        inter.append(QStringLiteral("(Inter%1 > 0)").arg(i));
+    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT coalesce(sum(%1), 0) FROM Prres%2) + "
+                                   "(SELECT coalesce(sum(%1), 0) FROM Prres_relais%2)")
+                        .arg(inter.join(u'+'), where)),
+              expected.splits);
+    // Every swimmer of a swim is a licence of the base now, in a club of the base.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Licence l ON l.Num = p.Num_Lic") + where
+                    + QStringLiteral(" AND l.Num IS NULL")),
+              0);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Club c ON c.Code_federal = p.Code_club")
+                    + where + QStringLiteral(" AND c.Num IS NULL")),
+              0);
+    EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Licence")), licences);
+    // Each swim has a category of the competition.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p") + where
+                    + QStringLiteral(" AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = p.Num_compet)")),
+              0);
+
+    // The same file again adds nothing.
+    const int before = count(QStringLiteral("SELECT count(*) FROM Prres")) + count(QStringLiteral("SELECT count(*) FROM Licence"))
+                       + count(QStringLiteral("SELECT count(*) FROM Club")) + count(QStringLiteral("SELECT count(*) FROM Categori"));
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres")) + count(QStringLiteral("SELECT count(*) FROM Licence"))
+                  + count(QStringLiteral("SELECT count(*) FROM Club")) + count(QStringLiteral("SELECT count(*) FROM Categori")),
+              before);
+    EXPECT_TRUE(trace().contains(QStringLiteral("%1 déjà présent(s)").arg(expected.swims + expected.relays)))
+        << trace().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(RealFiles, ResultsImport,
+                         ::testing::Values(RealFile{"example-results.lef", 25},
+                                           RealFile{"16032025_Erlangen_lenex3_results.lxf", 50},
+                                           RealFile{"38468.lxf", 0}));
+
+using ResultsDetail = LenexBase;
+
+TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
+{
+    const int num = add_competition(25);
+    ExchangeCall call;
+    call.source = lenex_file(QStringLiteral("example-results.lef"));
+    call.num_compet = QString::number(num);
+    call.new_compet = true;
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    // The competition made for the results takes the meet's name and place.
+    EXPECT_EQ(rows(QStringLiteral("SELECT Nom, Lieu, Debut, Longueur FROM Rcomp WHERE AutoNum = %1").arg(num)),
+              QStringList{QStringLiteral("Schweizerische Masters Meisterschaften|Nottwil|20090926|25")});
+    // Relay 1 of its club, 4x50 m medley mixed: 2:30.14, splits nearest the finish first.
+    EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Tps, Numero_couloir, Inter1, Inter2, Inter3, Inter4 FROM Prres_relais "
+                                  "WHERE Num_compet = %1 AND Tps = 2.3014").arg(num)),
+              QStringList{QStringLiteral("48|2.3014|6|1.5799|1.2154|0.4618|0")});
+    // Ales Vrana, 100 m (event 1414...), 712 points, 1:23.18 in lane 5.
+    EXPECT_EQ(rows(QStringLiteral("SELECT p.Tps, p.Cotation_FFN, p.Numero_couloir, p.Type_course FROM Prres p "
+                                  "JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Licence = '19251' AND p.Tps = 1.2318")),
+              QStringList{QStringLiteral("1.2318|712|5|S")});
+    // Each status of the file as its code.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")),
+              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("DNS")));
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")),
+              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("WDR")));
+}
+
+TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndNotAddedAgain)
+{
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
+    // "Günter Schmah" without licence, accents and case apart.
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
+    const int num = add_competition(25);
+    ExchangeCall call;
+    call.source = lenex_file(QStringLiteral("example-results.lef"));
+    call.num_compet = QString::number(num);
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Licence = '19251'")), 1);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Nom = 'Schmah'")), 1);
+    EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Prres p JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Nom = 'SCHMAH'")), 0);
+    EXPECT_FALSE(trace().contains(QStringLiteral("Nageur ajouté : Schmah")));
+    EXPECT_TRUE(trace().contains(QStringLiteral("Nageur ajouté : ")));
+    EXPECT_TRUE(trace().contains(QStringLiteral("Club ajouté : WAED Schwimmverein Wädenswil")));
+}
+
+// A small results file: one club, one swimmer, one event.
+QByteArray small_file(const QString& course, const QString& stroke, const QString& swimtime)
+{
+    return QStringLiteral(
+               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" city=\"C\" "
+               "course=\"%1\"><SESSIONS><SESSION number=\"1\" date=\"2025-03-01\"><EVENTS><EVENT eventid=\"1\" "
+               "number=\"1\" gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"%2\"/>"
+               "</EVENT></EVENTS></SESSION></SESSIONS><CLUBS><CLUB code=\"C1\" name=\"Club Un\"><ATHLETES><ATHLETE "
+               "athleteid=\"1\" lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" birthdate=\"2010-05-04\" "
+               "license=\"123456A\"><RESULTS><RESULT resultid=\"1\" eventid=\"1\" swimtime=\"%3\" lane=\"3\"/>"
+               "</RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS></MEET></MEETS></LENEX>")
+        .arg(course, stroke, swimtime)
+        .toUtf8();
+}
+
+TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
+{
+    const int num = add_competition(25);
+    const QString full = QString::fromUtf8(read_bytes(lenex_file(QStringLiteral("example-results.lef"))));
+    QTemporaryDir src;
+    // Not XML; cut in the middle of the clubs (swims before the cut must not
+    // stay); an .lxf holding no .lef; an .lxf whose entry climbs out.
+    write_bytes(src.filePath(QStringLiteral("a_texte.lef")), "Nom;Prenom\nLe Goff;Anne\n");
+    write_bytes(src.filePath(QStringLiteral("b_tronque.lef")), full.left(full.size() * 2 / 3).toUtf8());
+    write_bytes(src.filePath(QStringLiteral("lisez.txt")), "rien");
+    zip_file(src.filePath(QStringLiteral("c_vide.lxf")), src.filePath(QStringLiteral("lisez.txt")));
+    write_bytes(src.filePath(QStringLiteral("evil.lef")), small_file(QStringLiteral("SCM"), QStringLiteral("FREE"),
+                                                                     QStringLiteral("00:01:05.00")));
+    zip_file(src.filePath(QStringLiteral("d_evasion.lxf")), src.filePath(QStringLiteral("evil.lef")),
+             QStringLiteral("../evil.lef"));
+    QFile::remove(src.filePath(QStringLiteral("evil.lef")));
+    // Declared UTF-8, written in Latin-1.
+    write_bytes(src.filePath(QStringLiteral("f_codage.lef")),
+                small_file(QStringLiteral("SCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00"))
+                    .replace("Le Goff", "L\xe9 Goff"));
+    // Another course.
+    write_bytes(src.filePath(QStringLiteral("e_bassin.lef")),
+                small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
+    const QStringList before = rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), "
+                                                   "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori) FROM Prres"));
+    ExchangeCall call;
+    call.source = src.path();
+    call.num_compet = QString::number(num);
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
+                                  "(SELECT count(*) FROM Categori) FROM Prres")),
+              before);
+    const QStringList lines = trace().split(u'\n', Qt::SkipEmptyParts);
+    auto has = [&](const QString& start, const QString& part) {
+        for (const QString& l : lines) {
+            if (l.startsWith(QStringLiteral("Erreur : ") + start) && l.contains(part))
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(has(QStringLiteral("a_texte.lef : ligne 1"), QStringLiteral("LENEX"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("b_tronque.lef : ligne"), QStringLiteral("fichier incomplet"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("c_vide.lxf"), QStringLiteral("aucun fichier .lef"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("d_evasion.lxf"), QStringLiteral("ne peut être ouvert"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("e_bassin.lef"), QStringLiteral("bassin de 50 m"))) << trace().toStdString();
+    EXPECT_TRUE(has(QStringLiteral("f_codage.lef : ligne 1"), QStringLiteral("XML mal formé"))) << trace().toStdString();
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("tmpexpimp/evil.lef"))));
+}
+
+TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
+{
+    const int num = add_competition(25);
+    // The engine refuses one swim deep in the file, after clubs and swimmers were added.
+    db.exec_sql(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Prres WHEN NEW.Tps = 1.2318 "
+                               "BEGIN SELECT RAISE(ABORT, 'refusé'); END"));
+    const QString before = rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                               "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                               "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n');
+    ExchangeCall call;
+    call.source = lenex_file(QStringLiteral("example-results.lef"));
+    call.num_compet = QString::number(num);
+    call.new_compet = true;
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                  "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                  "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n'),
+              before);
+    EXPECT_TRUE(trace().contains(QRegularExpression(QStringLiteral(
+        "Erreur : example-results\\.lef : ligne \\d+, élément RESULT : refusé\\. Rien n'est importé de ce fichier\\."))))
+        << trace().toStdString();
+}
+
+TEST_F(ResultsDetail, UnknownStrokeIsSkippedAndATimeNtIsKeptWithoutTime)
+{
+    const int num = add_competition(25);
+    QTemporaryDir src;
+    const QString odd = src.filePath(QStringLiteral("odd.lef"));
+    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("UNKNOWN"), QStringLiteral("00:01:05.00")));
+    ExchangeCall call;
+    call.source = odd;
+    call.num_compet = QString::number(num);
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_TRUE(trace().contains(QStringLiteral("Épreuve n° 1 inconnue (100 m UNKNOWN"))) << trace().toStdString();
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres")), 0);
+
+    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("BACK"), QStringLiteral("NT")));
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_TRUE(trace().contains(QStringLiteral("Temps « NT » sans statut pour Le Goff Anne"))) << trace().toStdString();
+    EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Tps, Numero_couloir FROM Prres")), QStringList{QStringLiteral("12|0|3")});
+}
+
+TEST(LenexValues, TimesStatusesRacesAndSplitColumns)
+{
+    double v = 0;
+    EXPECT_TRUE(lenex::parse_swimtime(u"00:01:23.18", v));
+    EXPECT_DOUBLE_EQ(v, 1.2318);
+    EXPECT_TRUE(lenex::parse_swimtime(u"01:02:03.04", v));
+    EXPECT_DOUBLE_EQ(v, 62.0304);
+    for (const char* bad : {"NT", "", "00:00:00.00", "0:01:23.18", "00:61:00.00", "00:01:23,18"}) {
+        EXPECT_FALSE(lenex::parse_swimtime(QString::fromLatin1(bad), v)) << bad;
+        EXPECT_EQ(v, 0);
+    }
+    EXPECT_EQ(lenex::format_swimtime(62.0304), QStringLiteral("01:02:03.04"));
+    EXPECT_EQ(lenex::format_swimtime(0.2501), QStringLiteral("00:00:25.01"));
+    EXPECT_EQ(lenex::format_swimtime(0), QStringLiteral("NT"));
+
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ")), 99.9999);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ"), true), 93);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("SICK")), 91);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("WDR")), 92);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DNS")), 94);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DNF")), 95);
+    EXPECT_EQ(lenex::status_code(QStringLiteral("EXH")), 0);
+
+    EXPECT_EQ(lenex::race_kind(QStringLiteral("FIN")), QStringLiteral("F"));
+    EXPECT_EQ(lenex::race_kind(QStringLiteral("SEM")), QStringLiteral("2"));
+    EXPECT_EQ(lenex::race_kind(QStringLiteral("PRE")), QStringLiteral("S"));
+    EXPECT_EQ(lenex::race_kind(QStringLiteral("XYZ")), QStringLiteral("Inconnu"));
+
+    EXPECT_EQ(lenex::split_column(400, 350), 1);
+    EXPECT_EQ(lenex::split_column(400, 50), 7);
+    EXPECT_EQ(lenex::split_column(400, 25), 0);
+    EXPECT_EQ(lenex::split_column(1500, 100), 14);
+    EXPECT_EQ(lenex::split_column(1500, 50), 0);
+    EXPECT_EQ(lenex::split_column(100, 100), 0);
+}
+
+}  // namespace
+}  // namespace plouvarine::testing
