@@ -7,6 +7,9 @@ set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$root/scripts/install-deps.sh" --tests
 build="${PLOUVARINE_ASAN_BUILD_DIR:-$root/build-asan}"
+# ccache finds a compilation again from another checkout of the project (paths
+# taken relative to the project's root).
+export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=true
 flags="-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined"
 if [ ! -f "$build/CMakeCache.txt" ]; then
   cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DPLOUVARINE_BENCH=OFF \
