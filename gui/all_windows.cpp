@@ -5,6 +5,7 @@
 #include "gui/clubs/pool_windows.h"
 #include "gui/competitions/competition_windows.h"
 #include "gui/entries/relay_window.h"
+#include "gui/frame/attente_window.h"
 #include "gui/frame/date_windows.h"
 #include "gui/licences/licence_windows.h"
 
@@ -16,6 +17,7 @@ void register_all_windows()
     register_mon_club_window();
     register_pool_windows();
     register_date_windows();
+    register_attente_window();
     register_licence_windows();
     register_competition_windows();
     register_relay_window();

@@ -3,6 +3,7 @@
 #include "src/clubs/club_commands.h"
 #include "src/clubs/club_hooks.h"
 #include "src/competitions/competition_hooks.h"
+#include "src/competitions/handoff.h"
 #include "src/competitions/utils_compet.h"
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
@@ -24,6 +25,8 @@ void install_subject_commands(AppContext& app)
     install_competition_commands(app);
     // The competition list's door to the relays.
     install_relay_handoff();
+    // Its doors to the entry files and the results import.
+    install_exchange_doors();
 }
 
 }  // namespace plouvarine
