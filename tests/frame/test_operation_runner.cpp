@@ -181,6 +181,31 @@ TEST_F(OperationRunnerTest, OptionsAndPathDialogsFollowTheKeyword)
     EXPECT_TRUE(app->db.is_open());
 }
 
+TEST_F(OperationRunnerTest, EachMenuCommandOpensItsOperation)
+{
+    // Performances are the Lenex components' own, not laid out here: their
+    // commands reach the runner, which says so.
+    const std::pair<const char*, const char*> commands[] = {
+        {"mnuBaseClubExport", "Exporter Clubs"}, {"mnuBaseClubImport", "Importer Clubs"},
+        {"mnuLicExp", "Exporter Licences"},      {"mnuLicImport", "Importer Licences"},
+        {"mnuLicMaj", "Mise à jour des codes IUF"}};
+    QStringList titles;
+    ui.drivers[QString(OperationRunner::kName)] = [&](View& view) { titles << view.title(); };
+    for (const auto& [name, title] : commands) {
+        const CommandTable::Run* run = app->commands.find(QString::fromLatin1(name));
+        ASSERT_NE(run, nullptr) << name;
+        (*run)(*app);
+    }
+    for (const char* name : {"mnuPerfExporter", "mnuPerfImpor"})
+        (*app->commands.find(QString::fromLatin1(name)))(*app);
+    QStringList expected;
+    for (const auto& [name, title] : commands)
+        expected << QString::fromUtf8(title);
+    EXPECT_EQ(titles, expected);
+    EXPECT_EQ(ui.texts(), QStringList(2, OperationRunner::kLoadFailed));
+    EXPECT_TRUE(app->db.is_open());
+}
+
 TEST_F(OperationRunnerTest, AComponentMissingFromTheApplicationFolderGivesTheLoadError)
 {
     QFile::remove(app->app_file(component_file(QStringLiteral("rcptclub.dll"))));
