@@ -40,6 +40,20 @@ QString write_tab_file(const QString& path, const QStringList& header, const std
     return {};
 }
 
+QStringList tab_header(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QString line = QString::fromUtf8(file.readLine()).trimmed();
+    if (line.startsWith(QChar(0xFEFF)))
+        line.remove(0, 1);
+    QStringList names = line.split(QLatin1Char('\t'));
+    for (QString& name : names)
+        name = name.trimmed();
+    return names;
+}
+
 TabFile::TabFile(const QString& path)
 {
     QFile file(path);

@@ -30,6 +30,10 @@ private:
 // renamed over it once whole. Gives the empty text, or why it failed.
 QString write_tab_file(const QString& path, const QStringList& header, const std::vector<QStringList>& rows);
 
+// The column names of the file's first line (without a byte-order mark), or
+// nothing when the file cannot be read.
+QStringList tab_header(const QString& path);
+
 class TabFile {
 public:
     // Reads the whole file. Throws TabFileError for a file that cannot be read,

@@ -88,23 +88,33 @@ bool import_licences(const ExchangeCall& call, OperationProgress& progress, Trac
     return false;
 }
 
-// The update files of the unpacked package: every text file with the
-// columns of licence and unique code.
-QStringList update_files(const QString& folder)
+// The update files of the unpacked package: every text file whose header
+// names the licence and the unique code. The others (a notice, say) are told
+// and left aside.
+QStringList update_files(const QString& folder, Trace& trace)
 {
     QStringList files;
     QDirIterator it(folder, {QStringLiteral("*.txt")}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext())
         files << it.next();
     files.sort();
-    return files;
+    QStringList updates;
+    for (const QString& path : files) {
+        const QStringList header = tab_header(path);
+        if (header.contains(kLicence, Qt::CaseInsensitive) && header.contains(kCodeUnique, Qt::CaseInsensitive))
+            updates << path;
+        else
+            trace.line(QStringLiteral("Fichier %1 ignoré : il n'a pas les colonnes Licence et Code_unique.")
+                           .arg(file_name(path)));
+    }
+    return updates;
 }
 
 bool update_codes(const ExchangeCall& call, OperationProgress& progress, Trace& trace)
 {
     trace.line(QStringLiteral("Mise à jour des codes IUF") +
                (call.option ? QStringLiteral(" des licences du club ") + call.club_code : QString()));
-    const QStringList files = update_files(call.source);
+    const QStringList files = update_files(call.source, trace);
     if (files.isEmpty()) {
         trace.error(QStringLiteral("aucun fichier de mise à jour (.txt) dans le fichier compressé."));
         return false;
@@ -118,7 +128,6 @@ bool update_codes(const ExchangeCall& call, OperationProgress& progress, Trace& 
     for (const QString& path : files) {
         trace.line(QStringLiteral("Fichier ") + file_name(path));
         const TabFile file(path);
-        file.require({kLicence, kCodeUnique});
         for (int row = 0; row < file.size(); ++row) {
             const int line = file.line_of(row);
             const QString licence = file.field(row, kLicence);

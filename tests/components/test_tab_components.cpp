@@ -189,6 +189,9 @@ TEST_F(TabComponentsTest, LicencesOfTheClubAndItsSelectionComeBackTheSame)
                         QStringLiteral(", Visible from Licence ");
     EXPECT_EQ(lines(read(b, all + QStringLiteral("order by Licence"))).join(QLatin1Char('\n')).toStdString(),
               lines(read(a, all + QStringLiteral("where Licence in ('111', '222') order by Licence"))).join(QLatin1Char('\n')).toStdString());
+    // The same file again finds every swimmer and adds nobody.
+    run("rcptlic.dll", "bimport_licence", call);
+    EXPECT_TRUE(report.contains(QStringLiteral("0 licence(s) ajoutée(s), 2 mise(s) à jour."))) << report.toStdString();
     const QStringList in_b = lines(read(b, kLicenceRows));
     ASSERT_EQ(in_b.size(), 2);
     EXPECT_EQ(in_b[0], QStringLiteral("222|0999|Durand|Paul|M|20090101||||Vrai"));
@@ -260,6 +263,9 @@ TEST_F(TabComponentsTest, AnImportThatFailsHalfWayLeavesTheBaseAsItWasAndNamesTh
     call.source = folder(QStringLiteral("empty"));
     run("rcptclub.dll", "bImport_Club", call);
     EXPECT_TRUE(report.contains(QStringLiteral("Erreur : fichier illisible"))) << report.toStdString();
+    call.source.clear();
+    run("rcptlic.dll", "bimport_licence", call);
+    EXPECT_TRUE(report.contains(QStringLiteral("Erreur : aucun répertoire source choisi."))) << report.toStdString();
     EXPECT_EQ(read(b, clubs).first(), before_clubs);
 }
 

@@ -265,13 +265,15 @@ TEST_F(IufUpdateTest, UpdatesTheCodesOfKnownSwimmersAndOnlyTheOwnClubsWhenAsked)
     add_licence(QStringLiteral("111"), QStringLiteral("0123"), QStringLiteral("Martin"));
     add_licence(QStringLiteral("222"), QStringLiteral("9999"), QStringLiteral("Durand"));
     const QString package = work_file(QStringLiteral("maj.zip"));
-    make_zip(package, {{"maj/iuf.txt", "Licence\tCode_unique\r\n111\tA1\r\n222\tB2\r\n333\tC3\r\n"}});
+    make_zip(package, {{"lisezmoi.txt", "Codes IUF de la saison\n\tà jour\n"},
+                       {"maj/iuf.txt", "Licence\tCode_unique\r\n111\tA1\r\n222\tB2\r\n333\tC3\r\n"}});
 
     QString report = run(package, true);
     EXPECT_EQ(codes(), (QStringList{QStringLiteral("A1"), QString()}));
     EXPECT_TRUE(report.contains(QStringLiteral("1 code(s) IUF mis à jour, 1 licence(s) inconnue(s), 1 licence(s) d'autres clubs")))
         << report.toStdString();
     EXPECT_TRUE(report.contains(QStringLiteral("ligne 4 : licence 333 inconnue")));
+    EXPECT_TRUE(report.contains(QStringLiteral("Fichier lisezmoi.txt ignoré")));
 
     report = run(package, false);
     EXPECT_EQ(codes(), (QStringList{QStringLiteral("A1"), QStringLiteral("B2")}));
