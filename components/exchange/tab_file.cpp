@@ -32,6 +32,8 @@ QString write_tab_file(const QString& path, const QStringList& header, const std
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
+    // The byte-order mark lets spreadsheets that guess the encoding read UTF-8.
+    file.write("\xEF\xBB\xBF");
     file.write(tab_line(header));
     for (const QStringList& row : rows)
         file.write(tab_line(row));

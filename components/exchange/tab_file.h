@@ -1,5 +1,6 @@
 #pragma once
-// Tab-separated text files, as spreadsheets open and save them: UTF-8, one
+// Tab-separated text files, as spreadsheets open and save them: UTF-8 (written
+// with a byte-order mark), one
 // header line naming the columns, then one line per row, fields apart by a
 // tab. A field cannot hold a tab or a line break: the writer turns them into
 // blanks. The reader takes a byte-order mark and "\r\n" line ends, and

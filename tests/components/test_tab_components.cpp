@@ -122,6 +122,9 @@ TEST_F(TabComponentsTest, ClubsExportedComeBackTheSameAndAKnownClubChangesOnlyWh
     call.tmp_dir = out;
     ASSERT_TRUE(run("expclub.dll", "bExport_Club", call)) << report.toStdString();
     EXPECT_TRUE(report.contains(QStringLiteral("2 club(s) exporté(s)")));
+    QFile written(QDir(out).filePath(QStringLiteral("clubs.txt")));
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(written.readLine().startsWith("\xEF\xBB\xBF" "Code_federal\tIntitule\tSelection\t"));
 
     const QString b = make_base(QStringLiteral("b.mdb"));
     insert(b, QStringLiteral("Club"), {{"Code_federal", "0456"}, {"Intitule", "Ancien nom"}});
