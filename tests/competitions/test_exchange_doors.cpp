@@ -9,6 +9,7 @@
 #include "src/frame/keywords.h"
 #include "src/frame/operation_runner.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -107,6 +108,16 @@ TEST_F(ExchangeDoorsTest, EntryFilesGoIntoOneZipOrIntoTheFolderAfterTheQuestion)
     EXPECT_EQ(zip_entries(archive), (QStringList{QStringLiteral("engagements.lef"), QStringLiteral("relais.lef")}));
     EXPECT_TRUE(ui.texts().isEmpty());
 
+    // A zip that cannot be written is told by its name and leaves nothing.
+    const QString refused = QDir(plouvarine::testing::unwritable_folder(work_dir())).filePath(QStringLiteral("e.zip"));
+    choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
+        runner.set_option_ticked(true);
+        runner.set_path(refused);
+    });
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors de la compression  du fichier e.zip.")});
+    EXPECT_FALSE(QFile::exists(refused));
+    ui.clear();
+
     const QString target = folder(QStringLiteral("cible"));
     report = choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
         ui.answers.push_back(Button::Yes);
@@ -123,6 +134,28 @@ TEST_F(ExchangeDoorsTest, EntryFilesGoIntoOneZipOrIntoTheFolderAfterTheQuestion)
     });
     EXPECT_EQ(ui.texts(), (QStringList{OperationRunner::kOverwrite,
                                        QStringLiteral("Le répertoire de sauvegarde n'existe pas.\nCopie annulée")}));
+    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+}
+
+TEST_F(ExchangeDoorsTest, AFileTooLargeForTheTargetAsksForAnotherOneAndIsNeverLeftHalfCopied)
+{
+    const QString first = folder(QStringLiteral("disque1"));
+    const QString second = folder(QStringLiteral("disque2"));
+    const QString kNoRoom = QStringLiteral("Pas assez de place dans le répertoire cible.\n\nChanger de Répertoire ou Annuler");
+    const QString kCancelCopy = QStringLiteral("Annuler la copie des fichiers ?");
+    const QString report = choose(keyword::kDisk, QStringLiteral("huge"), [&](OperationRunner& runner) {
+        runner.set_path(first);
+        // Overwrite: yes. No room: change. No folder given: do not cancel,
+        // ask again; the second disk. No room there either: stop.
+        ui.answers = {Button::Yes, Button::Yes, Button::No, Button::No};
+        ui.folders = {QString(), second};
+    });
+    if (report.contains(QStringLiteral("sparse file refused")))
+        GTEST_SKIP() << "the file system does not take a sparse file larger than the space left";
+    EXPECT_EQ(ui.texts(), (QStringList{OperationRunner::kOverwrite, kNoRoom, kCancelCopy, kNoRoom}));
+    EXPECT_EQ(ui.folder_prompts.size(), 2);
+    EXPECT_TRUE(QDir(first).isEmpty());
+    EXPECT_TRUE(QDir(second).isEmpty());
     EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
 }
 

@@ -1,6 +1,7 @@
 // An exchange component that tells in its trace what the runner gave it (the
 // method, the competition, the option and what the source holds) and, for
-// the entry files, leaves two files in the work folder. It stands in for the
+// the entry files, leaves two files in the work folder (or one too large for
+// any disk). It stands in for the
 // Lenex components in the runner's tests of their operations.
 
 #include "src/frame/exchange_component.h"
@@ -9,6 +10,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QObject>
+#include <QStorageInfo>
 #include <QtPlugin>
 
 class RecordingComponent : public QObject, public plouvarine::ExchangeComponent {
@@ -37,6 +39,14 @@ public:
         progress.set_progress(1, 1);
         if (method != QLatin1String("bCreation_disquette"))
             return false;
+        // Competition "huge": a sparse file larger than the space left, that
+        // no target can take.
+        if (call.num_compet == QLatin1String("huge")) {
+            QFile out(QDir(call.tmp_dir).filePath(QStringLiteral("huge.lef")));
+            if (!out.open(QIODevice::WriteOnly) || !out.resize(QStorageInfo(call.tmp_dir).bytesAvailable() + (1 << 20)))
+                trace.write("sparse file refused\n");
+            return true;
+        }
         for (const char* name : {"engagements.lef", "relais.lef"}) {
             QFile out(QDir(call.tmp_dir).filePath(QString::fromLatin1(name)));
             if (!out.open(QIODevice::WriteOnly) || out.write("<LENEX/>") != 8)
