@@ -38,6 +38,10 @@ void ViewWindow::closeEvent(QCloseEvent* event)
         }
         closing_ = true;
         view_.close();
+        // The view's on_close came back at once (closing_ is set): end the
+        // dialog here, so that a modal window closed by its box leaves its
+        // event loop instead of staying on screen over a closed view.
+        done(QDialog::Accepted);
     }
     QDialog::closeEvent(event);
 }

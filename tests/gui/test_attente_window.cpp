@@ -3,6 +3,7 @@
 
 #include "gui/all_windows.h"
 #include "gui/frame/qt_services.h"
+#include "gui/frame/view_window.h"
 #include "gui_application.h"
 #include "src/frame/components.h"
 #include "src/frame/operation_runner.h"
@@ -16,6 +17,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QLineEdit>
 #include <QTimer>
 
 using namespace plouvarine;
@@ -30,8 +32,10 @@ protected:
         plouvarine::testing::ensure_application();
         AppFixture::SetUp();
         gui::register_all_windows();
-        const QString file = component_file(u"expclub.dll"_s);
-        ASSERT_TRUE(QFile::copy(QFileInfo(plouvarine::testing::model_file()).dir().filePath(file), app->app_file(file)));
+        for (const QString& dll : {u"expclub.dll"_s, u"rcptclub.dll"_s}) {
+            const QString file = component_file(dll);
+            ASSERT_TRUE(QFile::copy(QFileInfo(plouvarine::testing::model_file()).dir().filePath(file), app->app_file(file)));
+        }
         connect(make_base());
         for (const char* code : {"0123", "0456"})
             app->db.append_row(u"Club"_s, {{u"Code_federal"_s, QString::fromLatin1(code)}, {u"Intitule"_s, u"Club "_s + QString::fromLatin1(code)}},
@@ -85,5 +89,34 @@ TEST_F(AttenteWindowTest, AnExportClickedThroughShowsItsReportAndGivesTheBaseBac
     EXPECT_FALSE(image.isNull());
     EXPECT_TRUE(QFileInfo::exists(QDir(target).filePath(u"clubs.txt"_s)));
     EXPECT_EQ(ui.texts(), QStringList{OperationRunner::kOverwrite});
+    EXPECT_TRUE(app->db.is_open());
+}
+
+TEST_F(AttenteWindowTest, TheClubImportShowsItsOptionAndTakesTheChosenFolder)
+{
+    const QString source = work_file(u"source"_s);
+    QString path, option;
+    bool option_shown = false, ticked_in_view = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        ASSERT_TRUE(w);
+        auto* box = w->findChild<QCheckBox*>(u"chk_option"_s);
+        option_shown = box->isVisible();
+        option = box->text();
+        box->click();
+        ticked_in_view = dynamic_cast<OperationRunner&>(dynamic_cast<gui::ViewWindow&>(*w).view()).option_ticked();
+        ui.folders.push_back(source);
+        w->findChild<QPushButton*>(u"Cmd_rep"_s)->click();
+        path = w->findChild<QLineEdit*>(u"txt_rep"_s)->text();
+        if (qEnvironmentVariableIsSet("PLOUVARINE_GRAB_DIR"))
+            w->grab().save(QDir(qEnvironmentVariable("PLOUVARINE_GRAB_DIR")).filePath(u"frm_attente_impclub.png"_s));
+        w->close();  // the close box
+    });
+    run_operation(*app, u"impclub"_s);
+    EXPECT_TRUE(option_shown);
+    EXPECT_EQ(option, u"Force mise à jour des clubs"_s);
+    EXPECT_TRUE(ticked_in_view);
+    EXPECT_EQ(path, source);
+    EXPECT_EQ(ui.folder_prompts, QStringList{u"Sélectionner le répertoire source"_s});
     EXPECT_TRUE(app->db.is_open());
 }
