@@ -21,11 +21,14 @@ namespace {
 std::vector<std::pair<QString, QString>> club_fields(const TabFile& file, int row)
 {
     std::vector<std::pair<QString, QString>> fields;
-    for (const QString& column : club_columns().mid(1))
-        if (file.has_column(column))
-            fields.emplace_back(column, column == kClubFlag ? (flag_value(file.field(row, column)) ? QStringLiteral("1")
-                                                                                                    : QStringLiteral("0"))
-                                                            : file.field(row, column));
+    for (const QString& column : club_columns().mid(1)) {
+        if (!file.has_column(column))
+            continue;
+        QString value = file.field(row, column);
+        if (column == kClubFlag)
+            value = flag_value(value) ? QStringLiteral("1") : QStringLiteral("0");
+        fields.emplace_back(column, value);
+    }
     return fields;
 }
 
@@ -84,7 +87,8 @@ bool clsRecupClub::run(const QString& method, const ExchangeCall& call, Operatio
         }
         session.commit();
         progress.set_progress(file.size(), file.size());
-        trace.line(QStringLiteral("%1 club(s) ajouté(s), %2 mis à jour, %3 déjà présent(s) laissé(s) tel(s) quel(s).")
+        trace.line(QStringLiteral("%1 club(s) ajouté(s), %2 mis à jour, "
+                                  "%3 déjà présent(s) laissé(s) tel(s) quel(s).")
                        .arg(added)
                        .arg(updated)
                        .arg(kept));

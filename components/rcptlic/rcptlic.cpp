@@ -74,8 +74,8 @@ bool import_licences(const ExchangeCall& call, OperationProgress& progress, Trac
                 if (!fields.empty())
                     db.exec_sql(QStringLiteral("UPDATE Licence SET ") + assignments(fields) +
                                 QStringLiteral(" WHERE Num = ") + found.num);
-                if (file.has_column(QStringLiteral("Code_club")) && !file.field(row, QStringLiteral("Code_club")).isEmpty())
-                    found.code_club = file.field(row, QStringLiteral("Code_club"));
+                if (const QString club = file.field(row, QStringLiteral("Code_club")); !club.isEmpty())
+                    found.code_club = club;
                 trace.line(QStringLiteral("Licence mise à jour : %1 %2").arg(licence, who));
                 ++updated;
             }

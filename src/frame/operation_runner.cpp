@@ -1,6 +1,5 @@
 #include "src/frame/operation_runner.h"
 
-#include "src/base/errors.h"
 #include "src/base/files.h"
 #include "src/base/text.h"
 #include "src/base/zip.h"
@@ -298,7 +297,9 @@ void OperationRunner::copy_result()
                                    QStringLiteral(".\n") + error);
             continue;
         }
-        if (msg_confirm(ui, QStringLiteral("Pas assez de place dans le répertoire cible.\n\nChanger de Répertoire ou Annuler"),
+        if (msg_confirm(ui,
+                        QStringLiteral("Pas assez de place dans le répertoire cible.\n\n"
+                                       "Changer de Répertoire ou Annuler"),
                         kDefaultYes) != Button::Yes)
             return;
         QString chosen;

@@ -42,7 +42,8 @@ using CompetitionMaker = std::function<QString(AppContext&)>;
 class OperationRunner : public View, public OperationProgress {
 public:
     static constexpr QLatin1String kName{"frm_attente"};
-    static inline const QString kLoadFailed = QStringLiteral("Une erreur s'est produite lors du chargement de la fenêtre");
+    static inline const QString kLoadFailed =
+        QStringLiteral("Une erreur s'est produite lors du chargement de la fenêtre");
     static inline const QString kOverwrite =
         QStringLiteral("Les fichiers dans le répertoire cibles seront écrasés.\nContinuer ?");
     static inline const QString kTraceUnreadable = QStringLiteral("Erreur de lecture du fichier trace !");
