@@ -77,6 +77,24 @@ TEST_F(ExchangeDoorsTest, ResultsWithoutACompetitionGoIntoOneMadeForThem)
     EXPECT_TRUE(work_folders().isEmpty());
 }
 
+TEST_F(ExchangeDoorsTest, ACompetitionThatCannotBeMadeClosesTheRunnerBeforeTheComponent)
+{
+    bool closed_by_run = false;
+    QString report;
+    ui.drivers[QString(OperationRunner::kName)] = [&](View& view) {
+        auto& runner = dynamic_cast<OperationRunner&>(view);
+        runner.set_path(folder(QStringLiteral("resultats")));
+        runner.ok();
+        closed_by_run = runner.is_closed();
+        report = runner.report();
+    };
+    run_operation(*app, QStringLiteral("impres"), QString(), true, [](AppContext&) { return QString(); });
+    EXPECT_TRUE(closed_by_run);
+    EXPECT_TRUE(report.isEmpty());
+    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+    EXPECT_TRUE(app->db.is_open());
+}
+
 TEST_F(ExchangeDoorsTest, AZippedResultsSourceIsReadUnpackedAndTheUnpackFolderGoes)
 {
     const QString archive = work_file(QStringLiteral("resultats.zip"));
