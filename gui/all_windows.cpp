@@ -6,6 +6,7 @@
 #include "gui/competitions/competition_windows.h"
 #include "gui/entries/engag_window.h"
 #include "gui/entries/relay_window.h"
+#include "gui/frame/attente_window.h"
 #include "gui/frame/date_windows.h"
 #include "gui/licences/licence_windows.h"
 
@@ -17,6 +18,7 @@ void register_all_windows()
     register_mon_club_window();
     register_pool_windows();
     register_date_windows();
+    register_attente_window();
     register_licence_windows();
     register_competition_windows();
     register_engag_window();

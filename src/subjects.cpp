@@ -3,6 +3,7 @@
 #include "src/clubs/club_commands.h"
 #include "src/clubs/club_hooks.h"
 #include "src/competitions/competition_hooks.h"
+#include "src/competitions/handoff.h"
 #include "src/competitions/utils_compet.h"
 #include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
@@ -26,6 +27,8 @@ void install_subject_commands(AppContext& app)
     // The competition list's doors to the entries and the relays.
     install_entries_handoff();
     install_relay_handoff();
+    // Its doors to the entry files and the results import.
+    install_exchange_doors();
 }
 
 }  // namespace plouvarine

@@ -271,14 +271,31 @@ bool is_zip(const QString& path)
     return dot >= 0 && QStringView(name).mid(dot + 1) == QLatin1String("zip");
 }
 
-bool enough_space(const QString& file, const QString& folder)
+namespace {
+
+// The volume of a path: a folder that is still to be made lies on the volume
+// of its nearest existing ancestor.
+QStorageInfo volume_of(const QString& path)
 {
-    // A folder that is still to be made lies on the volume of its nearest
-    // existing ancestor.
-    QDir dir(QFileInfo(folder).absoluteFilePath());
+    QDir dir(QFileInfo(path).absoluteFilePath());
     while (!dir.exists() && !dir.isRoot())
         dir.setPath(QFileInfo(dir.path()).absolutePath());
-    const QStorageInfo volume(dir.path());
+    return QStorageInfo(dir.path());
+}
+
+}  // namespace
+
+bool drive_ready(const QString& path)
+{
+    if (path.isEmpty())
+        return false;
+    const QStorageInfo volume = volume_of(path);
+    return volume.isValid() && volume.isReady();
+}
+
+bool enough_space(const QString& file, const QString& folder)
+{
+    const QStorageInfo volume = volume_of(folder);
     if (!volume.isValid() || !volume.isReady())
         return false;
     return QFileInfo(file).size() < volume.bytesAvailable();

@@ -87,6 +87,9 @@ bool delete_folder(const QString& path);
 
 // True when the extension is "zip", exactly (so "a.ZIP" is not).
 bool is_zip(const QString& path);
+// True when the volume of the path (or of its nearest existing folder) is
+// there and ready; false for the empty path.
+bool drive_ready(const QString& path);
 // True when the file is smaller than the space left to the user on the
 // volume of the folder.
 bool enough_space(const QString& file, const QString& folder);

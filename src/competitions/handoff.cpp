@@ -4,6 +4,8 @@
 #include "src/competitions/utils_programme.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
+#include "src/frame/operation_runner.h"
+#include "src/competitions/utils_compet.h"
 #include "src/frame/unavailable.h"
 
 #include <QHash>
@@ -26,18 +28,14 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
 }
 
 // "modif prog" opens the programme of the competition; a registered door
-// opens the window of its keyword ("Choix pour engagements relais"). The
+// opens the window of its keyword (the runner for "disk" and "Impor res") ("Choix pour engagements relais"). The
 // windows behind the other keywords are still to be written; until they are,
 // choosing a competition says so. By keyword, what is to come:
 //   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
 //                                    Engag_tempo and Relais_tempo, then frm_engag, title
 //                                    "Définition des engagements"
-//   "disk"                           the runner with createdisk.clscreate_disk, title
-//                                    "Création Fichiers Engagements", keyword "disk"
 //   "Imprim convoc"                  frm_convocation
 //   "Imprim bordereau"               the printed entry slip
-//   "Impor res"                      the runner with RecupResultat.clsRecupResult, title
-//                                    "Importer Résultats", keyword "impres"
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)
 {
     const auto door = doors().constFind(keyword);
@@ -50,6 +48,18 @@ void competition_chosen(AppContext& app, const QString& keyword, const QString& 
                    QString(FrmListeCompet::kName));
     else
         not_available(app);
+}
+
+void install_exchange_doors()
+{
+    // The entry files of the chosen competition.
+    set_competition_door(QString(keyword::kDisk),
+                         [](AppContext& app, const QString& num) { run_operation(app, QStringLiteral("disk"), num); });
+    // Results into the chosen competition, or into one made for them when
+    // none was chosen ("&Nouvelle").
+    set_competition_door(QString(keyword::kImporRes), [](AppContext& app, const QString& num) {
+        run_operation(app, QStringLiteral("impres"), num, num.isEmpty(), &CreerCompetImport);
+    });
 }
 
 }  // namespace plouvarine

@@ -19,4 +19,8 @@ void competition_chosen(AppContext& app, const QString& keyword, const QString& 
 using CompetitionDoor = std::function<void(AppContext& app, const QString& num)>;
 void set_competition_door(const QString& keyword, CompetitionDoor door);
 
+// The doors of "disk" and "Impor res": the operation runner with the entry
+// files component and the results import.
+void install_exchange_doors();
+
 }  // namespace plouvarine

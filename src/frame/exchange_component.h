@@ -34,11 +34,12 @@ struct ExchangeCall {
     QString tmp_dir;         // the run's work folder: exports write their files there
     QString trace_file;      // the report, UTF-8, one French line per event
     QString club_code;       // the current club (state)
-    QString club_selection;  // the current club's selection, if any (state)
+    QString club_selection;  // "true" when the current club is a selection club (bool_text of the state)
     QString profile_num;     // the current profile (state)
     QString num_compet;      // the competition of "disk" and "impres"
     bool new_compet = false; // "impres": the results go into a competition made for them
-    bool option = false;     // the runner's option box: force, compressed, my club only...
+    bool option = false;     // the runner's option box ticked: force, compressed, my club only
+                             // ("expperf": all clubs when it is not ticked)
 };
 
 class ExchangeComponent {

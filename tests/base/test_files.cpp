@@ -231,6 +231,10 @@ TEST_F(FilesTest, EnoughSpaceComparesWithTheVolume)
     EXPECT_TRUE(enough_space(small, dir.path()));
     // A folder still to be made is measured on the volume that will hold it.
     EXPECT_TRUE(enough_space(small, at(QStringLiteral("tempo/sub"))));
+    // The drive of a path, made or to be made, is there; no path has none.
+    EXPECT_TRUE(drive_ready(dir.path()));
+    EXPECT_TRUE(drive_ready(at(QStringLiteral("tempo/sub"))));
+    EXPECT_FALSE(drive_ready(QString()));
 
     // A sparse file larger than the space left.
     const QString huge = at(QStringLiteral("huge.bin"));
