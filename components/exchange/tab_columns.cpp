@@ -1,5 +1,7 @@
 #include "components/exchange/tab_columns.h"
 
+#include "src/base/sql_text.h"
+
 #include "src/base/text.h"
 #include "src/store/database.h"
 
@@ -40,10 +42,11 @@ bool flag_value(const QString& text)
 
 QString assignments(const std::vector<std::pair<QString, QString>>& fields)
 {
-    QStringList parts;
+    // Every value a text, quoted where all the statements quote.
+    SqlFields quoted;
     for (const auto& [column, value] : fields)
-        parts << column + QStringLiteral(" = '") + quote_sql(value) + QLatin1Char('\'');
-    return parts.join(QStringLiteral(", "));
+        quoted.push_back({column, quote_sql(value)});
+    return sql_set(quoted);
 }
 
 std::vector<QStringList> read_columns(Database& db, const QStringList& columns, const QString& from_where,

@@ -1,5 +1,7 @@
 #include "components/explic/explic.h"
 
+#include "src/base/sql_text.h"
+
 #include "components/exchange/base_session.h"
 #include "components/exchange/tab_columns.h"
 #include "components/exchange/tab_file.h"
@@ -25,14 +27,13 @@ bool clsExportLicence::run(const QString& method, const ExchangeCall& call, Oper
         }
         trace.line(QStringLiteral("Export des licences du club ") + call.club_code);
         BaseSession session(call.base);
-        const QString club = quote_sql(call.club_code.trimmed());
-        QString where = QStringLiteral("FROM Licence WHERE Visible = true AND (Code_club = '") + club +
-                        QLatin1Char('\'');
+        const SqlText club = quote_sql(call.club_code.trimmed());
+        QString where = QStringLiteral("FROM Licence WHERE Visible = true AND (Code_club = ") + club;
         // A selection club trades the swimmers it selected, whose licence stays
         // in their home club.
         if (flag_value(call.club_selection))
-            where += QStringLiteral(" OR Num IN (SELECT Num_Lic FROM Selection WHERE Visible = true AND Code_Sel = '") +
-                     club + QStringLiteral("')");
+            where += QStringLiteral(" OR Num IN (SELECT Num_Lic FROM Selection WHERE Visible = true AND Code_Sel = ") +
+                     club + QStringLiteral(")");
         where += QStringLiteral(") ORDER BY Nom, Prenom, Date_Naissance");
         const QStringList columns = licence_columns();
         const std::vector<QStringList> rows = read_columns(session.db(), columns, where);

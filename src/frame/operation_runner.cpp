@@ -1,5 +1,7 @@
 #include "src/frame/operation_runner.h"
 
+#include "src/base/sql_text.h"
+
 #include "src/base/files.h"
 #include "src/base/text.h"
 #include "src/base/zip.h"
@@ -128,13 +130,13 @@ QString OperationRunner::ask_path()
     FileDialogRequest request;
     if (keyword_ == QLatin1String("impres") && option_ticked_) {
         request = {QStringLiteral("Sélectionner fichier compressé de résultats"),
-                   QStringLiteral("Fichier de résultats (*.zip)|*.zip"), false, true, false};
+                   QStringLiteral("Fichier de résultats (*.zip)|*.zip"), false, true, false, QStringLiteral("zip")};
     } else if (keyword_ == QLatin1String("majiuf")) {
         request = {QStringLiteral("Sélectionner fichier compressé de résultats"),
-                   QStringLiteral("Fichier de mise à jour (*.zip)|*.zip"), false, true, false};
+                   QStringLiteral("Fichier de mise à jour (*.zip)|*.zip"), false, true, false, QStringLiteral("zip")};
     } else if (result_is_zip()) {
         request = {QStringLiteral("Création disquette d'engagements"),
-                   QStringLiteral("Fichier d'engagements compressés (*.zip)|*.zip"), true, false, true};
+                   QStringLiteral("Fichier d'engagements compressés (*.zip)|*.zip"), true, false, true, QStringLiteral("zip")};
     } else {
         const QString lower = label_.toLower();
         return ui.browse_folder(QStringLiteral("Sélectionner le ") + lower.left(lower.size() - 2));
@@ -161,7 +163,7 @@ ExchangeCall OperationRunner::make_call() const
     call.tmp_dir = tmp_dir_;
     call.trace_file = trace_file_;
     call.club_code = state.club_code;
-    call.club_selection = bool_text(state.club_selection);
+    call.club_selection = bool_text(state.club_selection).text();
     call.profile_num = state.profile_num;
     call.num_compet = num_compet_;
     call.new_compet = new_compet_;
