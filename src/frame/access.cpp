@@ -38,6 +38,11 @@ void close_base(AppContext& app)
 {
     // The windows go first, while their unload can still reach the base.
     app.windows.close_all();
+    disconnect_base(app);
+}
+
+void disconnect_base(AppContext& app)
+{
     if (!app.db.is_open())
         return;
     try {

@@ -209,7 +209,7 @@ void OperationRunner::ok()
             }
         }
         // 6. From here on the component owns the base file.
-        close_base(a);
+        disconnect_base(a);
         // 7.
         if (op_->exports_to_folder && !result_is_zip() &&
             msg_confirm(a.ui, kOverwrite, kDefaultYes) != Button::Yes)
