@@ -140,7 +140,7 @@ TEST_F(MainWindowTest, EveryCommandLeadsSomewhereOrSaysItIsNotYetAvailable)
         EXPECT_TRUE(run && *run) << e.name.toStdString() << " runs nothing";
     }
     for (const char* name : {"mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe", "mnuPerfOrdiAffiche",
-                             "mnuBaseClubImport", "mnuLicExp", "mnuCompetVoirResult", "mnuPerfView",
+                             "mnuCompetVoirResult", "mnuPerfView",
                              "mnuModeleProgNew"}) {
         ui.clear();
         click(QLatin1String(name));
