@@ -21,6 +21,7 @@ using plouvarine::testing::set_base_version;
 using plouvarine::testing::BaseHeldElsewhere;
 using plouvarine::testing::read_bytes;
 using plouvarine::testing::ScriptedServices;
+using plouvarine::testing::write_bytes;
 
 namespace {
 
@@ -83,9 +84,7 @@ protected:
 
     void write_upgrade_file(const QString& content)
     {
-        QFile f(app->app_file(QStringLiteral("maj_base.ini")));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content.toUtf8());
+        ASSERT_TRUE(write_bytes(app->app_file(QStringLiteral("maj_base.ini")), content.toUtf8()));
     }
 };
 
@@ -145,11 +144,7 @@ TEST_F(BaseCommandsTest, OpeningRefusesWhatIsNotAnUsableBase)
     // A text file named like a base.
     ui.clear();
     const QString text = work_file(QStringLiteral("notes.mdb"));
-    {
-        QFile f(text);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("liste des nageurs\n");
-    }
+    ASSERT_TRUE(write_bytes(text, "liste des nageurs\n"));
     open(text);
     ASSERT_EQ(ui.messages.size(), 1u);
     // The engine's reason comes first, then the command's text.
@@ -274,11 +269,7 @@ TEST_F(BaseCommandsTest, CancelThenCrashGoesUnnoticed)
 TEST_F(BaseCommandsTest, NewBaseFromTheModel)
 {
     const QString target = work_file(QStringLiteral("nouvelle.mdb"));
-    {
-        QFile old(target);
-        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-        old.write("une ancienne base remplacée");
-    }
+    ASSERT_TRUE(write_bytes(target, "une ancienne base remplacée"));
     ui.files.push_back(target);
     new_base_command(*app);
     ASSERT_TRUE(app->db.is_open());
@@ -376,28 +367,6 @@ TEST_F(BaseCommandsTest, FermerRestoresAndQuitterKeeps)
     connect(base);
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Gardé malgré la question")});
     EXPECT_EQ(flag(), QStringLiteral("Vrai"));
-}
-
-TEST_F(BaseCommandsTest, OpenWindowsStopTheEndOfWork)
-{
-    const QString base = make_base();
-    open(base);
-    app->busy_inc();
-    // Each way out refuses without a question, and the status bar says why.
-    const QString why = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
-    ui.clear();
-    EXPECT_FALSE(query_close(*app));
-    EXPECT_EQ(ui.status[2], why);
-    ui.clear();
-    close_command(*app);
-    EXPECT_EQ(ui.status[2], why);
-    ui.clear();
-    EXPECT_EQ(quit_command(*app), QuitOutcome::Refused);
-    EXPECT_EQ(ui.status[2], why);
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(app->db.is_open());
-    app->busy_dec();
-    EXPECT_FALSE(app->is_busy());
 }
 
 TEST_F(BaseCommandsTest, SaveAndCancelCommands)

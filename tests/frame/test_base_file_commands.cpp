@@ -20,7 +20,9 @@
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
 using plouvarine::testing::BaseHeldElsewhere;
+using plouvarine::testing::read_bytes;
 using plouvarine::testing::ScriptedServices;
+using plouvarine::testing::write_bytes;
 
 namespace {
 
@@ -51,15 +53,12 @@ TEST_F(BaseFilesTest, CompactionShrinksTheBaseAndKeepsItsData)
     fill(200);
     app->db.exec_sql(QStringLiteral("DELETE FROM Remplissage WHERE rowid > 10"));
     create_save(app->base_file());
-    const QByteArray save_before = [&] { QFile f(save_path(base)); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    const QByteArray save_before = read_bytes(save_path(base));
     close_base(*app);
     const qint64 before = QFileInfo(base).size();
     connect(base);
     // A leftover of an earlier failure is cleared and the compaction goes on.
-    QFile leftover(base + QStringLiteral(".tmp.compact"));
-    ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
-    leftover.write("reste");
-    leftover.close();
+    ASSERT_TRUE(write_bytes(base + QStringLiteral(".tmp.compact"), "reste"));
 
     compact_command(*app);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Base compactée avec succès.")});
@@ -72,17 +71,13 @@ TEST_F(BaseFilesTest, CompactionShrinksTheBaseAndKeepsItsData)
     close_base(*app);
     // 190 rows of 2000 characters were deleted: their pages are given back.
     EXPECT_LT(QFileInfo(base).size(), before - 350000);
-    QFile sav(save_path(base));
-    ASSERT_TRUE(sav.open(QIODevice::ReadOnly));
-    EXPECT_EQ(sav.readAll(), save_before) << "the compaction does not refresh the save";
+    EXPECT_EQ(read_bytes(save_path(base)), save_before) << "the compaction does not refresh the save";
 }
 
 TEST_F(BaseFilesTest, CompactionStopsOnAStuckTemporaryFile)
 {
     ASSERT_TRUE(QDir().mkdir(base + QStringLiteral(".tmp.compact")));
-    QFile inside(base + QStringLiteral(".tmp.compact/occupé"));
-    ASSERT_TRUE(inside.open(QIODevice::WriteOnly));
-    inside.close();
+    ASSERT_TRUE(write_bytes(base + QStringLiteral(".tmp.compact/occupé"), {}));
     compact_base(*app, base);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de compacter la base.\nLe fichier temporaire (") + base +
                                       QStringLiteral(".tmp.compact) est en cours d'utilisation.")});
@@ -164,10 +159,7 @@ TEST_F(BaseFilesTest, ArchiveOverAnExistingOneAnsweredNo)
     const QString target_dir = work_file(QStringLiteral("archives"));
     ASSERT_TRUE(QDir().mkdir(target_dir));
     const QString existing = QDir(target_dir).filePath(QStringLiteral("club.zip"));
-    QFile f(existing);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("ancienne archive");
-    f.close();
+    ASSERT_TRUE(write_bytes(existing, "ancienne archive"));
     ui.folders.push_back(target_dir);
     archive_command(*app);
     ASSERT_EQ(ui.messages.size(), 1u);
@@ -204,9 +196,7 @@ TEST_F(BaseFilesTest, ArchiveNamesAndRates)
 TEST_F(BaseFilesTest, DeletingABaseFile)
 {
     const QString other = make_base(QStringLiteral("autre.mdb"));
-    QFile sav(save_path(other));
-    ASSERT_TRUE(sav.open(QIODevice::WriteOnly));
-    sav.close();
+    ASSERT_TRUE(write_bytes(save_path(other), {}));
 
     // The open base is refused even before any question.
     ui.files.push_back(base);

@@ -6,17 +6,18 @@
 #include "src/frame/splash_view.h"
 #include "src/store/database.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
-#include <QRegularExpression>
 
 #include <zipconf.h>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
 using plouvarine::testing::set_base_version;
+using plouvarine::testing::write_bytes;
 
 namespace {
 
@@ -40,13 +41,6 @@ QString qt_platform_plugin()
 class ComponentsTest : public AppFixture {
 protected:
     QString app_path(const QString& name) const { return app->app_file(name); }
-
-    void write_text(const QString& path, const QByteArray& bytes)
-    {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << path.toStdString();
-        f.write(bytes);
-    }
 
     const ComponentRow* row(const std::vector<ComponentRow>& rows, const QString& listed)
     {
@@ -88,13 +82,13 @@ TEST_F(ComponentsTest, WithNoComponentInstalledEveryRowSaysSoAndTheListIsComplet
 TEST_F(ComponentsTest, AFileThatIsNoPluginOrHasNoVersionSaysVersionNonDisponible)
 {
     // Bytes of any kind, an empty file, and a real Qt plugin without a version.
-    write_text(app_path(component_file(QStringLiteral("expclub.dll"))), "ceci n'est pas un composant\n");
-    write_text(app_path(component_file(QStringLiteral("rcpres.dll"))), QByteArray());
+    ASSERT_TRUE(write_bytes(app_path(component_file(QStringLiteral("expclub.dll"))), "ceci n'est pas un composant\n"));
+    ASSERT_TRUE(write_bytes(app_path(component_file(QStringLiteral("rcpres.dll"))), QByteArray()));
     ASSERT_TRUE(QFile::exists(qt_platform_plugin())) << qt_platform_plugin().toStdString();
     ASSERT_TRUE(QFile::copy(qt_platform_plugin(), app_path(component_file(QStringLiteral("explic.dll")))));
     // Neither a folder of the component's name nor the file under its old name is the component.
     ASSERT_TRUE(QDir(app->app_dir()).mkdir(component_file(QStringLiteral("sviprf.dll"))));
-    write_text(app_path(QStringLiteral("regmodele.dll")), "MZ");
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("regmodele.dll")), "MZ"));
 
     const std::vector<ComponentRow> rows = component_rows(*app);
     ASSERT_EQ(rows.size(), size_t(kListed.size()));
@@ -127,7 +121,7 @@ TEST_F(ComponentsTest, APluginsVersionComesFromItsMetadata)
 
     // A component replaced by a file that is no plugin is read afresh.
     QFile::remove(app_path(QStringLiteral("calpts.so")));
-    write_text(app_path(QStringLiteral("calpts.so")), "remplacé");
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("calpts.so")), "remplacé"));
     EXPECT_EQ(component_version(app_path(QStringLiteral("calpts.so"))), QStringLiteral("Version non disponible"));
 }
 #endif
@@ -137,24 +131,13 @@ TEST_F(ComponentsTest, APluginsVersionComesFromItsMetadata)
 TEST_F(ComponentsTest, InformationWindowWithNoBaseSaysPasConnecte)
 {
     const SplashView view(*app);
-    EXPECT_EQ(view.product_name(), QStringLiteral("Plouvarine"));
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^Version \\d+\\.\\d+\\.\\d+$")).match(view.version_text()).hasMatch())
-        << view.version_text().toStdString();
-    EXPECT_TRUE(view.version_text().startsWith(QStringLiteral("Version %1.").arg(PLOUVARINE_VERSION_MAJOR)));
-    EXPECT_EQ(view.needed_label(), QStringLiteral("Version de base nécessaire :"));
-    EXPECT_EQ(view.needed_value(), QStringLiteral("4"));
-    EXPECT_EQ(view.connected_label(), QStringLiteral("Version de la base connectée :"));
     EXPECT_EQ(view.connected_value(), QStringLiteral("Pas connecté"));
     EXPECT_FALSE(view.needed_in_red());
-    EXPECT_EQ(SplashView::close_caption(), QStringLiteral("&Fermer"));
     EXPECT_TRUE(ui.messages.empty());
 
-    // The list draws the component rows, in order, under its two headers; a
-    // missing component does not stop the window.
+    // The list draws the component rows in order; a missing component does
+    // not stop the window.
     const QStandardItemModel& list = view.Lst_DLL();
-    ASSERT_EQ(list.columnCount(), 2);
-    EXPECT_EQ(list.headerData(SplashView::ColumnDll, Qt::Horizontal).toString(), QStringLiteral("dll"));
-    EXPECT_EQ(list.headerData(SplashView::ColumnVersion, Qt::Horizontal).toString(), QStringLiteral("Version"));
     ASSERT_EQ(list.rowCount(), kListed.size());
     ASSERT_EQ(view.components().size(), size_t(kListed.size()));
     for (int i = 0; i < list.rowCount(); ++i) {
@@ -162,8 +145,6 @@ TEST_F(ComponentsTest, InformationWindowWithNoBaseSaysPasConnecte)
         EXPECT_EQ(list.item(i, SplashView::ColumnVersion)->text(), view.components()[size_t(i)].version);
         EXPECT_FALSE(list.item(i, SplashView::ColumnDll)->isEditable());
     }
-    EXPECT_EQ(list.item(0, SplashView::ColumnDll)->text(), QStringLiteral("calpts.so"));
-    EXPECT_EQ(list.item(0, SplashView::ColumnVersion)->text(), kNotInstalled);
 }
 
 TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)

@@ -4,7 +4,6 @@
 
 #include "src/frame/app_context.h"
 #include "src/frame/commands.h"
-#include "src/frame/keywords.h"
 #include "src/frame/menu_state.h"
 #include "support/scripted_services.h"
 
@@ -75,23 +74,8 @@ TEST(MenuTree, EveryEntryHasOneParentMenuAndAPlace)
         for (int k = 0; k < it.value().size(); ++k)
             EXPECT_EQ(it.value()[k], k) << "entries of " << it.key().toStdString();
 
-    // The order of children() is the order of the menu.
-    const auto bar = menus.children(QString());
-    ASSERT_FALSE(bar.empty());
-    EXPECT_EQ(bar.front()->name, QLatin1String("mnuBase"));
-    EXPECT_EQ(bar.back()->name, QLatin1String("mnuTarifs"));
-    EXPECT_FALSE(bar.back()->visible);
-    EXPECT_EQ(menus.entry(QStringLiteral("mnuHelp"))->caption, QStringLiteral("&?"));
     EXPECT_TRUE(menus.children(QStringLiteral("mnuUnknown")).empty());
     EXPECT_EQ(menus.entry(QStringLiteral("mnuUnknown")), nullptr);
-
-    // The separator stands between the profile menu and Quitter.
-    const auto base = menus.children(QStringLiteral("mnuBase"));
-    ASSERT_GE(base.size(), 3u);
-    EXPECT_EQ(base[base.size() - 3]->name, QLatin1String("mnuBaseProfil"));
-    EXPECT_EQ(base[base.size() - 2]->name, QLatin1String("mnuFileBar0"));
-    EXPECT_EQ(base[base.size() - 2]->kind, MenuKind::Separator);
-    EXPECT_EQ(base.back()->name, QLatin1String("mnuExit"));
 
     // Everything that names an entry names one of the tree.
     for (int g = 0; g < kLockGroupCount; ++g)
@@ -229,33 +213,6 @@ TEST(MenuLocks, ACommandIsEnabledOnlyBelowOneAndUnderTheBaseState)
     EXPECT_TRUE(menus.own_enabled(list));
 }
 
-TEST(MenuLocks, TwoWindowsOnOneCommandReleaseItOnlyWhenBothAreGone)
-{
-    MenuState menus;
-    menus.enable_menus(true);
-    const MenuLocks club_list = {whole_group(LockGroup::Club)};
-    const MenuLocks profile_detail = locks_on({QStringLiteral("mnuBaseClubListe"), QStringLiteral("mnuBaseProfilNew")});
-
-    menus.apply_locks(club_list);
-    menus.apply_locks(profile_detail);
-    EXPECT_EQ(menus.counter(QStringLiteral("mnuBaseClubListe")), 2);
-
-    menus.release_locks(club_list);
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuBaseClubListe")));
-    EXPECT_TRUE(menus.is_enabled(QStringLiteral("mnuBaseClubModif")));
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuBaseProfilNew")));
-
-    menus.release_locks(profile_detail);
-    EXPECT_EQ(enabled_commands(menus), enabled_commands([] {
-                  MenuState open;
-                  open.enable_menus(true);
-                  return open;
-              }()));
-    for (int g = 0; g < kLockGroupCount; ++g)
-        for (const QString& name : lock_group_commands(LockGroup(g)))
-            EXPECT_EQ(menus.counter(name), 0) << name.toStdString();
-}
-
 TEST(MenuLocks, ALockedSubMenuClosesItsEntries)
 {
     MenuState menus;
@@ -381,14 +338,4 @@ TEST(CommandTable, ListCommandsCarryWhatTheirListNeeds)
         }
     }
     EXPECT_EQ(find_command(QStringLiteral("mnuBaseOpen")), nullptr);
-
-    // One competition list serves ten commands, each with its own keyword.
-    const auto compet = commands_opening(QStringLiteral("Frm_liste_compet"));
-    QSet<QString> keywords;
-    for (const CommandTarget* t : compet)
-        keywords << t->keyword;
-    EXPECT_EQ(compet.size(), 10u);
-    EXPECT_EQ(keywords.size(), 10);
-    EXPECT_TRUE(keywords.contains(keyword::kChoixPourEngagements));
-
 }

@@ -146,25 +146,6 @@ TEST_F(SoftwareUpdateTest, AFileMissingFromThePackageIsListedAndTheOthersInstall
     expect_clean_end();
 }
 
-TEST_F(SoftwareUpdateTest, CommasBlankLinesAndQuotesInTheList)
-{
-    const QByteArray a = random_bytes(1000, 11), b = random_bytes(1000, 12), c = random_bytes(1000, 13),
-                     d = random_bytes(1000, 14);
-    run(package({{QStringLiteral("maj.txt"), "calpts.so, rcpres.so\r\n\r\n   \r\n  \"expclub.so\"  ,,\n\"notes, v2.txt\"\n"},
-                 {QStringLiteral("calpts.so"), a},
-                 {QStringLiteral("rcpres.so"), b},
-                 {QStringLiteral("expclub.so"), c},
-                 {QStringLiteral("notes, v2.txt"), d}}));
-    EXPECT_EQ(installed(QStringLiteral("calpts.so")), a);
-    EXPECT_EQ(installed(QStringLiteral("rcpres.so")), b);
-    EXPECT_EQ(installed(QStringLiteral("expclub.so")), c);
-    EXPECT_EQ(installed(QStringLiteral("notes, v2.txt")), d);
-    // Blank values are no file names: nothing is reported missing.
-    EXPECT_EQ(ui.texts(), QStringList{kSuccess});
-    EXPECT_EQ(ui.status_history.filter(QStringLiteral("Mise à jour de ")).size(), 4);
-    expect_clean_end();
-}
-
 TEST_F(SoftwareUpdateTest, AFileInAFolderOfThePackageGoesToTheSameFolder)
 {
     const QByteArray table = random_bytes(512, 3);

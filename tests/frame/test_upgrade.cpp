@@ -490,17 +490,6 @@ TEST_F(UpgradeTest, TheToolStopsOnABaseThatCannotBeOpened)
     EXPECT_EQ(read_bytes(text), QByteArray("liste des nageurs\n"));
 }
 
-TEST(UpgradeNames, PackageAndBaseFilesAreRecognisedByName)
-{
-    EXPECT_TRUE(is_upgrade_package_name(QStringLiteral("/home/club/maj_base.zip")));
-    EXPECT_FALSE(is_upgrade_package_name(QStringLiteral("/home/club/maj_base (1).zip")));
-    EXPECT_FALSE(is_upgrade_package_name(QStringLiteral("/home/club/maj_soft_2.zip")));
-    EXPECT_TRUE(is_base_file_name(QStringLiteral("/home/club/club.mdb")));
-    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/club.MDB")));
-    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/club.mdb.sav")));
-    EXPECT_FALSE(is_base_file_name(QStringLiteral("/home/club/mdb")));
-}
-
 TEST_F(UpgradeTest, AVersionBeyondTheWholeNumbersIsAFailureNotASuccess)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 1]\nmaj1=CREATE TABLE Etape1 (x INTEGER)\n"));

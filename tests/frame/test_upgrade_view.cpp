@@ -133,7 +133,8 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
     // the base chosen before stays.
     const QString upper = work_file(QStringLiteral("autre.MDB"));
     ASSERT_TRUE(QFile::copy(good, upper));
-    for (const QString& wrong : {upper, save_path(good), work_file(QStringLiteral("nageurs.txt"))}) {
+    for (const QString& wrong : {upper, save_path(good), work_file(QStringLiteral("nageurs.txt")),
+                                 work_file(QStringLiteral("mdb"))}) {
         ui.clear();
         ui.files.push_back(wrong);
         EXPECT_FALSE(view.choose_base()) << wrong.toStdString();
@@ -190,52 +191,7 @@ TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
     EXPECT_EQ(ui.max_wait_depth, 0);
 }
 
-TEST_F(UpgradeViewTest, TheLabelTellsTheVersionOfTheUpgradeFile)
-{
-    {
-        UpgradeView view(*app);
-        view.load();
-        EXPECT_TRUE(view.package_label().isEmpty());
-    }
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=4\n"));
-    UpgradeView view(*app);
-    view.load();
-    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("4"));
-}
-
 // ---- Running ---------------------------------------------------------------------------
-
-TEST_F(UpgradeViewTest, RunBringsABaseFromVersion1To3)
-{
-    write_upgrade_file(kUpgradeTo3);
-    const QString base = base_at(QStringLiteral("1"));
-
-    UpgradeView view(*app);
-    view.load();
-    EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("3"));
-    ui.files.push_back(base);
-    ASSERT_TRUE(view.choose_base());
-    view.run();
-
-    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
-    ASSERT_EQ(ui.reports.size(), 1u);
-    EXPECT_EQ(ui.reports[0].title, QStringLiteral("Mise à jour de la base"));
-    EXPECT_EQ(ui.reports[0].lines.back().text,
-              QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie."));
-    // The run worked under the wait cursor and gave it back.
-    EXPECT_GE(ui.max_wait_depth, 1);
-    EXPECT_EQ(ui.wait_depth, 0);
-    EXPECT_TRUE(ui.status[2].isEmpty());
-
-    // The base is closed, at version 3, with both steps' statements in it, and
-    // the save made for the run is gone.
-    EXPECT_FALSE(app->db.is_open());
-    EXPECT_FALSE(QFile::exists(save_path(base)));
-    EXPECT_EQ(read_value(base, QStringLiteral("SELECT Version FROM Info")), QStringLiteral("3"));
-    EXPECT_EQ(read_value(base, QStringLiteral("select Nom from Bassin_Historique where Longueur = 25")),
-              QStringLiteral("Piscine Saint-Georges"));
-    EXPECT_EQ(read_value(base, QStringLiteral("select LastClose from Info")), QStringLiteral("Vrai"));
-}
 
 TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
 {
@@ -259,5 +215,7 @@ TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
     EXPECT_EQ(view.package_label(), kLabelHead + QStringLiteral("3"));
     EXPECT_EQ(read_bytes(upgrade_file_path(*app)), kUpgradeTo3.toUtf8());
     EXPECT_EQ(read_value(base, QStringLiteral("SELECT Version FROM Info")), QStringLiteral("3"));
+    EXPECT_EQ(read_value(base, QStringLiteral("select Nom from Bassin_Historique where Longueur = 25")),
+              QStringLiteral("Piscine Saint-Georges"));
     EXPECT_TRUE(QDir(app->app_dir()).entryList({QStringLiteral("tmpmajbase*")}, QDir::Dirs).isEmpty());
 }

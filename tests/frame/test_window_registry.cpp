@@ -97,9 +97,16 @@ TEST_F(WindowRegistryTest, TheWorkCannotEndWhileAWindowIsOpen)
     WindowRegistration engag(*windows, QStringLiteral("frm_engag"), WindowRegistry::kMainWindow,
                              locks_on({QStringLiteral("mnuEngagIndiv")}));
     ASSERT_TRUE(engag.registered());
+    // Each way out refuses without a question, and the status bar says why.
+    const QString why = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
     close_command(*app);
+    EXPECT_EQ(ui.status[2], why);
+    ui.status[2].clear();
     EXPECT_EQ(quit_command(*app), QuitOutcome::Refused);
+    EXPECT_EQ(ui.status[2], why);
+    ui.status[2].clear();
     EXPECT_FALSE(query_close(*app));
+    EXPECT_EQ(ui.status[2], why);
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(app->db.is_open());
 

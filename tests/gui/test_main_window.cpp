@@ -282,17 +282,6 @@ TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)
     EXPECT_FALSE(app->db.is_open());
 }
 
-TEST_F(MainWindowTest, OpeningRefusesAnUpperCaseExtension)
-{
-    const QString base = make_base(QStringLiteral("x.MDB"));
-    ui.files.push_back(base);
-    click(QStringLiteral("mnuBaseOpen"));
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Mauvais format de fichier.")});
-    EXPECT_EQ(ui.messages.back().title, QStringLiteral("Erreur"));
-    EXPECT_FALSE(app->db.is_open());
-    EXPECT_FALSE(enabled(QStringLiteral("mnuBaseSave")));
-}
-
 TEST_F(MainWindowTest, AnErrorNoCommandCaughtEndsTheCommandNotTheProgram)
 {
     app->commands.add(QStringLiteral("mnuBaseNew"), [](AppContext&) {

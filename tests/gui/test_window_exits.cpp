@@ -16,7 +16,6 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
-#include <QDebug>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
@@ -125,8 +124,6 @@ protected:
         }
         }
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        for (QMdiSubWindow* s : window->mdi_area()->subWindowList())
-            qWarning() << "DBG" << s->objectName() << s->isVisible() << (s->widget() ? s->widget()->isVisible() : false) << (s->widget()!=nullptr);
     }
 
     gui::QtServices qt;

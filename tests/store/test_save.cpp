@@ -5,18 +5,18 @@
 #include "src/store/database.h"
 #include "src/store/save.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::read_bytes;
+using plouvarine::testing::run_with_file_size_limit;
 using plouvarine::testing::ScriptedServices;
+using plouvarine::testing::write_bytes;
 
 namespace {
 
@@ -114,10 +114,7 @@ TEST_F(SaveTest, ACorruptSaveLeavesTheBaseUntouched)
 {
     add_pool(QStringLiteral("Intact"));
     close_base(*app);
-    QFile sav(save_path(base));
-    ASSERT_TRUE(sav.open(QIODevice::WriteOnly));
-    sav.write("PK\x03\x04 ceci n'est plus une archive");
-    sav.close();
+    ASSERT_TRUE(write_bytes(save_path(base), "PK\x03\x04 ceci n'est plus une archive"));
     EXPECT_FALSE(restore_save(app->base_file()));
     const QStringList texts = ui.texts();
     ASSERT_EQ(texts.size(), 2);
@@ -133,23 +130,19 @@ TEST_F(SaveTest, ASaveHoldingAnythingButABaseNeverReplacesTheBase)
 {
     add_pool(QStringLiteral("Intact"));
     close_base(*app);
-    const QByteArray before = [&] { QFile f(base); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    const QByteArray before = read_bytes(base);
     const QString other = work_file(QStringLiteral("autre"));
     QDir().mkdir(other);
     for (const QByteArray& content : {QByteArray("ceci n'est pas une base"), QByteArray()}) {
-        QFile f(QDir(other).filePath(QStringLiteral("club.mdb")));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-        f.close();
-        ASSERT_TRUE(zip_file(save_path(base), f.fileName()));
+        const QString file = QDir(other).filePath(QStringLiteral("club.mdb"));
+        ASSERT_TRUE(write_bytes(file, content));
+        ASSERT_TRUE(zip_file(save_path(base), file));
         ui.messages.clear();
         EXPECT_FALSE(restore_save(app->base_file()));
         ASSERT_EQ(ui.messages.size(), 1u);
         EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Les opérations n'ont pas été annulées.\n"
                                                                 "Vérifier l'espace sur le disque dur, les droits d'accès.")));
-        QFile now(base);
-        ASSERT_TRUE(now.open(QIODevice::ReadOnly));
-        EXPECT_EQ(now.readAll(), before);
+        EXPECT_EQ(read_bytes(base), before);
         EXPECT_TRUE(QFile::exists(save_path(base)));
     }
 }
@@ -162,11 +155,8 @@ TEST_F(SaveTest, LeftoversInTheWorkFolderNeverStopARestore)
     // What a killed archive leaves: a snapshot, a temporary zip, a read-only file, a folder.
     const QDir tempo(app->tempo_dir());
     QDir().mkpath(tempo.filePath(QStringLiteral("sous-dossier")));
-    for (const char* name : {"club.zip.snapshot", "club.zip.Ab12Cd", "sous-dossier/x", "verrouillé"}) {
-        QFile f(tempo.filePath(QString::fromUtf8(name)));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("reste");
-    }
+    for (const char* name : {"club.zip.snapshot", "club.zip.Ab12Cd", "sous-dossier/x", "verrouillé"})
+        ASSERT_TRUE(write_bytes(tempo.filePath(QString::fromUtf8(name)), "reste"));
     QFile::setPermissions(tempo.filePath(QStringLiteral("verrouillé")), QFileDevice::ReadOwner);
     ASSERT_TRUE(cancel_operations(*app));
     EXPECT_TRUE(ui.messages.empty());
@@ -196,10 +186,7 @@ TEST_F(SaveTest, RestoreNeverAppliesAStaleJournal)
     // A journal left beside the base (as a crash leaves it) must not survive the restore.
     const QString wal = base + QStringLiteral("-wal");
     app->db.close();
-    QFile f(wal);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(QByteArray(4096, 'x'));
-    f.close();
+    ASSERT_TRUE(write_bytes(wal, QByteArray(4096, 'x')));
     ASSERT_TRUE(restore_save(app->base_file()));
     EXPECT_FALSE(QFile::exists(wal));
     connect(base);
@@ -210,36 +197,27 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
 {
     add_pool(QStringLiteral("Première"));
     create_save(app->base_file());
-    const QByteArray good = [&] { QFile f(save_path(base)); f.open(QIODevice::ReadOnly); return f.readAll(); }();
+    const QByteArray good = read_bytes(save_path(base));
     // Enough rows that a copy of the base no longer fits under the limit.
     app->db.exec_sql(QStringLiteral("CREATE TABLE Remplissage (x TEXT)"));
     for (int i = 0; i < 40; ++i)
         app->db.exec_sql(QStringLiteral("INSERT INTO Remplissage VALUES (hex(randomblob(4000)))"));
     app->db.close();
 
-    const pid_t child = fork();
-    if (child == 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{64 * 1024, 64 * 1024};
-        setrlimit(RLIMIT_FSIZE, &limit);
+    const int code = run_with_file_size_limit(64 * 1024, [&] {
         ScriptedServices child_ui;
         AppContext child_app(child_ui, app->app_dir());
         child_app.state.base_path = base;
         if (!connect_base(child_app))
-            _exit(10);
+            return 10;
         create_save(child_app.base_file());
         const QString f = child_app.db.load_rows(QStringLiteral("select LastClose from Info")).first();
         const bool reported = !child_ui.titled(QStringLiteral("Erreur")).empty();
         child_app.db.close();
-        _exit(f == QLatin1String("Faux") && reported ? 0 : 20);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0) << "the failed save must be reported and leave the flag false";
-    QFile sav(save_path(base));
-    ASSERT_TRUE(sav.open(QIODevice::ReadOnly));
-    EXPECT_EQ(sav.readAll(), good);
+        return f == QLatin1String("Faux") && reported ? 0 : 20;
+    });
+    EXPECT_EQ(code, 0) << "the failed save must be reported and leave the flag false";
+    EXPECT_EQ(read_bytes(save_path(base)), good);
     connect(base);
     EXPECT_EQ(pools_in_save(), QStringList{QStringLiteral("Première")});
 }
