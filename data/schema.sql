@@ -654,6 +654,7 @@ CREATE INDEX idx_Club_Code_federal ON Club (Code_federal);
 CREATE INDEX idx_Profil_Code_club ON Profil (Code_club);
 CREATE INDEX idx_Licence_Code_club ON Licence (Code_club, Licence);
 CREATE INDEX idx_Licence_Nom ON Licence (Nom);
+CREATE INDEX idx_Licence_Code_club_Nom ON Licence (Code_club, Nom, Prenom);
 CREATE INDEX idx_Activite_licence_Num_lic ON Activite_licence (Num_lic);
 CREATE INDEX idx_Selection_Code_Sel ON Selection (Code_Sel, Num_Lic);
 CREATE INDEX idx_Selection_Num_Lic ON Selection (Num_Lic);

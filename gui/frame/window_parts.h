@@ -25,11 +25,18 @@ namespace plouvarine::gui {
 // the double click forwarded.
 class BoundList : public QTreeView {
 public:
+    // The rows a column's width is fitted to: QHeaderView's default, or only
+    // those in view, for lists long enough that measuring costs more than
+    // reading them (the licences: tens of thousands of rows).
+    static constexpr int kFirstThousandRows = 1000;
+    static constexpr int kVisibleRowsOnly = 0;
+
     BoundList(const QString& name, QStandardItemModel& model, QItemSelectionModel& selection, QWidget* parent,
-              bool multiple = false)
+              bool multiple = false, int fitted_rows = kFirstThousandRows)
         : QTreeView(parent)
     {
         setObjectName(name);
+        header()->setResizeContentsPrecision(fitted_rows);
         setRootIsDecorated(false);
         setUniformRowHeights(true);
         setEditTriggers(QAbstractItemView::NoEditTriggers);

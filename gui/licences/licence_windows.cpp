@@ -33,7 +33,7 @@ class LicenceList : public BoundList {
 public:
     LicenceList(FrmListeLicence& view, QWidget* parent)
         : BoundList(QStringLiteral("lsv_licence"), view.lsv_licence(), view.selection(), parent,
-                    view.mode() == keyword::kSuppr),
+                    view.mode() == keyword::kSuppr, kVisibleRowsOnly),
           view_(view)
     {
     }

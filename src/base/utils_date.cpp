@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 #include <QStringList>
+#include <algorithm>
 #include <array>
 
 namespace plouvarine {
@@ -129,13 +130,29 @@ QString DateLongue(const QString& date, const QString& format)
 {
     if (date.size() != 8)
         return {};
+    const QString& shown = format.isEmpty() ? QString::fromLatin1(kFormatDateLongue) : format;
+    // Eight digits, the stored form, are read in place: lit_date would give the
+    // same date from "dd mm yyyy", at many times the cost on a long list.
+    const bool stored = std::all_of(date.begin(), date.end(),
+                                    [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+    if (stored) {
+        const auto number = [&date](qsizetype from, qsizetype length) {
+            int value = 0;
+            for (qsizetype i = from; i < from + length; ++i)
+                value = value * 10 + (date.at(i).unicode() - '0');
+            return value;
+        };
+        const QDate value(number(0, 4), number(4, 2), number(6, 2));
+        if (value.isValid())
+            return format_date(value, shown);
+    }
     QString year, month, day;
     DecoupeDate(date, year, month, day);
     const QString text = day + QLatin1Char(' ') + month + QLatin1Char(' ') + year;
     const QDate value = lit_date(text);
     if (!value.isValid())
         return text;
-    return format_date(value, format.isEmpty() ? QString::fromLatin1(kFormatDateLongue) : format);
+    return format_date(value, shown);
 }
 
 QString DateVersBase(const QString& ddmmyyyy)

@@ -156,8 +156,9 @@ int fill_collections(Database& db, const QString& sql, const std::vector<ListFil
                 QString text = rows.value(row, list.columns[size_t(k)]);
                 if (k == 0 && !remove.isEmpty())
                     text.remove(remove);
+                // Not marked read-only one by one: every view of these lists
+                // refuses editing (NoEditTriggers).
                 auto* item = new QStandardItem(text);
-                item->setEditable(false);
                 if (k == 0) {
                     if (list.key_column >= 0)
                         item->setData(rows.value(row, list.key_column), kKeyRole);

@@ -32,11 +32,10 @@ QString selection_from_where(const QString& code)
                           "Licence.Prenom, Club.Intitule");
 }
 
+// Items stay editable as items: the window's list refuses editing as a whole.
 QStandardItem* cell(const QString& text)
 {
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
+    return new QStandardItem(text);
 }
 
 }  // namespace

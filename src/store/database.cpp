@@ -212,7 +212,9 @@ void Database::open(const QString& path)
     sqlite3* db = nullptr;
     const QByteArray file = QFile::encodeName(path);
     // No SQLITE_OPEN_CREATE: opening a missing file is an error, not a new base.
-    const int rc = sqlite3_open_v2(file.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX, nullptr);
+    // NOMUTEX: one thread uses the connection (see the rule in database.h), so
+    // SQLite takes no lock on each call.
+    const int rc = sqlite3_open_v2(file.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (rc != SQLITE_OK) {
         const QString msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QStringLiteral("out of memory");
         sqlite3_close(db);

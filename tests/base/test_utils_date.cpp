@@ -81,6 +81,11 @@ TEST(UtilsDate, DisplayFormsAreFrenchWhateverTheLocale)
     EXPECT_EQ(DateLongue(u"20040806"_s, u"YYYYMMDD"_s), u"20040806"_s);
     EXPECT_EQ(DateLongue(u"2004091"_s), QString());
     EXPECT_EQ(DateLongue(u"20040231"_s), u"31 02 2004"_s);  // no date: unformatted
+    EXPECT_EQ(DateLongue(u"00000101"_s), u"01 01 0000"_s);  // no year 0
+    EXPECT_EQ(DateLongue(u"2004-1-5"_s), u"5 janvier 2004"_s);  // separators read as lit_date reads them
+    // Every day of two centuries reads back as itself, leap days included.
+    for (QDate day(1900, 1, 1); day.year() < 2100; day = day.addDays(1))
+        ASSERT_EQ(lit_date(DateLongue(day.toString(u"yyyyMMdd"_s))), day) << day.toString().toStdString();
     QLocale::setDefault(before);
 
     EXPECT_EQ(EcartJours(DateLongue(u"20040228"_s), DateLongue(u"20040301"_s)), 2);

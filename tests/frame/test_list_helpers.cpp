@@ -232,7 +232,6 @@ TEST_F(FillCollectionsTest, FillsTwoListsInStepWithTextsSubItemsAndKeys)
         EXPECT_EQ(visible.item(row, 2)->text(), rows.value(row, 2));
         EXPECT_EQ(row_key(visible, row), rows.value(row, 3));
         EXPECT_TRUE(visible.item(row, 0)->isCheckable());
-        EXPECT_FALSE(visible.item(row, 0)->isEditable());
         // The twin: the town as its text, the number as its sub-item.
         EXPECT_EQ(twin.item(row, 0)->text(), rows.value(row, 1));
         EXPECT_EQ(twin.item(row, 1)->text(), rows.value(row, 3));

@@ -108,6 +108,10 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     auto* list = window->findChild<QTreeView*>(QStringLiteral("lsv_licence"));
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(column0(list), (QStringList{"DUPONT", "MARTIN"}));
+    // The rows are plain items: the list itself refuses editing, F2 opens no editor.
+    ASSERT_TRUE(list->currentIndex().isValid());
+    type(list, QString(), Qt::Key_F2);
+    EXPECT_EQ(list->findChild<QLineEdit*>(), nullptr);
 
     click_header(list, 0);
     click_header(list, 0);

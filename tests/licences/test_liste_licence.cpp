@@ -4,6 +4,7 @@
 
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
+#include "src/frame/upgrade.h"
 #include "src/licences/det_licence.h"
 #include "src/licences/liste_licence.h"
 #include "src/licences/utils_licences.h"
@@ -290,4 +291,27 @@ TEST_F(ListeLicenceTest, AnOpenListFollowsTheDetailsSavesAndAClosedOneNoLonger)
     ASSERT_TRUE(later.save());
     EXPECT_EQ(field(martin, QStringLiteral("Nom")), QStringLiteral("ZIDANE"));
     EXPECT_EQ(names(*list), (QStringList{"ABBAS", "DUPONT", "MARTIN", "MORVAN"}));
+}
+
+TEST_F(ListeLicenceTest, TheClubListReadsItsOrderFromAnIndexAlsoOnAnUpgradedBase)
+{
+    auto list = open(QStringLiteral("View"));
+    const auto plan = [&] {
+        const Rows rows = app->db.load_rows(QStringLiteral("EXPLAIN QUERY PLAN ") + list->sql_base() +
+                                            QLatin1Char(' ') + list->order_clause());
+        return rows.column(rows.column_count() - 1).join(QLatin1Char('|'));
+    };
+    EXPECT_TRUE(plan().contains(QStringLiteral("idx_Licence_Code_club_Nom"))) << plan().toStdString();
+    EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
+
+    // A base of version 3, before the index.
+    exec(QStringLiteral("DROP INDEX idx_Licence_Code_club_Nom"));
+    exec(QStringLiteral("UPDATE Info Set Version = 3"));
+    ASSERT_TRUE(plan().contains(QStringLiteral("TEMP B-TREE")));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(PLOUVARINE_SOURCE_DIR "/data/maj_base.ini"), upgrade_file_path(*app)));
+    EXPECT_TRUE(upgrade_base(*app, app->state.base_path));
+    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("4"));
+    EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
+    list->ReloadListe(QString());
+    EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
 }
