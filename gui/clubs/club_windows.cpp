@@ -158,11 +158,16 @@ public:
         layout->addWidget(types);
 
         auto* form = new QFormLayout;
-        auto combo = [&](const QString& name, const QString& label, auto setter) {
+        // The slot holds the view and the setter themselves: built inside a
+        // generic lambda capturing by reference, it read a stale stack slot
+        // under AddressSanitizer (GCC 12).
+        using Setter = void (ConstrucCodeClub::*)(const QString&);
+        ConstrucCodeClub* help = &view_;
+        auto combo = [this, form, help](const QString& name, const QString& label, Setter setter) {
             auto* box = new QComboBox;
             box->setObjectName(name);
             form->addRow(label, box);
-            connect(box, &QComboBox::textActivated, this, [this, setter](const QString& t) { (view_.*setter)(t); });
+            connect(box, &QComboBox::textActivated, this, [help, setter](const QString& t) { (help->*setter)(t); });
             return box;
         };
         pays_ = combo(QStringLiteral("Cb_pays"), QStringLiteral("Pays :"), &ConstrucCodeClub::set_pays);

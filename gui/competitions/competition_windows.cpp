@@ -115,14 +115,10 @@ public:
         auto* codifs = new QHBoxLayout;
         for (int level = 0; level < DetCompet::kLevelCount; ++level) {
             auto* box = new QGroupBox(QString::fromUtf8(kTitles[level]));
-            auto* column = new QVBoxLayout(box);
-            auto* inner = new QHBoxLayout;
             codif_[level] = options(QLatin1String(kGroups[level]),
                                     {QStringLiteral("Qualificative"), QStringLiteral("Référence"),
                                      QStringLiteral("Animation")},
-                                    inner, &view_.codif[size_t(level)], true);
-            for (QAbstractButton* b : codif_[level]->buttons())
-                column->addWidget(b);
+                                    new QVBoxLayout(box), &view_.codif[size_t(level)]);
             codifs->addWidget(box);
         }
         layout->addLayout(codifs);
@@ -209,16 +205,15 @@ private:
         return row;
     }
 
-    QButtonGroup* options(const QString& name, const QStringList& captions, QHBoxLayout* row, int* field,
-                          bool detached = false)
+    // The options go into `row`, which a widget or a parent layout owns.
+    QButtonGroup* options(const QString& name, const QStringList& captions, QBoxLayout* row, int* field)
     {
         auto* group = new QButtonGroup(this);
         for (int i = 0; i < captions.size(); ++i) {
             auto* option = new QRadioButton(captions[i]);
             option->setObjectName(QStringLiteral("%1_%2").arg(name).arg(i));
             group->addButton(option, i);
-            if (!detached)
-                row->addWidget(option);
+            row->addWidget(option);
         }
         if (field)
             connect(group, &QButtonGroup::idClicked, this, [field](int id) { *field = id; });
