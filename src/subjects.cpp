@@ -4,6 +4,7 @@
 #include "src/clubs/club_hooks.h"
 #include "src/competitions/competition_hooks.h"
 #include "src/competitions/utils_compet.h"
+#include "src/entries/convo_bordereau.h"
 #include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
@@ -26,6 +27,7 @@ void install_subject_commands(AppContext& app)
     // The competition list's doors to the entries and the relays.
     install_entries_handoff();
     install_relay_handoff();
+    install_print_handoff();
 }
 
 }  // namespace plouvarine

@@ -1,0 +1,179 @@
+// The entry slip on a real base and the real "bor_engag" template: the
+// individual section (team headings by number, sex and mixed flag, the name
+// once per swimmer, blank times), the relays with their swimmers written in a
+// second pass, the slip printed from the competition list, and the failures
+// that print nothing.
+
+#include "src/competitions/handoff.h"
+#include "src/entries/convo_bordereau.h"
+#include "src/frame/keywords.h"
+#include "src/reports/template_builder.h"
+#include "src/reports/templates.h"
+#include "support/golden.h"
+#include "entries_test_base.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QRegularExpression>
+
+using namespace plouvarine;
+using plouvarine::testing::expect_golden;
+
+namespace {
+
+class Bordereau : public plouvarine::testing::EntriesBase {
+protected:
+    void SetUp() override
+    {
+        EntriesBase::SetUp();
+        app->state.club_name = QStringLiteral("Brest Natation");
+        exec(QStringLiteral("UPDATE Rcomp SET Fin = '20250406', Lieu = 'Quimper' WHERE AutoNum = ") + compet);
+        install_template_component();
+    }
+    // A relay time in the base's canonical form.
+    void relay_time(int code, int number, const QString& tps)
+    {
+        exec(QStringLiteral("UPDATE Relais SET Tps = %1 WHERE Code_epreuve = %2 AND Num_Lic = %3")
+                 .arg(tps)
+                 .arg(code)
+                 .arg(number));
+    }
+    // The lines of the printed slip from the heading "Engagements individuels" on.
+    QStringList body() const
+    {
+        const QString text = ui.printed.back().text;
+        return text.mid(text.indexOf(QStringLiteral("Engagements individuels"))).split(u'\n');
+    }
+};
+
+TEST_F(Bordereau, TheSlipOfSeveralTeamsMatchesItsReference)
+{
+    static int argc = 1;
+    static char name[] = "test_entries";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance())
+        new QGuiApplication(argc, argv);
+
+    const QString martin = swimmer(QStringLiteral("Martin"), QStringLiteral("F"), QStringLiteral("Léa"));
+    const QString bernard = swimmer(QStringLiteral("Bernard"), QStringLiteral("F"), QStringLiteral("Yvonne"));
+    const QString artagnan = swimmer(QStringLiteral("D'Artagnan"), QStringLiteral("M"), QStringLiteral("Charles"));
+    const QString legall = swimmer(QStringLiteral("Le Gall-Kerhervé-Quéméneur"), QStringLiteral("M"),
+                                   QStringLiteral("Jean-Baptiste-Marie"));
+    const QString durand = swimmer(QStringLiteral("Durand"), QStringLiteral("M"), QStringLiteral("Paul"));
+    // Individual: three events of one swimmer, a time of 0.
+    entry(martin, 2, 0, false, QStringLiteral("1.0512"));
+    entry(martin, 1, 0, false, QStringLiteral("0.2934"));
+    entry(martin, 11, 0, false, QStringLiteral("0.3456"));
+    entry(durand, 51, 0, false, QStringLiteral("0"));
+    // Team 1: men, women and mixed are three headings; team 2 a fourth.
+    entry(artagnan, 61, 1, false, QStringLiteral("0.3101"));
+    entry(artagnan, 51, 1, false, QStringLiteral("0.2512"));
+    entry(bernard, 1, 1, false, QStringLiteral("0.3010"));
+    entry(legall, 52, 1, true, QStringLiteral("10.0005"));
+    entry(durand, 52, 2, false, QStringLiteral("0.5899"));
+    // Relays: one with swimmers and a time, one with all places empty and no
+    // time, a mixed one whose last swimmer stands in place 10.
+    relay(8, 1, 1, false, {martin, bernard});
+    relay_time(8, 1, QStringLiteral("2.1234"));
+    relay(8, 2, 1, false);
+    QStringList places{artagnan, martin};
+    while (places.size() < 9)
+        places << app->state.num_lic_nulle;
+    places << legall;
+    relay(46, 1, 1, true, places);
+
+    ui.print_pdf = work_file(QStringLiteral("bordereau.pdf"));
+    install_print_handoff();
+    competition_chosen(*app, QString(keyword::kImprimBordereau), compet);
+    ASSERT_EQ(ui.printed.size(), 1u) << messages().join(u'\n').toStdString();
+    EXPECT_EQ(ui.printed[0].title, QStringLiteral("Bordereau d'engagements"));
+    expect_golden(QStringLiteral("entries"), QStringLiteral("bordereau.txt"), ui.printed[0].text.toUtf8());
+    // The name stands once over the three events; the columns line up.
+    const QStringList lines = body();
+    const int first = int(lines.indexOf(QRegularExpression(QStringLiteral("^Martin .*"))));
+    ASSERT_GE(first, 0);
+    EXPECT_TRUE(lines.at(first + 1).startsWith(QString(55, u' ')));
+    EXPECT_TRUE(lines.at(first + 2).startsWith(QString(55, u' ')));
+    EXPECT_EQ(lines.at(first).size(), lines.at(first + 1).size());
+    // Team 1 men, women and mixed, and the women's and mixed relays.
+    EXPECT_EQ(lines.filter(QStringLiteral("Equipe 1 ")).size(), 5);
+    for (const char* step : {"Chargement du modèle", "Ecriture engagements par nageur", "Ecriture engagements par relais",
+                             "Impression"})
+        EXPECT_TRUE(ui.status_history.contains(QString::fromUtf8(step))) << step;
+
+    // The relay swimmers are in the small size, the rest of the section in
+    // the template's fixed-width font.
+    const QString html = ui.printed[0].html;
+    EXPECT_TRUE(html.contains(QStringLiteral("font-size:8pt")));
+    EXPECT_FALSE(ui.printed[0].text.contains(QStringLiteral("<BALISE")));
+    QFile pdf(ui.print_pdf);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    const QByteArray bytes = pdf.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_GE(bytes.count("/Type /Page\n") + bytes.count("/Type /Page "), 1);
+}
+
+TEST_F(Bordereau, AnEmptyCompetitionLosesBothTagsAndEveryHeading)
+{
+    ASSERT_TRUE(ImprimerBordereau(*app, compet));
+    const QString text = ui.printed.back().text;
+    EXPECT_FALSE(text.contains(tags::kEngagIndiv));
+    EXPECT_FALSE(text.contains(tags::kEngagRelais));
+    EXPECT_FALSE(text.contains(QStringLiteral("Equipe")));
+    EXPECT_FALSE(text.contains(QStringLiteral("Individuel")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Interclubs")));
+    // Entries of another profile are not this club's slip.
+    const QString anne = swimmer(QStringLiteral("Autre"), QStringLiteral("F"));
+    exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, "
+                        "Tps_engagement) VALUES (%1, 2, 1, %2, 0, false, 0.3)")
+             .arg(compet, anne));
+    ASSERT_TRUE(ImprimerBordereau(*app, compet));
+    EXPECT_FALSE(ui.printed.back().text.contains(QStringLiteral("Autre")));
+}
+
+TEST_F(Bordereau, ATemplateWithoutTagsPrintsItsTextAndABadOneNothing)
+{
+    const QString anne = swimmer(QStringLiteral("Martin"), QStringLiteral("F"));
+    entry(anne, 1, 0, false);
+    relay(8, 1, 1, false, {anne});
+    // An edited template without the tags: the entries go nowhere, no error.
+    ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
+    RichBox edited;
+    edited.write(QStringLiteral("Bordereau du club ") + tags::kNomClub);
+    ASSERT_TRUE(edited.SaveFile(template_path(*app, QStringLiteral("bor_engag"))));
+    ASSERT_TRUE(ImprimerBordereau(*app, compet));
+    EXPECT_EQ(ui.printed.back().text, QStringLiteral("Bordereau du club Brest Natation"));
+    EXPECT_TRUE(ui.messages.empty());
+
+    // A damaged template is named, and nothing is printed.
+    QFile damaged(template_path(*app, QStringLiteral("bor_engag")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write("pas du RTF");
+    damaged.close();
+    EXPECT_FALSE(ImprimerBordereau(*app, compet));
+    EXPECT_EQ(ui.printed.size(), 1u);
+    ASSERT_FALSE(ui.messages.empty());
+    EXPECT_TRUE(ui.messages.back().text.contains(QStringLiteral("bor_engag")));
+
+    // Cancelling the printer choice prints nothing either.
+    ASSERT_TRUE(QFile::remove(template_path(*app, QStringLiteral("bor_engag"))));
+    ui.print_answer = false;
+    EXPECT_FALSE(ImprimerBordereau(*app, compet));
+    EXPECT_EQ(ui.printed.size(), 1u);
+}
+
+TEST(BordereauColumns, PaddingCutsAndFills)
+{
+    EXPECT_EQ(Completer(QStringLiteral("200m papillon Messieurs"), 17), QStringLiteral("200m papillon Mes"));
+    EXPECT_EQ(Completer(QStringLiteral("ab"), 4), QStringLiteral("ab  "));
+    EXPECT_EQ(Completer(QStringLiteral("ab"), 4, QString()), QStringLiteral("ab  "));
+    EXPECT_EQ(CompleterGauche(QStringLiteral("29.34"), 8), QStringLiteral("   29.34"));
+    EXPECT_EQ(CompleterGauche(QStringLiteral("7"), 3, QStringLiteral("0")), QStringLiteral("007"));
+    EXPECT_EQ(LibelleEquipe(QStringLiteral("0"), true, QStringLiteral("M")), QStringLiteral("Individuel"));
+    EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), true, QStringLiteral("M")), QStringLiteral("Mixte"));
+    EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), false, QStringLiteral("M")), QStringLiteral("Homme"));
+    EXPECT_EQ(LibelleEquipe(QStringLiteral("2"), false, QString()), QStringLiteral("Femme"));
+}
+
+}  // namespace
