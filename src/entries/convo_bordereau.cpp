@@ -2,8 +2,11 @@
 
 #include "src/base/services.h"
 #include "src/base/sql_text.h"
+#include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
 #include "src/competitions/handoff.h"
+#include "src/competitions/liste_compet.h"
+#include "src/entries/frm_convocation.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/reports/rich_text.h"
@@ -199,10 +202,152 @@ bool ImprimerBordereau(AppContext& app, const QString& num)
     return printed;
 }
 
+// ---------------------------------------------------------------- convocations
+
+namespace {
+
+// The days of the programme, each under its date, the events in their order.
+void ecrire_programme(AppContext& app, RichBox& rich, const QString& num, const QString& debut)
+{
+    const Rows rows = app.db.load_rows(
+        QStringLiteral("SELECT Nage.Libelle, Pcomp.JourCourse ") + QStringLiteral("FROM Nage Nage, Pcomp Pcomp ") +
+        QStringLiteral("WHERE Nage.Code_Nage = Pcomp.Code_epreuve ") + QStringLiteral("AND Pcomp.Num_compet = ") +
+        sql_key(num) + QStringLiteral(" ORDER BY Pcomp.JourCourse, Pcomp.Num_ordre"));
+    const QDate start = QDate::fromString(debut, QStringLiteral("yyyyMMdd"));
+    QString day;
+    for (int r = 0; r < rows.size(); ++r) {
+        const QString jour = rows.value(r, 1);
+        if (r == 0 || jour != day) {
+            day = jour;
+            EcrireTexte(rich, QStringLiteral("\n"));
+            const QDate date = start.isValid() ? start.addDays(jour.toInt() - 1) : QDate();
+            EcrireSouligne(rich, DateLongue(date.toString(QStringLiteral("yyyyMMdd")),
+                                            QString::fromLatin1(kFormatDateJour)));
+            EcrireTexte(rich, QStringLiteral("\n"));
+        }
+        EcrireTexte(rich, rows.value(r, 0) + u'\n');
+    }
+}
+
+// The lines that replace `tag`, or the tag emptied.
+void remplacer_lignes(RichBox& rich, const QString& tag, const QStringList& lines)
+{
+    if (rich.Find(tag) < 0)
+        return;
+    rich.write(lines.isEmpty() ? QString() : lines.join(u'\n'));
+}
+
+void ecrire_coupon(RichBox& rich, const ConvocationSwimmer& swimmer, const ConvocationChoice& choice)
+{
+    const QString dashes(70, u'-');
+    const auto ciseaux = [&rich] {
+        SetPolice(rich, kPoliceCiseaux);
+        EcrireTexte(rich, kCiseaux + u'\n');
+        SetPolice(rich, QStringLiteral("Courier New"));
+    };
+    rich.move_to_end();
+    ciseaux();
+    QString text = QStringLiteral("\n\n") + dashes + u'\n';
+    text += QStringLiteral("Nageur  : ") + swimmer.nom + u' ' + swimmer.prenom + u'\n';
+    text += QStringLiteral("Licence : ") + swimmer.licence + u'\n';
+    if (!choice.reply_date.isEmpty())
+        text += QStringLiteral("Réponse souhaitée avant : ") + choice.reply_date + u'\n';
+    text += QStringLiteral("Je participe au épreuve suivante :\n");
+    text += QStringLiteral("Rayer les épreuves à supprimer.\n");
+    EcrireTexte(rich, text);
+    ciseaux();
+    EcrireTexte(rich, dashes);
+}
+
+}  // namespace
+
+QString ColonneEquipe(const QString& number, bool mixed)
+{
+    if (number.isEmpty() || number == QLatin1String("0"))
+        return {};
+    return CompleterGauche(number, 5) + QStringLiteral("  ") + (mixed ? QStringLiteral("X") : QString());
+}
+
+bool PreparerConvocation(AppContext& app, TempoRapport& tempo, const QString& num, const ConvocationChoice& choice)
+{
+    status_text(app.ui, QStringLiteral("Préparation du modèle de convocation"));
+    RichBox& modele = tempo.rich_modele;
+    if (!ChargerModele(app, template_path(app, QStringLiteral("convo")), modele, QStringLiteral("convo")))
+        return false;
+    EcrireTagsProfil(app, modele);
+    if (modele.Find(tags::kMsgPerso) >= 0) {
+        if (choice.message)
+            EcrireRich(modele, *choice.message);
+        else
+            modele.write(QString());
+        EcrireTexte(modele, QStringLiteral("\n"));
+    }
+    // A competition whose pool is gone still has its letter, the pool tags empty.
+    auto info = lire_competition(app, num, true);
+    if (!info) {
+        info = lire_competition(app, num, false);
+        if (info)
+            info->with_pool = true;
+    }
+    if (info)
+        EcrireTagsCompetition(app, modele, *info);
+    if (modele.Find(tags::kProg) >= 0) {
+        modele.write(QString());
+        if (choice.programme)
+            ecrire_programme(app, modele, num, info ? info->debut : QString());
+        else
+            RemplacerBalise(modele, kProgrammeHeading, QString());
+    }
+    return true;
+}
+
+void EcrireConvocation(AppContext& app, TempoRapport& tempo, const QString& num, const ConvocationSwimmer& swimmer,
+                       const ConvocationChoice& choice)
+{
+    RichBox& rich = tempo.rich;
+    rich.copy_from(tempo.rich_modele);
+    RemplacerBalise(rich, tags::kNageur, swimmer.nom + u' ' + swimmer.prenom);
+    RemplacerBalise(rich, tags::kLicence, swimmer.licence);
+    const QString scope = QStringLiteral("AND Relais.Num_compet = ");
+    const Rows engag = app.db.load_rows(
+        QStringLiteral("SELECT Nage.Libelle, Engag.Tps_engagement, Engag.Num_equipe, Engag.Equipe_mixte ") +
+        QStringLiteral("FROM Nage Nage, Engag Engag ") + QStringLiteral("WHERE Nage.Code_Nage = Engag.Code_epreuve ") +
+        QStringLiteral("AND Engag.Num_compet = ") + sql_key(num) + QStringLiteral(" AND Engag.Num_profil = ") +
+        sql_key(app.state.profile_num) + QStringLiteral(" AND Engag.Num_Lic = ") + sql_key(swimmer.num) +
+        QStringLiteral(" ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, Engag.Code_epreuve"));
+    QStringList lines;
+    for (int r = 0; r < engag.size(); ++r)
+        lines << Completer(u' ' + Completer(engag.value(r, 0), 25), 35) + affiche_temps(engag.value(r, 1)) +
+                     ColonneEquipe(engag.value(r, 2), is_true(engag.value(r, 3)));
+    remplacer_lignes(rich, tags::kEngag, lines);
+
+    // Every place of a relay, the tenth too.
+    QString condition;
+    for (int n = 1; n <= 10; ++n)
+        condition += QStringLiteral(" OR Licence%1 = ").arg(n) + sql_key(swimmer.num);
+    condition = condition.mid(4);
+    const Rows relais = app.db.load_rows(
+        QStringLiteral("SELECT Nage.Libelle, Relais.Num_Lic, Relais.Num_equipe, Relais.Equipe_mixte ") +
+        QStringLiteral("FROM Nage Nage, Relais Relais ") + QStringLiteral("WHERE Nage.Code_Nage = Relais.Code_epreuve ") +
+        scope + sql_key(num) + QStringLiteral(" AND Relais.Num_profil = ") + sql_key(app.state.profile_num) +
+        QStringLiteral(" AND (") + condition + QStringLiteral(") ") +
+        QStringLiteral("ORDER BY Relais.Num_equipe, Relais.Equipe_mixte, Relais.Code_epreuve"));
+    lines.clear();
+    for (int r = 0; r < relais.size(); ++r)
+        lines << Completer(u' ' + Completer(relais.value(r, 0), 25), 35) + Completer(relais.value(r, 1), 7) +
+                     ColonneEquipe(relais.value(r, 2), is_true(relais.value(r, 3)));
+    remplacer_lignes(rich, tags::kEngagRelais, lines);
+    if (choice.coupon)
+        ecrire_coupon(rich, swimmer, choice);
+}
+
 void install_print_handoff()
 {
     set_competition_door(QString(keyword::kImprimBordereau),
                          [](AppContext& app, const QString& num) { ImprimerBordereau(app, num); });
+    set_competition_door(QString(keyword::kImprimConvoc), [](AppContext& app, const QString& num) {
+        OuvrirConvocation(app, num, QString(FrmListeCompet::kName));
+    });
 }
 
 }  // namespace plouvarine

@@ -29,8 +29,43 @@ void EcrireBordereau(AppContext& app, RichBox& rich, const QString& num);
 // False when nothing was printed (template missing, cancelled, error shown).
 bool ImprimerBordereau(AppContext& app, const QString& num);
 
-// The doors of "Imprim bordereau" (and, once written, "Imprim convoc") in the
-// competition list.
+// ---------------------------------------------------------------- convocations
+
+struct TempoRapport;
+
+// One swimmer of the convocation list.
+struct ConvocationSwimmer {
+    QString num;  // Licence.Num
+    QString nom;
+    QString prenom;
+    QString licence;
+};
+
+// What the person chose in frm_convocation.
+struct ConvocationChoice {
+    const RichBox* message = nullptr;  // the club's message, formatting kept
+    bool programme = false;            // "Imprimer programme"
+    bool coupon = false;               // "Imprimer coupon réponse"
+    QString reply_date;                // "d mmmm yyyy", or empty
+};
+
+// The sign printed at the ends of the reply coupon, and a font that has it.
+inline const QString kCiseaux = QString(QChar(0x2702));
+inline const QString kPoliceCiseaux = QStringLiteral("DejaVu Sans");
+
+// Loads the template "convo" into `tempo.rich_modele` and writes what every
+// letter shares: the profile tags, the message, the competition with its pool,
+// the programme (or neither it nor its heading). False when the template fails.
+bool PreparerConvocation(AppContext& app, TempoRapport& tempo, const QString& num, const ConvocationChoice& choice);
+// The letter of one swimmer in `tempo.rich`, from the prepared template: name,
+// licence, his individual entries and relays, and the coupon when chosen.
+void EcrireConvocation(AppContext& app, TempoRapport& tempo, const QString& num, const ConvocationSwimmer& swimmer,
+                       const ConvocationChoice& choice);
+// The team column of a convocation line: nothing for no team, else the
+// number in 5 columns and "X" for a mixed team.
+QString ColonneEquipe(const QString& number, bool mixed);
+
+// The doors of "Imprim bordereau" and "Imprim convoc" in the competition list.
 void install_print_handoff();
 
 }  // namespace plouvarine

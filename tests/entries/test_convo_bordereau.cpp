@@ -6,6 +6,7 @@
 
 #include "src/competitions/handoff.h"
 #include "src/entries/convo_bordereau.h"
+#include "src/entries/frm_convocation.h"
 #include "src/frame/keywords.h"
 #include "src/reports/template_builder.h"
 #include "src/reports/templates.h"
@@ -174,6 +175,130 @@ TEST(BordereauColumns, PaddingCutsAndFills)
     EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), true, QStringLiteral("M")), QStringLiteral("Mixte"));
     EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), false, QStringLiteral("M")), QStringLiteral("Homme"));
     EXPECT_EQ(LibelleEquipe(QStringLiteral("2"), false, QString()), QStringLiteral("Femme"));
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- convocations
+
+namespace {
+
+class Convocation : public plouvarine::testing::EntriesBase {
+protected:
+    void SetUp() override
+    {
+        EntriesBase::SetUp();
+        app->state.club_name = QStringLiteral("Brest Natation");
+        const QString pool = app->db.append_row(
+            QStringLiteral("Piscine"),
+            {{"Nom", "Piscine de Kerhallet"}, {"Adresse", "Rue d'Ouessant"}, {"Code_Postal", "29200"},
+             {"Ville", "Brest"}},
+            QStringLiteral("Num"));
+        exec(QStringLiteral("UPDATE Rcomp SET Fin = '20250406', Lieu = 'Brest', Num_Piscine = %1 WHERE AutoNum = %2")
+                 .arg(pool, compet));
+        install_template_component();
+        artagnan = swimmer(QStringLiteral("D'Artagnan"), QStringLiteral("M"), QStringLiteral("Charles"));
+        martin = swimmer(QStringLiteral("Martin"), QStringLiteral("F"), QStringLiteral("Léa"));
+        member(artagnan, 0, false);
+        member(martin, 1, true);
+    }
+    void programme(int code, int day, int order)
+    {
+        exec(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)")
+                 .arg(compet)
+                 .arg(code)
+                 .arg(day)
+                 .arg(order));
+    }
+    FrmConvocation* open()
+    {
+        install_print_handoff();
+        competition_chosen(*app, QString(keyword::kImprimConvoc), compet);
+        return ui.window_as<FrmConvocation>(QString(FrmConvocation::kName));
+    }
+    QString artagnan;
+    QString martin;
+};
+
+TEST_F(Convocation, OneLetterMatchesItsReference)
+{
+    entry(artagnan, 51, 0, false, QStringLiteral("0.2512"));
+    entry(artagnan, 61, 1, true, QStringLiteral("0"));
+    QStringList places{martin};
+    while (places.size() < 9)
+        places << app->state.num_lic_nulle;
+    places << artagnan;  // the tenth place
+    relay(46, 2, 1, true, places);
+    programme(61, 2, 1);
+    programme(51, 1, 2);
+    programme(1, 1, 1);
+    programme(11, 1, 0);  // not ordered yet: first of its day
+
+    FrmConvocation* view = open();
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->title(), QStringLiteral("Impression des convocations"));
+    ASSERT_EQ(view->lsv_nageurs().rowCount(), 2);
+    EXPECT_EQ(view->lsv_nageurs().item(0, 0)->text(), QStringLiteral("D'Artagnan"));
+    EXPECT_FALSE(view->cmd1());  // nothing ticked: nothing printed, nothing said
+    EXPECT_TRUE(ui.printed.empty());
+    EXPECT_TRUE(ui.messages.empty());
+
+    view->rich.write(QStringLiteral("Rendez-vous à 8h ") + QString(10000, u'x'));
+    view->rich.select(0, 11);
+    view->cmd_text(0);
+    view->Chk_prog = true;
+    view->chk_reponse = true;
+    view->txt_description = {QStringLiteral("2"), QStringLiteral("4"), QStringLiteral("2025")};
+    view->set_checked(0, true);
+    ASSERT_TRUE(view->cmd1());
+    ASSERT_EQ(ui.printed.size(), 1u);
+    const QString text = ui.printed[0].text;
+    expect_golden(QStringLiteral("entries"), QStringLiteral("convocation.txt"), text.toUtf8());
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Impression de la convocation de D'Artagnan Charles")));
+    EXPECT_EQ(text.count(kCiseaux), 2);
+    EXPECT_TRUE(text.contains(QStringLiteral("Réponse souhaitée avant : 2 avril 2025")));
+    // The relay is found through its tenth place; the message keeps its bold.
+    EXPECT_TRUE(text.contains(QStringLiteral("4x100m n.l. Mixte")));
+    EXPECT_TRUE(ui.printed[0].html.contains(QStringLiteral("font-weight:700")));
+}
+
+TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
+{
+    relay(46, 1, 1, true, {martin, artagnan});
+    exec(QStringLiteral("UPDATE Rcomp SET Num_Piscine = 999 WHERE AutoNum = ") + compet);
+    programme(1, 1, 1);
+    FrmConvocation* view = open();
+    ASSERT_NE(view, nullptr);
+    view->set_chk_all(true);
+    EXPECT_TRUE(view->checked(0) && view->checked(1));
+    view->set_checked(0, false);
+    EXPECT_TRUE(view->chk_all());  // a row's box leaves "Sélectionner tous" alone
+    view->txt_description = {QStringLiteral("31"), QStringLiteral("4"), QStringLiteral("2025")};
+    ASSERT_TRUE(view->cmd1());
+    const QString text = ui.printed.back().text;
+    EXPECT_TRUE(text.contains(QStringLiteral("Martin Léa")));
+    EXPECT_FALSE(text.contains(QStringLiteral("D'Artagnan Charles")));
+    EXPECT_TRUE(text.contains(QStringLiteral(" 4x100m n.l. Mixte                 1          1  X")));
+    EXPECT_FALSE(text.contains(kCiseaux));
+    EXPECT_FALSE(text.contains(QStringLiteral("Programme :")));
+    EXPECT_FALSE(text.contains(QStringLiteral("50m n.l. Dames")));
+    EXPECT_FALSE(text.contains(QStringLiteral("<")));  // every tag replaced or emptied
+    EXPECT_TRUE(text.contains(QStringLiteral("Interclubs")));
+
+    // Both ticked: two letters, the second on a page of its own.
+    view->set_checked(0, true);
+    ASSERT_TRUE(view->cmd1());
+    EXPECT_EQ(ui.printed.back().text.count(QStringLiteral("Convocation\n")), 2);
+    EXPECT_TRUE(ui.printed.back().html.contains(QStringLiteral("page-break-before:always")));
+
+    // A damaged template: named, and nothing printed.
+    QFile damaged(template_path(*app, QStringLiteral("convo")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write("pas du RTF");
+    damaged.close();
+    const size_t before = ui.printed.size();
+    EXPECT_FALSE(view->cmd1());
+    EXPECT_EQ(ui.printed.size(), before);
 }
 
 }  // namespace
