@@ -120,6 +120,7 @@ public:
         auto* buttons = new QHBoxLayout;
         buttons->addStretch(1);
         add_button(buttons, QStringLiteral("cmd_0"), QStringLiteral("&Quitter"), [this] { view_.cmd0(); });
+        add_button(buttons, QStringLiteral("cmd_pdf"), QStringLiteral("&PDF par nageur"), [this] { view_.cmd_pdf(); });
         add_button(buttons, QStringLiteral("cmd_1"), QStringLiteral("&Imprimer"), [this] { view_.cmd1(); });
         right->addLayout(buttons);
         layout->addLayout(right, 3);

@@ -7,6 +7,8 @@
 #include "src/frame/app_context.h"
 #include "src/reports/templates.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTextBlockFormat>
 #include <QTextCursor>
 
@@ -126,6 +128,71 @@ std::vector<ConvocationSwimmer> FrmConvocation::ticked() const
             out.push_back({nageurs_.item(r, 0)->data(kNumRole).toString(), nageurs_.item(r, 0)->text(),
                            nageurs_.item(r, 1)->text(), nageurs_.item(r, 2)->text()});
     return out;
+}
+
+QString convocation_file(const QString& folder, const QString& base, const QStringList& taken)
+{
+    QString name;
+    for (const QChar c : base)
+        name += (c.unicode() < 32 || QStringLiteral("\\/:*?\"<>|").contains(c)) ? u'_' : c;
+    name = name.trimmed();
+    while (name.endsWith(u'.'))
+        name.chop(1);
+    if (name.isEmpty())
+        name = QStringLiteral("Convocation");
+    const QDir dir(folder);
+    QString path = dir.filePath(name + QStringLiteral(".pdf"));
+    for (int n = 2; QFileInfo::exists(path) || taken.contains(path); ++n)
+        path = dir.filePath(name + QStringLiteral(" (%1).pdf").arg(n));
+    return path;
+}
+
+int FrmConvocation::cmd_pdf()
+{
+    AppContext& a = app();
+    const std::vector<ConvocationSwimmer> swimmers = ticked();
+    if (swimmers.empty())
+        return 0;
+    const QString folder = a.ui.browse_folder(QStringLiteral("Dossier des convocations"));
+    if (folder.isEmpty())
+        return 0;
+    QStringList written;
+    try {
+        ConvocationChoice choice;
+        choice.message = &rich;
+        choice.programme = Chk_prog;
+        choice.coupon = chk_reponse;
+        if (chk_reponse)
+            choice.reply_date = reply_date();
+        TempoRapport tempo;
+        if (PreparerConvocation(a, tempo, num_, choice)) {
+            const QString competition =
+                a.db.load_rows(QStringLiteral("SELECT Nom FROM Rcomp WHERE AutoNum = ") + sql_key(num_)).first();
+            const int total = int(swimmers.size());
+            for (int i = 0; i < total; ++i) {
+                const ConvocationSwimmer& swimmer = swimmers[size_t(i)];
+                const QString caption =
+                    QStringLiteral("Impression de la convocation de ") + swimmer.nom + u' ' + swimmer.prenom;
+                if (!a.ui.progress(caption, i, total)) {
+                    status_text(a.ui, QStringLiteral("Opérations annulées"));
+                    break;
+                }
+                status_text(a.ui, caption);
+                EcrireConvocation(a, tempo, num_, swimmer, choice);
+                const QString path = convocation_file(
+                    folder, swimmer.nom + u' ' + swimmer.prenom + QStringLiteral(" - ") + competition, written);
+                if (!a.ui.write_pdf(path, QStringLiteral("Convocation"), tempo.rich.document())) {
+                    msg_erreur(a.ui, QStringLiteral("Impossible d'écrire le fichier ") + path);
+                    break;
+                }
+                written << path;
+            }
+        }
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, QString(), &e);
+    }
+    a.ui.progress_end();
+    return int(written.size());
 }
 
 bool FrmConvocation::cmd1()

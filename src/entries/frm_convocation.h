@@ -54,6 +54,11 @@ public:
     // "&Imprimer": the ticked swimmers' letters in one print run. False when
     // nothing was printed (none ticked, template failed, cancelled).
     bool cmd1();
+    // "PDF par nageur": each ticked swimmer's letter as its own PDF file in
+    // a folder the person chooses, "Nom Prénom - Compétition.pdf", a number
+    // added when the name is taken. The person may stop between two
+    // swimmers. Gives the number of files written.
+    int cmd_pdf();
     // The ticked swimmers, in list order.
     std::vector<ConvocationSwimmer> ticked() const;
 
@@ -63,6 +68,11 @@ private:
     QStandardItemModel nageurs_;
     bool chk_all_ = false;
 };
+
+// A file name made of `base` for the folder `folder`: the characters that no
+// file name may hold become "_", accents stay; " (2)", " (3)"... are added
+// when the file exists already or is in `taken`.
+QString convocation_file(const QString& folder, const QString& base, const QStringList& taken);
 
 // Opens frm_convocation on competition `num`; null when it is open already.
 FrmConvocation* OuvrirConvocation(AppContext& app, const QString& num, const QString& caller);

@@ -15,6 +15,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QRegularExpression>
 
@@ -299,6 +300,51 @@ TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
     const size_t before = ui.printed.size();
     EXPECT_FALSE(view->cmd1());
     EXPECT_EQ(ui.printed.size(), before);
+}
+
+TEST_F(Convocation, OnePdfPerSwimmerNamedWithoutClashAndStoppable)
+{
+    static int argc = 1;
+    static char name[] = "test_entries";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance())
+        new QGuiApplication(argc, argv);
+    exec(QStringLiteral("UPDATE Rcomp SET Nom = 'Meeting/Été' WHERE AutoNum = ") + compet);
+    entry(artagnan, 51, 0, false, QStringLiteral("0.2512"));
+    FrmConvocation* view = open();
+    ASSERT_NE(view, nullptr);
+    view->set_chk_all(true);
+    EXPECT_EQ(view->cmd_pdf(), 0);  // the folder choice cancelled
+    EXPECT_EQ(ui.folder_prompts, QStringList{QStringLiteral("Dossier des convocations")});
+
+    const QString folder = work_file(QStringLiteral("convocations"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QString taken = folder + QStringLiteral("/D'Artagnan Charles - Meeting_Été.pdf");
+    QFile existing(taken);
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    existing.close();
+    ui.folders.push_back(folder);
+    ASSERT_EQ(view->cmd_pdf(), 2);
+    EXPECT_EQ(ui.pdfs, (QStringList{folder + QStringLiteral("/D'Artagnan Charles - Meeting_Été (2).pdf"),
+                                    folder + QStringLiteral("/Martin Léa - Meeting_Été.pdf")}));
+    EXPECT_EQ(QFileInfo(taken).size(), 0);  // the file that was there is left alone
+    for (const QString& path : ui.pdfs) {
+        QFile pdf(path);
+        ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+        const QByteArray bytes = pdf.readAll();
+        EXPECT_TRUE(bytes.startsWith("%PDF"));
+        EXPECT_GE(bytes.count("/Type /Page\n") + bytes.count("/Type /Page "), 1) << path.toStdString();
+    }
+    EXPECT_FALSE(ui.progress_shown);
+
+    // Stopped after the first swimmer: one file, and the run says so.
+    ui.pdfs.clear();
+    ui.cancel_at = 1;
+    ui.folders.push_back(folder);
+    EXPECT_EQ(view->cmd_pdf(), 1);
+    EXPECT_EQ(ui.pdfs.size(), 1);
+    EXPECT_TRUE(ui.pdfs[0].endsWith(QStringLiteral("Meeting_Été (3).pdf")));
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Opérations annulées")));
 }
 
 }  // namespace
