@@ -26,7 +26,8 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
 }
 
 // "modif prog" opens the programme of the competition; a registered door
-// opens the window of its keyword ("Choix pour engagements relais"). The
+// opens the window of its keyword ("Choix pour engagements relais", the
+// entry slip and the convocations of "Imprim bordereau" and "Imprim convoc"). The
 // windows behind the other keywords are still to be written; until they are,
 // choosing a competition says so. By keyword, what is to come:
 //   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
@@ -34,8 +35,6 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
 //                                    "Définition des engagements"
 //   "disk"                           the runner with createdisk.clscreate_disk, title
 //                                    "Création Fichiers Engagements", keyword "disk"
-//   "Imprim convoc"                  frm_convocation
-//   "Imprim bordereau"               the printed entry slip
 //   "Impor res"                      the runner with RecupResultat.clsRecupResult, title
 //                                    "Importer Résultats", keyword "impres"
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)

@@ -165,6 +165,20 @@ TEST_F(Bordereau, ATemplateWithoutTagsPrintsItsTextAndABadOneNothing)
     EXPECT_EQ(ui.printed.size(), 1u);
 }
 
+TEST_F(Bordereau, ASelectionOfSeveralClubsNamesItsRelaySwimmers)
+{
+    exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2229000001', 'Quimper Natation')"));
+    const QString local = swimmer(QStringLiteral("Kerleroux"), QStringLiteral("F"), QStringLiteral("Maï"));
+    const QString guest = swimmer(QStringLiteral("Tanguy"), QStringLiteral("F"), QStringLiteral("Nolwenn"));
+    exec(QStringLiteral("UPDATE Licence SET Code_Club = 'FRA2229000001' WHERE Num = ") + guest);
+    exec(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2), ('%1', %3)").arg(kClub, local, guest));
+    app->state.club_selection = true;
+    relay(8, 1, 1, false, {local, guest});
+    ASSERT_TRUE(ImprimerBordereau(*app, compet)) << messages().join(u'\n').toStdString();
+    const QString text = ui.printed.back().text;
+    EXPECT_TRUE(text.contains(QStringLiteral("\tKerleroux Maï (KERLEROUX)\n\tTanguy Nolwenn (TANGUY)\n")));
+}
+
 TEST(BordereauColumns, PaddingCutsAndFills)
 {
     EXPECT_EQ(Completer(QStringLiteral("200m papillon Messieurs"), 17), QStringLiteral("200m papillon Mes"));
