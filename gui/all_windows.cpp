@@ -4,6 +4,7 @@
 #include "gui/clubs/mon_club_window.h"
 #include "gui/clubs/pool_windows.h"
 #include "gui/competitions/competition_windows.h"
+#include "gui/entries/convocation_window.h"
 #include "gui/entries/engag_window.h"
 #include "gui/entries/relay_window.h"
 #include "gui/frame/attente_window.h"
@@ -23,6 +24,7 @@ void register_all_windows()
     register_competition_windows();
     register_engag_window();
     register_relay_window();
+    register_convocation_window();
 }
 
 }  // namespace plouvarine::gui

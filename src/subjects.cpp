@@ -5,6 +5,7 @@
 #include "src/competitions/competition_hooks.h"
 #include "src/competitions/handoff.h"
 #include "src/competitions/utils_compet.h"
+#include "src/entries/convo_bordereau.h"
 #include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
@@ -29,6 +30,7 @@ void install_subject_commands(AppContext& app)
     install_relay_handoff();
     // Its doors to the entry files and the results import.
     install_exchange_doors();
+    install_print_handoff();
 }
 
 }  // namespace plouvarine

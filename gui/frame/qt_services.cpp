@@ -8,7 +8,10 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QFileInfo>
+#include <QPdfWriter>
 #include <QPrintPreviewDialog>
+#include <QProgressDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTextDocument>
@@ -148,6 +151,43 @@ bool QtServices::print_document(const QString& title, const QTextDocument& docum
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                      [&document](QPrinter* p) { document.print(p); });
     return preview.exec() == QDialog::Accepted;
+}
+
+QtServices::QtServices(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+
+QtServices::~QtServices() = default;
+
+bool QtServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document)
+{
+    {
+        QPdfWriter pdf(path);
+        pdf.setTitle(title);
+        pdf.setCreator(QStringLiteral("Plouvarine"));
+        document.print(&pdf);
+    }
+    return QFileInfo(path).size() > 0;
+}
+
+bool QtServices::progress(const QString& caption, int done, int total)
+{
+    if (!progress_) {
+        progress_ = std::make_unique<QProgressDialog>(parent());
+        progress_->setWindowModality(Qt::WindowModal);
+        progress_->setCancelButtonText(QStringLiteral("Annuler"));
+        progress_->setMinimumDuration(0);
+        progress_->setAutoReset(false);
+        progress_->setAutoClose(false);
+    }
+    progress_->setMaximum(total);
+    progress_->setLabelText(caption);
+    progress_->setValue(done);
+    QApplication::processEvents();
+    return !progress_->wasCanceled();
+}
+
+void QtServices::progress_end()
+{
+    progress_.reset();
 }
 
 void QtServices::push_wait_cursor()

@@ -4,8 +4,10 @@
 #include "src/base/services.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
+class QProgressDialog;
 class QWidget;
 
 namespace plouvarine::gui {
@@ -13,7 +15,8 @@ namespace plouvarine::gui {
 class QtServices : public Services {
 public:
     // Dialogs are parented to the window that `parent` gives at the time of the call.
-    explicit QtServices(std::function<QWidget*()> parent = {}) : parent_(std::move(parent)) {}
+    explicit QtServices(std::function<QWidget*()> parent = {});
+    ~QtServices() override;
 
     Button message_box(const Message& message) override;
     QString file_dialog(const FileDialogRequest& request) override;
@@ -25,6 +28,9 @@ public:
     void show_modal(View& view) override;
     void show_window(std::unique_ptr<View> view) override;
     bool print_document(const QString& title, const QTextDocument& document) override;
+    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    bool progress(const QString& caption, int done, int total) override;
+    void progress_end() override;
     bool bring_to_front(const QString& name) override;
 
     // Where the status panels are drawn (set by the main window).
@@ -40,6 +46,8 @@ private:
     std::function<QWidget*()> parent_;
     // The modal windows being shown, the innermost last.
     std::vector<QWidget*> modal_;
+    // The progress of the run under way, if any.
+    std::unique_ptr<QProgressDialog> progress_;
 };
 
 }  // namespace plouvarine::gui

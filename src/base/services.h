@@ -75,6 +75,14 @@ public:
     // Prints `document` under `title`: the printer choice, with a preview and
     // PDF output. False when the person cancels.
     virtual bool print_document(const QString& title, const QTextDocument& document) = 0;
+    // Writes `document` under `title` as the PDF file `path`, with no dialog.
+    // False when the file could not be written.
+    virtual bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) = 0;
+    // The progress of a run of `total` steps, `done` of them over, under
+    // `caption`; false once the person has asked to stop. progress_end takes
+    // the progress away.
+    virtual bool progress(const QString& caption, int done, int total) = 0;
+    virtual void progress_end() = 0;
 };
 
 // The file dialog, with the request's default suffix added to a chosen name

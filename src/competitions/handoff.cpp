@@ -27,15 +27,10 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
     doors().insert(keyword, std::move(door));
 }
 
-// "modif prog" opens the programme of the competition; a registered door
-// opens the window of its keyword (the runner for "disk" and "Impor res") ("Choix pour engagements relais"). The
-// windows behind the other keywords are still to be written; until they are,
-// choosing a competition says so. By keyword, what is to come:
-//   "Choix pour engagements"         the team records prepared, Engag and Relais copied to
-//                                    Engag_tempo and Relais_tempo, then frm_engag, title
-//                                    "Définition des engagements"
-//   "Imprim convoc"                  frm_convocation
-//   "Imprim bordereau"               the printed entry slip
+// "modif prog" opens the programme of the competition; a registered door opens
+// the window of its keyword (the entries and the relays, the runner for "disk"
+// and "Impor res", the entry slip and the convocations). A keyword whose
+// window is still to be written (the entry models) says so.
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)
 {
     const auto door = doors().constFind(keyword);

@@ -2,6 +2,7 @@
 
 #include "src/reports/rtf_writer.h"
 
+#include <QFileInfo>
 #include <QPdfWriter>
 #include <QTextDocument>
 
@@ -125,6 +126,24 @@ bool ScriptedServices::print_document(const QString& title, const QTextDocument&
     return true;
 }
 
+bool ScriptedServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document)
+{
+    {
+        QPdfWriter pdf(path);
+        pdf.setTitle(title);
+        document.print(&pdf);
+    }
+    pdfs << path;
+    return QFileInfo(path).size() > 0;
+}
+
+bool ScriptedServices::progress(const QString& caption, int done, int total)
+{
+    progress_shown = true;
+    progress_history << QStringLiteral("%1 (%2/%3)").arg(caption).arg(done).arg(total);
+    return cancel_at < 0 || done < cancel_at;
+}
+
 std::vector<Message> ScriptedServices::titled(const QString& title) const
 {
     std::vector<Message> out;
@@ -151,6 +170,8 @@ void ScriptedServices::clear()
     reports.clear();
     shown_views.clear();
     printed.clear();
+    pdfs.clear();
+    progress_history.clear();
 }
 
 }  // namespace plouvarine::testing

@@ -78,6 +78,16 @@ public:
     void show_modal(View& view) override;
     void show_window(std::unique_ptr<View> view) override;
     bool print_document(const QString& title, const QTextDocument& document) override;
+    // Writes a real PDF and records its path in `pdfs`.
+    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    QStringList pdfs;
+    // Every caption of the progress; the person stops the run when `done`
+    // reaches `cancel_at` (-1: never).
+    bool progress(const QString& caption, int done, int total) override;
+    void progress_end() override { progress_shown = false; }
+    QStringList progress_history;
+    int cancel_at = -1;
+    bool progress_shown = false;
 
     // Messages of one title ("Erreur", "Confirmation", "Information").
     std::vector<Message> titled(const QString& title) const;

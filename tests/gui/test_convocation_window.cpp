@@ -1,0 +1,131 @@
+// The convocation window on Qt's offscreen platform, reached from the menu
+// through the competition list: the entered swimmers with their boxes,
+// "Sélectionner tous", a message styled with the toolbar, the reply date
+// enabled by its option, and "&Imprimer" printing the ticked letters.
+
+#include "gui/all_windows.h"
+#include "gui/frame/main_window.h"
+#include "gui/frame/qt_services.h"
+#include "gui_application.h"
+#include "src/store/sentinels.h"
+#include "src/subjects.h"
+#include "support/app_fixture.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QToolButton>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class ConvocationWindowTest : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        AppFixture::SetUp();
+        connect(make_base());
+        app->state.club_code = QStringLiteral("FRA2210290017");
+        app->state.club_name = QStringLiteral("Brest Natation");
+        app->state.profile_num = QStringLiteral("1");
+        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
+        app->clock.set_today(QDate(2025, 3, 10));
+        install_subject_commands(*app);
+        install_template_component();
+        main = std::make_unique<gui::MainWindow>(*app);
+        qt.show_child = [this](QWidget* w) { main->show_child(w); };
+        ui.draw_with = &qt;
+        main->show();
+        app->enable_menus(true);
+    }
+    void TearDown() override
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            sub->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        main.reset();
+        AppFixture::TearDown();
+    }
+    QWidget* child_window(const QString& name)
+    {
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+            if (sub->objectName() == name && sub->isVisible())
+                return sub->widget();
+        return nullptr;
+    }
+
+    gui::QtServices qt;
+    std::unique_ptr<gui::MainWindow> main;
+};
+
+TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
+{
+    Database& db = app->db;
+    const QString compet = db.append_row(QStringLiteral("Rcomp"),
+                                         {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"},
+                                          {"Fin", "20250405"}, {"Lieu", "Brest"}, {"Longueur", 50},
+                                          {"Visible", true}, {"Deroule", false}},
+                                         QStringLiteral("AutoNum"));
+    for (const char* name : {"Le Bihan", "Abgrall"}) {
+        const QString num = db.append_row(QStringLiteral("Licence"),
+                                          {{"Code_club", app->state.club_code}, {"Licence", QString::fromLatin1(name).toUpper()},
+                                           {"Nom", name}, {"Prenom", "Yann"}, {"Sexe", "M"}},
+                                          QStringLiteral("Num"));
+        db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic, Equipe) VALUES (%1, 1, "
+                                   "%2, 0)")
+                        .arg(compet, num));
+    }
+
+    main->trigger(QStringLiteral("mnuEngagConvoc"));
+    QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
+    ASSERT_NE(list, nullptr);
+    list->findChild<QPushButton*>("Command1_2")->click();
+    QWidget* window = child_window(QStringLiteral("frm_convocation"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Impression des convocations"));
+
+    auto* swimmers = window->findChild<QTreeView*>("Lsv_nageurs");
+    ASSERT_EQ(swimmers->model()->rowCount(), 2);
+    EXPECT_EQ(swimmers->model()->index(0, 0).data().toString(), QStringLiteral("Abgrall"));
+    window->findChild<QCheckBox*>("Chk_all")->click();
+    EXPECT_EQ(swimmers->model()->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+
+    auto* date = window->findChild<QLineEdit*>("txt_description_0");
+    EXPECT_FALSE(date->isEnabled());
+    window->findChild<QCheckBox*>("chk_reponse")->click();
+    EXPECT_TRUE(date->isEnabled());
+
+    auto* message = window->findChild<QTextEdit*>("rich");
+    message->setFocus();
+    message->insertPlainText(QStringLiteral("Rendez-vous à 8h"));
+    message->selectAll();
+    window->findChild<QToolButton*>("cmd_text_0")->click();
+    window->findChild<QToolButton*>("cmd_text_4")->click();
+
+    window->resize(900, 560);
+    const QString png = work_file(QStringLiteral("convocation.png"));
+    ASSERT_TRUE(window->grab().save(png));
+    // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
+    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+        QFile::copy(png, keep + QStringLiteral("/convocation.png"));
+
+    window->findChild<QPushButton*>("cmd_1")->click();
+    ASSERT_EQ(ui.printed.size(), 1u);
+    const auto& printed = ui.printed[0];
+    EXPECT_EQ(printed.text.count(QStringLiteral("Rendez-vous à 8h")), 2);
+    EXPECT_TRUE(printed.html.contains(QStringLiteral("font-weight:700")));
+    EXPECT_TRUE(printed.html.contains(QStringLiteral("align=\"center\"")));
+    EXPECT_EQ(printed.text.count(QString(QChar(0x2702))), 4);
+}
+
+}  // namespace
