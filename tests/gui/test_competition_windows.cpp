@@ -8,6 +8,7 @@
 #include "gui/frame/qt_services.h"
 #include "gui/all_windows.h"
 #include "gui/frame/window_factory.h"
+#include "drawn_main_window.h"
 #include "gui_application.h"
 #include "src/store/sentinels.h"
 #include "support/app_fixture.h"
@@ -37,28 +38,14 @@ protected:
         connect(make_base());
         check_piscine_reference(app->db, app->ui);
         app->clock.set_today(QDate(2025, 3, 10));
-        install_subject_commands(*app);
-        main = std::make_unique<gui::MainWindow>(*app);
-        qt.show_child = [this](QWidget* w) { main->show_child(w); };
-        ui.draw_with = &qt;
-        main->show();
-        app->enable_menus(true);
+        main.open(*app, ui);
     }
     void TearDown() override
     {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            sub->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        main.reset();
+        main.close();
         AppFixture::TearDown();
     }
-    QWidget* child_window(const QString& name)
-    {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            if (sub->objectName() == name && sub->isVisible())
-                return sub->widget();
-        return nullptr;
-    }
+    QWidget* child_window(const QString& name) const { return main.child_window(name); }
     void type_in(QWidget* window, const QString& field, const QString& text)
     {
         auto* edit = window->findChild<QLineEdit*>(field);
@@ -75,8 +62,7 @@ protected:
         button->click();
     }
 
-    gui::QtServices qt;
-    std::unique_ptr<gui::MainWindow> main;
+    testing::DrawnMainWindow main;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
 #include "gui/frame/qt_services.h"
+#include "drawn_main_window.h"
 #include "gui_application.h"
 #include "src/subjects.h"
 
@@ -32,28 +33,14 @@ protected:
         ensure_application();
         gui::register_all_windows();
         EngagBase::SetUp();
-        install_subject_commands(*app);
-        main = std::make_unique<gui::MainWindow>(*app);
-        qt.show_child = [this](QWidget* w) { main->show_child(w); };
-        ui.draw_with = &qt;
-        main->show();
-        app->enable_menus(true);
+        main.open(*app, ui);
     }
     void TearDown() override
     {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            sub->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        main.reset();
+        main.close();
         EngagBase::TearDown();
     }
-    QWidget* child_window(const QString& name)
-    {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            if (sub->objectName() == name && sub->isVisible())
-                return sub->widget();
-        return nullptr;
-    }
+    QWidget* child_window(const QString& name) const { return main.child_window(name); }
     void key(QWidget* target, int code, const QString& text = {})
     {
         QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
@@ -80,8 +67,7 @@ protected:
         return w;
     }
 
-    gui::QtServices qt;
-    std::unique_ptr<gui::MainWindow> main;
+    testing::DrawnMainWindow main;
 };
 
 TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)

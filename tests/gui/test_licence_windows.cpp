@@ -7,6 +7,7 @@
 #include "gui/frame/qt_services.h"
 #include "gui/all_windows.h"
 #include "gui/frame/window_factory.h"
+#include "drawn_main_window.h"
 #include "gui_application.h"
 #include "licences/licence_test_base.h"
 #include "src/licences/liste_licence.h"
@@ -66,24 +67,17 @@ protected:
         ensure_application();
         gui::register_all_windows();
         LicenceBase::SetUp();
-        install_subject_commands(*app);
-        main = std::make_unique<gui::MainWindow>(*app);
-        qt.show_child = [this](QWidget* w) { main->show_child(w); };
-        ui.draw_with = &qt;
-        main->show();
-        app->enable_menus(true);
+        main.open(*app, ui);
         dupont = licence(QStringLiteral("DUPONT"), QStringLiteral("Anne"), QStringLiteral("85001F"));
         martin = licence(QStringLiteral("MARTIN"), QStringLiteral("Léa"), QStringLiteral("90002F"),
                          QLatin1String(kClub), QStringLiteral("19900101"));
     }
     void TearDown() override
     {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            sub->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        main.reset();
+        main.close();
         LicenceBase::TearDown();
     }
+    // Any child window of that name, shown or not: a closed window must be gone.
     QWidget* child_window(const QString& name)
     {
         for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
@@ -92,8 +86,7 @@ protected:
         return nullptr;
     }
 
-    gui::QtServices qt;
-    std::unique_ptr<gui::MainWindow> main;
+    testing::DrawnMainWindow main;
     QString dupont, martin;
 };
 

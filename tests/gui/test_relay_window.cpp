@@ -6,6 +6,7 @@
 #include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
 #include "gui/frame/qt_services.h"
+#include "drawn_main_window.h"
 #include "gui_application.h"
 #include "src/base/text.h"
 #include "src/store/sentinels.h"
@@ -37,28 +38,14 @@ protected:
         app->state.profile_num = QStringLiteral("1");
         app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
         app->clock.set_today(QDate(2025, 3, 10));
-        install_subject_commands(*app);
-        main = std::make_unique<gui::MainWindow>(*app);
-        qt.show_child = [this](QWidget* w) { main->show_child(w); };
-        ui.draw_with = &qt;
-        main->show();
-        app->enable_menus(true);
+        main.open(*app, ui);
     }
     void TearDown() override
     {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            sub->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        main.reset();
+        main.close();
         AppFixture::TearDown();
     }
-    QWidget* child_window(const QString& name)
-    {
-        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
-            if (sub->objectName() == name && sub->isVisible())
-                return sub->widget();
-        return nullptr;
-    }
+    QWidget* child_window(const QString& name) const { return main.child_window(name); }
     void click(QWidget* window, const QString& name)
     {
         auto* button = window->findChild<QPushButton*>(name);
@@ -71,8 +58,7 @@ protected:
         list->setCurrentIndex(list->model()->index(row, 0));
     }
 
-    gui::QtServices qt;
-    std::unique_ptr<gui::MainWindow> main;
+    testing::DrawnMainWindow main;
 };
 
 TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
