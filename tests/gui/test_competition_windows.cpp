@@ -62,7 +62,7 @@ protected:
         button->click();
     }
 
-    testing::DrawnMainWindow main;
+    plouvarine::testing::DrawnMainWindow main;
 };
 
 }  // namespace

@@ -51,7 +51,7 @@ protected:
     }
     QWidget* child_window(const QString& name) const { return main.child_window(name); }
 
-    testing::DrawnMainWindow main;
+    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)

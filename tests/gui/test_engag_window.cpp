@@ -67,7 +67,7 @@ protected:
         return w;
     }
 
-    testing::DrawnMainWindow main;
+    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)

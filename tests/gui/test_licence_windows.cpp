@@ -86,7 +86,7 @@ protected:
         return nullptr;
     }
 
-    testing::DrawnMainWindow main;
+    plouvarine::testing::DrawnMainWindow main;
     QString dupont, martin;
 };
 

@@ -58,7 +58,7 @@ protected:
         list->setCurrentIndex(list->model()->index(row, 0));
     }
 
-    testing::DrawnMainWindow main;
+    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
