@@ -6,6 +6,7 @@
 #include "src/frame/exchange_component.h"
 #include "src/store/database.h"
 
+#include <QDir>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,12 @@ inline void PrintTo(const QString& s, std::ostream* os)
 {
     *os << '"' << s.toStdString() << '"';
 }
+
+// The real Lenex files lie beside the project, in ../shared/lenex, and are
+// never copied into it: a checkout without them skips the tests that read them.
+#define SKIP_WITHOUT_LENEX_FILES()                                   \
+    if (!QDir(QStringLiteral(PLOUVARINE_LENEX_DIR)).exists())        \
+    GTEST_SKIP() << "no Lenex files at " PLOUVARINE_LENEX_DIR
 
 namespace plouvarine::testing {
 

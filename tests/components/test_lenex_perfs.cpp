@@ -38,6 +38,7 @@ class RealPerformances : public Performances, public ::testing::WithParamInterfa
 
 TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdded)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const QString file = lenex_file(QString::fromLatin1(GetParam()));
     const LenexCounts expected = count_lenex(file, [](int, int) { return false; });
     // A base without the file's swimmers takes nothing and says who is missing.
@@ -74,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(RealFiles, RealPerformances,
 
 TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const QString file = lenex_file(QStringLiteral("38468.lxf"));
     seed_athletes(file);
     ExchangeCall call;

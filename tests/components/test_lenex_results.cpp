@@ -30,6 +30,7 @@ class ResultsImport : public LenexBase, public ::testing::WithParamInterface<Rea
 
 TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatusesAndSplits)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const QString file = lenex_file(QString::fromLatin1(GetParam().name));
     const LenexCounts expected = count_lenex(file, split_fits);
     ASSERT_GT(expected.swims, 0);
@@ -87,6 +88,7 @@ using ResultsDetail = LenexBase;
 
 TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const int num = add_competition(25);
     ExchangeCall call;
     call.source = lenex_file(QStringLiteral("example-results.lef"));
@@ -113,6 +115,7 @@ TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
 
 TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndNotAddedAgain)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
                                "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
     // "Günter Schmah" without licence, accents and case apart.
@@ -148,6 +151,7 @@ QByteArray small_file(const QString& course, const QString& stroke, const QStrin
 
 TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const int num = add_competition(25);
     const QString full = QString::fromUtf8(read_bytes(lenex_file(QStringLiteral("example-results.lef"))));
     QTemporaryDir src;
@@ -197,6 +201,7 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
 
 TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
 {
+    SKIP_WITHOUT_LENEX_FILES();
     const int num = add_competition(25);
     // The engine refuses one swim deep in the file, after clubs and swimmers were added.
     db.exec_sql(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Prres WHEN NEW.Tps = 1.2318 "
