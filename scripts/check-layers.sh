@@ -2,14 +2,14 @@
 # Lists every include of ours that goes against the layer order and exits
 # non-zero when there is one. The order, from the bottom: src/base, src/store,
 # src/frame, src/reports, the subjects src/clubs, src/licences,
-# src/competitions, src/entries, src/results, the top of src/, then gui/frame, the subjects'
+# src/competitions, src/entries, src/results, src/records, src/tools, the top of src/, then gui/frame, the subjects'
 # windows in the same order, the top of gui/, and app/. A folder may include
 # its own layer and the layers below it, never one above.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 layers=(src/base src/store src/frame src/reports
-        src/clubs src/licences src/competitions src/entries src/results src
-        gui/frame gui/clubs gui/licences gui/competitions gui/entries gui/results gui
+        src/clubs src/licences src/competitions src/entries src/results src/records src/tools src
+        gui/frame gui/clubs gui/licences gui/competitions gui/entries gui/results gui/records gui/tools gui
         app)
 rank() {
   local path=$1 i
