@@ -54,7 +54,7 @@ void BM_RelayTimeMedley4x100(benchmark::State& state)
     RelayTime result;
     for (auto _ : state) {
         auto t0 = std::chrono::steady_clock::now();
-        result = calcul_temps_relais(app, QStringLiteral("4x100m 4 nages Messieurs"), swimmers, longueur);
+        result = calcul_temps_relais(app, QStringLiteral("4x100m 4N Mess."), swimmers, longueur);
         relay_s += std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
         t0 = std::chrono::steady_clock::now();
         benchmark::DoNotOptimize(app.db.load_rows(

@@ -20,8 +20,10 @@
 -- swum only in a 25 m pool: the 25 m of each stroke and the 100 m medley.
 -- They alone have Possible_50 false.
 --
--- Labels. "<distance>m <stroke> <Dames|Messieurs|Mixte>", a relay
--- "4x<distance>m <stroke> ...": the relay time rule reads the distance of one
+-- Labels. "<distance>m <stroke> <Dames|Mess.|Mixte>", a relay
+-- "4x<distance>m <stroke> ...", the strokes "n.l.", "dos", "brasse", "pap."
+-- and "4N": at most 17 characters, the width of an event on the entry slip,
+-- so that no label is cut there. The relay time rule reads the distance of one
 -- swimmer between the first "x" and the first "m" of the label, and a free
 -- relay by the text "n.l.". Distance is the whole distance in metres (400 for
 -- a 4x100 m), used as a sort key and for the split-time headings of results.
@@ -44,44 +46,44 @@ INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possibl
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (21, '50m brasse Dames', 1, 'F', 0, 50, 1);
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (22, '100m brasse Dames', 1, 'F', 0, 100, 1);
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (23, '200m brasse Dames', 1, 'F', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (30, '25m papillon Dames', 1, 'F', 0, 25, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (31, '50m papillon Dames', 1, 'F', 0, 50, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (32, '100m papillon Dames', 1, 'F', 0, 100, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (33, '200m papillon Dames', 1, 'F', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (40, '100m 4 nages Dames', 1, 'F', 0, 100, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (41, '200m 4 nages Dames', 1, 'F', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (42, '400m 4 nages Dames', 1, 'F', 0, 400, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (43, '4x50m 4 nages Dames', 4, 'F', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (44, '4x100m 4 nages Dames', 4, 'F', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (30, '25m pap. Dames', 1, 'F', 0, 25, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (31, '50m pap. Dames', 1, 'F', 0, 50, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (32, '100m pap. Dames', 1, 'F', 0, 100, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (33, '200m pap. Dames', 1, 'F', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (40, '100m 4N Dames', 1, 'F', 0, 100, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (41, '200m 4N Dames', 1, 'F', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (42, '400m 4N Dames', 1, 'F', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (43, '4x50m 4N Dames', 4, 'F', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (44, '4x100m 4N Dames', 4, 'F', 0, 400, 1);
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (45, '4x50m n.l. Mixte', 4, '', 1, 200, 1);
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (46, '4x100m n.l. Mixte', 4, '', 1, 400, 1);
 INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (47, '4x200m n.l. Mixte', 4, '', 1, 800, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (48, '4x50m 4 nages Mixte', 4, '', 1, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (49, '4x100m 4 nages Mixte', 4, '', 1, 400, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (50, '25m n.l. Messieurs', 1, 'M', 0, 25, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (51, '50m n.l. Messieurs', 1, 'M', 0, 50, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (52, '100m n.l. Messieurs', 1, 'M', 0, 100, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (53, '200m n.l. Messieurs', 1, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (54, '400m n.l. Messieurs', 1, 'M', 0, 400, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (55, '800m n.l. Messieurs', 1, 'M', 0, 800, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (56, '1500m n.l. Messieurs', 1, 'M', 0, 1500, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (57, '4x50m n.l. Messieurs', 4, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (58, '4x100m n.l. Messieurs', 4, 'M', 0, 400, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (59, '4x200m n.l. Messieurs', 4, 'M', 0, 800, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (60, '25m dos Messieurs', 1, 'M', 0, 25, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (61, '50m dos Messieurs', 1, 'M', 0, 50, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (62, '100m dos Messieurs', 1, 'M', 0, 100, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (63, '200m dos Messieurs', 1, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (70, '25m brasse Messieurs', 1, 'M', 0, 25, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (71, '50m brasse Messieurs', 1, 'M', 0, 50, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (72, '100m brasse Messieurs', 1, 'M', 0, 100, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (73, '200m brasse Messieurs', 1, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (80, '25m papillon Messieurs', 1, 'M', 0, 25, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (81, '50m papillon Messieurs', 1, 'M', 0, 50, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (82, '100m papillon Messieurs', 1, 'M', 0, 100, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (83, '200m papillon Messieurs', 1, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (90, '100m 4 nages Messieurs', 1, 'M', 0, 100, 0);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (91, '200m 4 nages Messieurs', 1, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (92, '400m 4 nages Messieurs', 1, 'M', 0, 400, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (93, '4x50m 4 nages Messieurs', 4, 'M', 0, 200, 1);
-INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (94, '4x100m 4 nages Messieurs', 4, 'M', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (48, '4x50m 4N Mixte', 4, '', 1, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (49, '4x100m 4N Mixte', 4, '', 1, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (50, '25m n.l. Mess.', 1, 'M', 0, 25, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (51, '50m n.l. Mess.', 1, 'M', 0, 50, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (52, '100m n.l. Mess.', 1, 'M', 0, 100, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (53, '200m n.l. Mess.', 1, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (54, '400m n.l. Mess.', 1, 'M', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (55, '800m n.l. Mess.', 1, 'M', 0, 800, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (56, '1500m n.l. Mess.', 1, 'M', 0, 1500, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (57, '4x50m n.l. Mess.', 4, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (58, '4x100m n.l. Mess.', 4, 'M', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (59, '4x200m n.l. Mess.', 4, 'M', 0, 800, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (60, '25m dos Mess.', 1, 'M', 0, 25, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (61, '50m dos Mess.', 1, 'M', 0, 50, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (62, '100m dos Mess.', 1, 'M', 0, 100, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (63, '200m dos Mess.', 1, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (70, '25m brasse Mess.', 1, 'M', 0, 25, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (71, '50m brasse Mess.', 1, 'M', 0, 50, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (72, '100m brasse Mess.', 1, 'M', 0, 100, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (73, '200m brasse Mess.', 1, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (80, '25m pap. Mess.', 1, 'M', 0, 25, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (81, '50m pap. Mess.', 1, 'M', 0, 50, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (82, '100m pap. Mess.', 1, 'M', 0, 100, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (83, '200m pap. Mess.', 1, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (90, '100m 4N Mess.', 1, 'M', 0, 100, 0);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (91, '200m 4N Mess.', 1, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (92, '400m 4N Mess.', 1, 'M', 0, 400, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (93, '4x50m 4N Mess.', 4, 'M', 0, 200, 1);
+INSERT INTO Nage (Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance, Possible_50) VALUES (94, '4x100m 4N Mess.', 4, 'M', 0, 400, 1);

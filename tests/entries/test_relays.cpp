@@ -31,12 +31,12 @@ protected:
 
 TEST_F(Relays, LegsAreReadFromTheLabel)
 {
-    const RelayLegs free100 = relay_legs(QStringLiteral("4x100m n.l. Messieurs"));
+    const RelayLegs free100 = relay_legs(QStringLiteral("4x100m n.l. Mess."));
     EXPECT_EQ(free100.distance, 100);
     EXPECT_TRUE(free100.free);
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(free100.code(i), 2);
-    const RelayLegs medley50 = relay_legs(QStringLiteral("4x50m 4 nages Dames"));
+    const RelayLegs medley50 = relay_legs(QStringLiteral("4x50m 4N Dames"));
     EXPECT_EQ(medley50.distance, 50);
     EXPECT_FALSE(medley50.free);
     EXPECT_EQ((std::vector<int>{medley50.code(0), medley50.code(1), medley50.code(2), medley50.code(3)}),
@@ -61,9 +61,9 @@ TEST_F(Relays, FreeRelayIn50mSumsTheBest50mPoolTimesOfEitherSex)
     const std::vector<RelaySwimmer> team{{a, "Abgrall", "Yann"}, {b, "Bothorel", "Nolwenn"},
                                          {c, "Cadiou", "Erwan"}, {d, "Derrien", "Loic"}};
     // 58.45 + 1:02.50 + 59.30 + 59.90 = 3:60.15, carried to 4:00.15.
-    EXPECT_EQ(time_of(QStringLiteral("4x100m n.l. Messieurs"), team, 50), QStringLiteral("4.0015"));
+    EXPECT_EQ(time_of(QStringLiteral("4x100m n.l. Mess."), team, 50), QStringLiteral("4.0015"));
     // In a 25 m competition the 25 m pool's 55.12 comes in.
-    EXPECT_EQ(time_of(QStringLiteral("4x100m n.l. Messieurs"), team, 25), QStringLiteral("3.5682"));
+    EXPECT_EQ(time_of(QStringLiteral("4x100m n.l. Mess."), team, 25), QStringLiteral("3.5682"));
 }
 
 TEST_F(Relays, MedleyTakesBackBreastFlyThenFree)
@@ -77,7 +77,7 @@ TEST_F(Relays, MedleyTakesBackBreastFlyThenFree)
         // A faster time at any other leg's event is not hers to give.
         perf(num, legs[(i + 1) % 4], QStringLiteral("0.5000"), QStringLiteral("20241012"));
     }
-    EXPECT_EQ(time_of(QStringLiteral("4x100m 4 nages Dames"), team, 50), QStringLiteral("4.4000"));
+    EXPECT_EQ(time_of(QStringLiteral("4x100m 4N Dames"), team, 50), QStringLiteral("4.4000"));
 }
 
 TEST_F(Relays, SwimmersWithoutAUsableTimeAreNamedAndNoTimeIsGiven)
@@ -91,9 +91,9 @@ TEST_F(Relays, SwimmersWithoutAUsableTimeAreNamedAndNoTimeIsGiven)
     const QString head = QStringLiteral("Impossible de calculer le temps d'engagement car ");
     const QString tail = QStringLiteral("pas de performances enregistrées utilisables pour ce relais :\n");
 
-    EXPECT_EQ(time_of(QStringLiteral("4x50m n.l. Messieurs"), {{a, "Abgrall", "Yann"}, {b, "Bothorel", "Goulven"}}, 50),
+    EXPECT_EQ(time_of(QStringLiteral("4x50m n.l. Mess."), {{a, "Abgrall", "Yann"}, {b, "Bothorel", "Goulven"}}, 50),
               head + QStringLiteral("un nageur n'a ") + tail + QStringLiteral("- Bothorel Goulven\n"));
-    EXPECT_EQ(time_of(QStringLiteral("4x50m n.l. Messieurs"),
+    EXPECT_EQ(time_of(QStringLiteral("4x50m n.l. Mess."),
                       {{a, "Abgrall", "Yann"}, {b, "Bothorel", "Goulven"}, {c, "Cadiou", "Erwan"}}, 50),
               head + QStringLiteral("des nageurs n'ont ") + tail +
                   QStringLiteral("- Bothorel Goulven\n- Cadiou Erwan\n"));
@@ -206,8 +206,8 @@ TEST_F(RelayWindowFlow, CountsCompositionAndTimeReachTheBase)
     QStringList events;
     for (int r = 0; r < view->Lst_relais().rowCount(); ++r)
         events << view->Lst_relais().item(r, 0)->text();
-    EXPECT_EQ(events, (QStringList{"4x50m n.l. Messieurs", "4x50m 4 nages Messieurs", "4x100m n.l. Messieurs",
-                                   "4x100m 4 nages Messieurs", "4x200m n.l. Messieurs"}));
+    EXPECT_EQ(events, (QStringList{"4x50m n.l. Mess.", "4x50m 4N Mess.", "4x100m n.l. Mess.",
+                                   "4x100m 4N Mess.", "4x200m n.l. Mess."}));
     const int free100 = *find_key(view->Lst_relais(), QStringLiteral("58"));
     select_row_at(view->relais_selection(), free100);
     EXPECT_EQ(view->txt_nb_equipe(), QStringLiteral("1"));  // proposed
@@ -218,7 +218,7 @@ TEST_F(RelayWindowFlow, CountsCompositionAndTimeReachTheBase)
     view->cmd_composition();
     EXPECT_EQ(count(QStringLiteral("select count(*) from Relais where Code_epreuve = 58")), 2);
     EXPECT_EQ(view->composition_caption(), FrmEngagRelais::kCaptionSelection);
-    EXPECT_EQ(view->cbo_team_relais(), QStringList{"4x100m n.l. Messieurs"});
+    EXPECT_EQ(view->cbo_team_relais(), QStringList{"4x100m n.l. Mess."});
     EXPECT_EQ(view->lst_num_relais().rowCount(), 2);
     ASSERT_EQ(view->relay_number(), 1);
     ASSERT_EQ(view->lsv_nageurs().rowCount(), 5);  // the team's men only

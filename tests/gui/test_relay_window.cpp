@@ -99,7 +99,7 @@ TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
     Q_EMIT teams->activated(1);
     auto* events = relay->findChild<QTreeView*>("Lst_relais");
     const QModelIndexList free100 =
-        events->model()->match(events->model()->index(0, 0), Qt::DisplayRole, "4x100m n.l. Messieurs");
+        events->model()->match(events->model()->index(0, 0), Qt::DisplayRole, "4x100m n.l. Mess.");
     ASSERT_EQ(free100.size(), 1);
     select(events, free100[0].row());
     auto* nb = relay->findChild<QLineEdit*>("txt_nb_equipe");
@@ -110,7 +110,7 @@ TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
 
     click(relay, "Cmd_composition");
     EXPECT_EQ(relay->findChild<QPushButton*>("Cmd_composition")->text(), QStringLiteral("&Sélection"));
-    EXPECT_EQ(relay->findChild<QComboBox*>("cbo_team_relais")->currentText(), "4x100m n.l. Messieurs");
+    EXPECT_EQ(relay->findChild<QComboBox*>("cbo_team_relais")->currentText(), "4x100m n.l. Mess.");
     auto* members = relay->findChild<QTreeView*>("lsv_nageurs");
     auto* composed = relay->findChild<QTreeView*>("lsv_engag_relais");
     ASSERT_EQ(members->model()->rowCount(), 4);

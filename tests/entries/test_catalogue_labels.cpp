@@ -1,0 +1,55 @@
+// The event labels of the model base: each fits the 17 columns of an event on
+// the entry slip, is unique, tells distance, stroke and sex, and a relay's
+// label still gives the relay time rule its leg distance and stroke.
+
+#include "src/entries/relays.h"
+#include "src/store/database.h"
+#include "support/app_fixture.h"
+
+#include <QRegularExpression>
+#include <QSet>
+
+using namespace plouvarine;
+using plouvarine::testing::AppFixture;
+
+namespace {
+
+class CatalogueLabels : public AppFixture {};
+
+}  // namespace
+
+TEST_F(CatalogueLabels, EveryEventLabelFitsTheSlipAndTellsTheEvent)
+{
+    connect(make_base());
+    const Rows rows = app->db.load_rows(
+        QStringLiteral("select Code_Nage, Libelle, Nb_nageurs, Sexe, Mixte, Distance from Nage order by Code_Nage"));
+    ASSERT_EQ(rows.size(), 59);
+    const QRegularExpression form(QStringLiteral("^(4x)?(\\d+)m (n\\.l\\.|dos|brasse|pap\\.|4N) (Dames|Mess\\.|Mixte)$"));
+    QSet<QString> seen;
+    for (int r = 0; r < rows.size(); ++r) {
+        const auto row = [&](int column) { return rows.value(r, column); };
+        const QString label = row(1);
+        SCOPED_TRACE(label.toStdString());
+        EXPECT_LE(label.size(), 17);
+        EXPECT_FALSE(seen.contains(label));
+        seen.insert(label);
+
+        const auto match = form.match(label);
+        ASSERT_TRUE(match.hasMatch());
+        const bool relay = row(2).toInt() > 1;
+        EXPECT_EQ(!match.captured(1).isEmpty(), relay);
+        const QString sex = match.captured(4);
+        const bool mixed = row(4) == QStringLiteral("Vrai");
+        EXPECT_EQ(sex == QStringLiteral("Mixte"), mixed);
+        if (!mixed) {
+            EXPECT_EQ(sex == QStringLiteral("Dames"), row(3) == QStringLiteral("F"));
+        }
+        const int leg = match.captured(2).toInt();
+        EXPECT_EQ(relay ? 4 * leg : leg, row(5).toInt());
+        if (relay) {
+            const RelayLegs legs = relay_legs(label);
+            EXPECT_EQ(legs.distance, leg);
+            EXPECT_EQ(legs.free, match.captured(3) == QStringLiteral("n.l."));
+        }
+    }
+}
