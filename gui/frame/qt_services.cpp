@@ -101,12 +101,22 @@ void QtServices::show_modal(View& view)
         ++waits;
     }
     // The window ends when its view closes; a window merely hidden comes back.
+    // Whatever way the loop ends, even by an exception out of a command, the
+    // window leaves the modal stack and the cursors come back.
     modal_.push_back(window.get());
+    struct Restore {
+        std::vector<QWidget*>& modal;
+        ViewWindow* window;
+        int waits;
+        ~Restore()
+        {
+            std::erase(modal, window);
+            while (waits-- > 0)
+                QApplication::setOverrideCursor(Qt::WaitCursor);
+        }
+    } restore{modal_, window.get(), waits};
     while (!view.is_closed())
         window->exec();
-    std::erase(modal_, window.get());
-    while (waits-- > 0)
-        QApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 void QtServices::show_window(std::unique_ptr<View> view)
