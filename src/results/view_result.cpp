@@ -11,6 +11,7 @@
 #include "src/results/results_export.h"
 
 #include <QDate>
+#include <QFont>
 #include <QFileInfo>
 
 namespace plouvarine {
@@ -245,6 +246,10 @@ void FrmViewResult::ajoute_ligne_titre(const QString& text, int distance, const 
             cells[first_inter_ + i] = QString::number(headings[i]);
     }
     add_row(cells);
+    // Titles stand out on screen; the exports read the texts only.
+    QFont bold;
+    bold.setBold(true);
+    results_.item(results_.rowCount() - 1, 1)->setData(bold, Qt::FontRole);
 }
 
 QString FrmViewResult::libelle_categorie(const QString& num_cat)

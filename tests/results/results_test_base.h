@@ -4,8 +4,8 @@
 //
 // "Meeting de Brest" (5-6 April 2025), two clubs, two categories:
 //  1. 50m n.l. Dames: series 1 (Benjamins) with a tie for first; series 2
-//     (Benjamins) opening on the very time that closed series 1 and a
-//     disqualification; series 3 (Minimes) of one swimmer at 90.5999;
+//     (Benjamins) opening on the very time that closed series 1 and two
+//     disqualifications; series 3 (Minimes) of one swimmer at 90.5999;
 //     Finale A (Benjamins) with a swim of no time, a Finale Jeune (Minimes)
 //     with a 91.0001; a barrage with no category.
 //  2. 400m n.l. Dames: one series (Minimes), lanes 2 and 5 taken, splits.
@@ -124,6 +124,7 @@ protected:
                                       QStringLiteral("20110606"));
         const QString david = swimmer(QStringLiteral("David"), QStringLiteral("Lou"), QStringLiteral("20110101"),
                                       QLatin1String(kOther));
+        const QString michel = swimmer(QStringLiteral("Michel"), QStringLiteral("Maud"), QStringLiteral("20130808"));
         // A swimmer deleted from the licences since: her swims drop out.
         const QString gone = swimmer(QStringLiteral("Partie"), QStringLiteral("Eve"), QStringLiteral("20130101"));
 
@@ -131,9 +132,10 @@ protected:
         swim(P, meet, 1, martin, kClub, "0.3012", "S", 1, 3, "1", 612, 1);
         swim(P, meet, 1, bernard, kOther, "0.3012", "S", 1, 4, "1", 612);
         swim(P, meet, 1, petit, kClub, "0.3200", "S", 1, 6, "1", 540, 2);
-        // Series 2 opens on 32.00 again; a disqualification; a swim with no time.
+        // Series 2 opens on 32.00 again; two disqualifications.
         swim(P, meet, 1, durand, kOther, "0.3200", "S", 2, 5, "1", 540);
         swim(P, meet, 1, roux, kClub, "93", "S", 2, 2, "1");
+        swim(P, meet, 1, michel, kClub, "93", "S", 2, 1, "1");
         swim(P, meet, 1, gone, kClub, "0.3300", "S", 2, 3, "1", 500);
         // Series 3: one swimmer, the largest time that is still a time.
         swim(P, meet, 1, leroy, kClub, "90.5999", "S", 3, 4, "2", 1);

@@ -143,6 +143,7 @@ TEST_F(ResultsView, ByTypeOfRaceRanksTiesStatusesAndOddTimes)
     EXPECT_EQ(places_of(QStringLiteral("Simon Jade")).first(), QStringLiteral("1| |12"))
         << "no time sorts first, blank, with its points";
     EXPECT_EQ(places_of(QStringLiteral("Roux Chloé")), QStringList{QStringLiteral("6|Disq|Rel.")});
+    EXPECT_EQ(places_of(QStringLiteral("Michel Maud")), QStringList{QStringLiteral("6|Disq|Rel.")});
     EXPECT_EQ(places_of(QStringLiteral("Le Roy-Kerhervé Anne-Sophie")).value(1), QStringLiteral("5|90:59.99|1"));
     EXPECT_EQ(places_of(QStringLiteral("David Lou")).first(), QStringLiteral("2|NA| "));
     EXPECT_TRUE(places_of(QStringLiteral("Partie Eve")).isEmpty()) << "a swimmer deleted since drops out";
@@ -158,6 +159,9 @@ TEST_F(ResultsView, BySeriesTheLastTimeSurvivesANewBlock)
         << "series 2 opens on the time that closed series 1";
     EXPECT_EQ(places_of(QStringLiteral("Le Roy-Kerhervé Anne-Sophie")).value(1), QStringLiteral("1|90:59.99|1"))
         << "a series of one swimmer";
+    EXPECT_EQ(places_of(QStringLiteral("Roux Chloé")), QStringList{QStringLiteral("2|Disq|Rel.")});
+    EXPECT_EQ(places_of(QStringLiteral("Michel Maud")), QStringList{QStringLiteral("2|Disq|Rel.")})
+        << "one status, one place";
 }
 
 TEST_F(ResultsView, InLaneOrderTheEmptyLanesBetweenAreShownForAllClubsOnly)
@@ -193,6 +197,19 @@ TEST_F(ResultsView, OwnClubKeepsThePlacesOfTheWholeRace)
     EXPECT_EQ(places_of(QStringLiteral("Martin Léa")), (QStringList{QStringLiteral("3|30.01|650"),
                                                                     QStringLiteral("1|30.12|612")}));
     EXPECT_EQ(places_of(QStringLiteral("Relais n° 1")), QStringList{QStringLiteral("2|4:10.00|700")});
+}
+
+TEST_F(ResultsView, AFailedReadEndsTheDisplayWithItsMessage)
+{
+    FrmViewResult& v = open_view();
+    v.set_chk_all(true);
+    exec(QStringLiteral("DROP TABLE Categori"));
+    v.affiche_resultats();
+    // The access layer tells the statement; the command tells what it was doing.
+    ASSERT_FALSE(messages().isEmpty());
+    EXPECT_TRUE(messages().last().endsWith(QStringLiteral("Une erreur s'est produite lors de l'affichage des résultats.")))
+        << messages().last().toStdString();
+    EXPECT_EQ(ui.wait_depth, 0);
 }
 
 }  // namespace
