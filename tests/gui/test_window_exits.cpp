@@ -48,6 +48,7 @@ const ChildWindow kWindows[] = {
     {"mnuCompetNew", "det_compet", "Command1_1"},
     {"mnuModelePiscineView", "Frm_liste_piscine", "Command1_1"},
     {"mnuModelePiscineNew", "det_Piscine", "cmd_annuler"},
+    {"mnuCompetVoirResult", "frm_view_result", "cmd_1"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };

@@ -1,0 +1,107 @@
+// The results window on Qt's offscreen platform, opened from the menu on the
+// fixed meet: every event ticked, the options changed through "&Modifier" and
+// "&Valider", "Voir" filling the list, "Epreuve :" jumping to an event, the
+// commands enabled as the list stands, and the menu locks while it is open.
+
+#include "gui/all_windows.h"
+#include "gui/frame/main_window.h"
+#include "drawn_main_window.h"
+#include "gui_application.h"
+#include "results/results_test_base.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
+
+using namespace plouvarine;
+
+namespace {
+
+class ResultWindowTest : public plouvarine::testing::ResultsBase {
+protected:
+    void SetUp() override
+    {
+        plouvarine::testing::ensure_application();
+        gui::register_all_windows();
+        ResultsBase::SetUp();
+        main.open(*app, ui);
+    }
+    void TearDown() override
+    {
+        main.close();
+        ResultsBase::TearDown();
+    }
+    template <typename T>
+    T* find(QWidget* window, const char* name) const
+    {
+        T* found = window->findChild<T*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    plouvarine::testing::DrawnMainWindow main;
+};
+
+TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
+{
+    main->trigger(QStringLiteral("mnuCompetVoirResult"));
+    QWidget* window = main.child_window(QStringLiteral("frm_view_result"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Résultats des compétitions"));
+    EXPECT_FALSE(main->action(QStringLiteral("mnuCompetSuppr"))->isEnabled());
+
+    auto* nages = find<QTreeView>(window, "LsvNage");
+    ASSERT_EQ(nages->model()->rowCount(), 5);
+    find<QCheckBox>(window, "Chk_all")->click();
+    EXPECT_EQ(nages->model()->index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    // Unticked while all are asked for, an event is ticked again.
+    nages->model()->setData(nages->model()->index(3, 0), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_EQ(nages->model()->index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+
+    auto* print = find<QPushButton>(window, "cmd_2");
+    auto* voir = find<QPushButton>(window, "cmd_0");
+    auto* lanes = find<QRadioButton>(window, "Opt_PresSerie_1");
+    auto* inter = find<QCheckBox>(window, "Chk_tps_inter");
+    EXPECT_FALSE(print->isEnabled());
+    EXPECT_FALSE(inter->isEnabled());
+    find<QPushButton>(window, "Cmd_option_0")->click();
+    EXPECT_FALSE(voir->isEnabled());
+    EXPECT_FALSE(lanes->isEnabled()) << "by type of race, lanes are no choice";
+    find<QRadioButton>(window, "Opt_typeAffich_1")->click();
+    EXPECT_TRUE(lanes->isEnabled());
+    inter->click();
+    find<QCheckBox>(window, "Chk_nationalite")->click();
+    find<QPushButton>(window, "Cmd_option_1")->click();
+    EXPECT_TRUE(voir->isEnabled());
+    EXPECT_FALSE(inter->isEnabled());
+
+    voir->click();
+    auto* results = find<QTreeView>(window, "LsvResults");
+    EXPECT_GT(results->model()->rowCount(), 40);
+    EXPECT_EQ(results->model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("Nat"));
+    EXPECT_EQ(results->model()->columnCount(), 21);
+    EXPECT_TRUE(print->isEnabled());
+    auto* search = find<QComboBox>(window, "Cbo_search");
+    ASSERT_EQ(search->count(), 5);
+    EXPECT_TRUE(search->isEnabled());
+    search->setCurrentIndex(2);
+    search->activated(2);
+    EXPECT_EQ(results->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("1500m n.l. Dames"));
+
+    window->resize(1300, 760);
+    const QString png = work_file(QStringLiteral("resultats.png"));
+    ASSERT_TRUE(window->grab().save(png));
+    // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
+    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+        QFile::copy(png, keep + QStringLiteral("/resultats.png"));
+
+    find<QPushButton>(window, "cmd_1")->click();
+    EXPECT_EQ(main.child_window(QStringLiteral("frm_view_result")), nullptr);
+    EXPECT_TRUE(main->action(QStringLiteral("mnuCompetSuppr"))->isEnabled());
+}
+
+}  // namespace

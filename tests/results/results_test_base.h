@@ -1,0 +1,232 @@
+#pragma once
+// A connected copy of the model base holding one fixed meet with results, and
+// the window's view on it.
+//
+// "Meeting de Brest" (5-6 April 2025), two clubs, two categories:
+//  1. 50m n.l. Dames: series 1 (Benjamins) with a tie for first; series 2
+//     (Benjamins) opening on the very time that closed series 1 and two
+//     disqualifications; series 3 (Minimes) of one swimmer at 90.5999;
+//     Finale A (Benjamins) with a swim of no time, a Finale Jeune (Minimes)
+//     with a 91.0001; a barrage with no category.
+//  2. 400m n.l. Dames: one series (Minimes), lanes 2 and 5 taken, splits.
+//  3. 1500m n.l. Dames: one series in category 7 (no label), 14 splits and
+//     one swimmer with splits missing.
+//  4. 50m dos Dames: no result.
+//  5. 4x100m n.l. Dames: a relay final with splits and an abandon.
+
+#include "src/base/sql_text.h"
+#include "src/frame/app_context.h"
+#include "src/results/view_result.h"
+#include "support/app_fixture.h"
+
+#include <QDate>
+#include <QGuiApplication>
+#include <QStandardItemModel>
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+QT_END_NAMESPACE
+
+namespace plouvarine::testing {
+
+class ResultsBase : public AppFixture {
+protected:
+    static constexpr const char* kClub = "FRA2210290017";
+    static constexpr const char* kOther = "FRA2210290042";
+
+    void SetUp() override
+    {
+        static int argc = 1;
+        static char name[] = "test_results";
+        static char* argv[] = {name, nullptr};
+        if (!QCoreApplication::instance())
+            new QGuiApplication(argc, argv);
+        AppFixture::SetUp();
+        connect(make_base());
+        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
+        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Quimper Natation')").arg(kOther));
+        app->state.club_code = QLatin1String(kClub);
+        app->state.profile_num = QStringLiteral("1");
+        app->clock.set_today(QDate(2025, 4, 10));
+        meet = competition(QStringLiteral("Meeting de Brest"), QStringLiteral("20250405"), true);
+        lay_meet();
+    }
+
+    QString competition(const QString& nom, const QString& debut, bool deroule, bool visible = true)
+    {
+        return app->db.append_row(QStringLiteral("Rcomp"),
+                                  {{"Num", "M1"}, {"Nom", nom}, {"Debut", debut}, {"Fin", "20250406"},
+                                   {"Lieu", "Brest"}, {"Longueur", 50}, {"Visible", visible}, {"Deroule", deroule}},
+                                  QStringLiteral("AutoNum"));
+    }
+    QString swimmer(const QString& nom, const QString& prenom, const QString& born, const QString& club = {},
+                    const QString& nat = QStringLiteral("FRA"))
+    {
+        return app->db.append_row(QStringLiteral("Licence"),
+                                  {{"Code_club", club.isEmpty() ? QString::fromLatin1(kClub) : club},
+                                   {"Licence", nom.toUpper()}, {"Nom", nom}, {"Prenom", prenom}, {"Sexe", "F"},
+                                   {"Date_Naissance", born}, {"Nationalite", nat}},
+                                  QStringLiteral("Num"));
+    }
+    // One swim; `cat` empty for none; `inters` from Inter1 on.
+    void swim(const QString& table, const QString& compet, int code, const QString& lic, const char* club,
+              const QString& tps, const QString& type, int serie, int lane, const QString& cat, int pts = 0,
+              int equipe = 0, const QStringList& inters = {})
+    {
+        QString columns = QStringLiteral("Num_compet, Code_epreuve, Num_Lic, Code_club, Num_equipe, Tps, Cotation_FFN, "
+                                         "Type_course, Numero_serie, Numero_couloir, Numero_ordre_couloir, Num_categorie");
+        QString values = QStringLiteral("%1, %2, %3, '%4', %5, %6, %7, '%8', %9, %10, 1, %11")
+                             .arg(compet)
+                             .arg(code)
+                             .arg(lic, QLatin1String(club))
+                             .arg(equipe)
+                             .arg(tps)
+                             .arg(pts)
+                             .arg(type)
+                             .arg(serie)
+                             .arg(lane)
+                             .arg(cat.isEmpty() ? QStringLiteral("NULL") : cat);
+        for (int i = 0; i < inters.size(); ++i) {
+            columns += QStringLiteral(", Inter%1").arg(i + 1);
+            values += QStringLiteral(", ") + inters.at(i);
+        }
+        exec(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(table, columns, values));
+    }
+    void programme(const QString& compet, int code, int day, int ordre)
+    {
+        exec(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)")
+                 .arg(compet)
+                 .arg(code)
+                 .arg(day)
+                 .arg(ordre));
+    }
+
+    void lay_meet()
+    {
+        const QString P = QStringLiteral("Prres");
+        exec(QStringLiteral("INSERT INTO Categori VALUES (%1, 1, 'Benjamins')").arg(meet));
+        exec(QStringLiteral("INSERT INTO Categori VALUES (%1, 2, ' Minimes ')").arg(meet));
+        programme(meet, 1, 1, 1);
+        programme(meet, 4, 1, 2);
+        programme(meet, 6, 2, 3);
+        programme(meet, 11, 2, 4);
+        programme(meet, 8, 2, 5);
+        const QString martin = swimmer(QStringLiteral("Martin"), QStringLiteral("Léa"), QStringLiteral("20130307"));
+        const QString bernard = swimmer(QStringLiteral("Bernard"), QStringLiteral("Zoé"), QStringLiteral("20130512"),
+                                        QLatin1String(kOther), QStringLiteral("BEL"));
+        const QString petit = swimmer(QStringLiteral("Petit"), QStringLiteral("Inès"), QStringLiteral("20131101"));
+        const QString durand = swimmer(QStringLiteral("Durand"), QStringLiteral("Emma"), QStringLiteral("20130220"),
+                                       QLatin1String(kOther));
+        const QString roux = swimmer(QStringLiteral("Roux"), QStringLiteral("Chloé"), QStringLiteral("20130909"));
+        const QString simon = swimmer(QStringLiteral("Simon"), QStringLiteral("Jade"), QStringLiteral("20130404"),
+                                      QLatin1String(kOther));
+        const QString leroy = swimmer(QStringLiteral("Le Roy-Kerhervé"), QStringLiteral("Anne-Sophie"),
+                                      QStringLiteral("20110606"));
+        const QString david = swimmer(QStringLiteral("David"), QStringLiteral("Lou"), QStringLiteral("20110101"),
+                                      QLatin1String(kOther));
+        const QString michel = swimmer(QStringLiteral("Michel"), QStringLiteral("Maud"), QStringLiteral("20130808"));
+        // A swimmer deleted from the licences since: her swims drop out.
+        const QString gone = swimmer(QStringLiteral("Partie"), QStringLiteral("Eve"), QStringLiteral("20130101"));
+
+        // 50m n.l.: series 1, a tie for first.
+        swim(P, meet, 1, martin, kClub, "0.3012", "S", 1, 3, "1", 612, 1);
+        swim(P, meet, 1, bernard, kOther, "0.3012", "S", 1, 4, "1", 612);
+        swim(P, meet, 1, petit, kClub, "0.3200", "S", 1, 6, "1", 540, 2);
+        // Series 2 opens on 32.00 again; two disqualifications.
+        swim(P, meet, 1, durand, kOther, "0.3200", "S", 2, 5, "1", 540);
+        swim(P, meet, 1, roux, kClub, "93", "S", 2, 2, "1");
+        swim(P, meet, 1, michel, kClub, "93", "S", 2, 1, "1");
+        swim(P, meet, 1, gone, kClub, "0.3300", "S", 2, 3, "1", 500);
+        // Series 3: one swimmer, the largest time that is still a time.
+        swim(P, meet, 1, leroy, kClub, "90.5999", "S", 3, 4, "2", 1);
+        // Finale A (Benjamins) with a swim of no time, Finale Jeune (Minimes), a barrage with no category.
+        swim(P, meet, 1, bernard, kOther, "0.2950", "F", 1, 4, "1", 680);
+        swim(P, meet, 1, simon, kOther, "0", "F", 1, 3, "1", 12);
+        swim(P, meet, 1, martin, kClub, "0.3001", "F", 1, 5, "1", 650, 1);
+        swim(P, meet, 1, david, kOther, "91.0001", "J", 1, 3, "2");
+        swim(P, meet, 1, leroy, kClub, "0.3500", "J", 1, 4, "2", 300);
+        swim(P, meet, 1, petit, kClub, "0.3150", "B", 1, 4, "", 550);
+        swim(P, meet, 1, durand, kOther, "0.3180", "B", 1, 5, "", 530);
+
+        // 400m n.l.: lanes 2 and 5, seven splits (Inter1 is at 350 m).
+        swim(P, meet, 4, leroy, kClub, "4.5012", "S", 1, 5, "2", 720, 0,
+             {"3.5501", "3.1502", "2.4003", "2.0504", "1.3005", "0.5506", "0.2507"});
+        swim(P, meet, 4, david, kOther, "4.4508", "S", 1, 2, "2", 760, 0,
+             {"3.5000", "3.1000", "2.3500", "2.0000", "1.2500", "0.5000", "0.2400"});
+
+        // 1500m n.l.: fourteen splits, and one swimmer with splits missing.
+        swim(P, meet, 6, leroy, kClub, "17.1234", "S", 1, 4, "7", 801, 0,
+             {"16.0501", "14.5802", "13.5103", "12.4404", "11.3705", "10.3006", "9.2307", "8.1608", "7.0909",
+              "6.0210", "4.5511", "3.4812", "2.4113", "1.3414"});
+        swim(P, meet, 6, david, kOther, "17.3000", "S", 1, 5, "7", 790, 0,
+             {"16.1000", "0", "0", "12.5000", "0", "0", "0", "8.2000", "0", "0", "0", "0", "0", "1.3500"});
+
+        // 4x100m n.l. relays: a final with splits and an abandon.
+        const QString R = QStringLiteral("Prres_relais");
+        swim(R, meet, 8, "1", kClub, "4.1000", "F", 1, 4, "1", 700, 1, {"3.0500", "2.0100", "1.0000"});
+        swim(R, meet, 8, "2", kOther, "4.0500", "F", 1, 5, "1", 730, 0, {"3.0000", "1.5900", "0.5800"});
+        swim(R, meet, 8, "3", kOther, "95", "F", 1, 3, "1", 0, 2);
+
+        exec(QStringLiteral("DELETE FROM Licence WHERE Num = ") + gone);
+    }
+
+    FrmViewResult& open_view()
+    {
+        view = std::make_unique<FrmViewResult>(*app);
+        view->charge_competitions();
+        return *view;
+    }
+    // Ticks every event and shows the results with `options`.
+    void show(const ResultOptions& options)
+    {
+        if (!view)
+            open_view();
+        view->cmd_option(0);
+        view->set_options(options);
+        view->cmd_option(1);
+        view->set_chk_all(true);
+        view->affiche_resultats();
+    }
+    // The list's rows, their cells joined by "|", as one text.
+    QByteArray rows_text() const
+    {
+        const QStandardItemModel& m = view->lsv_results();
+        QStringList lines;
+        QStringList head;
+        for (int c = 0; c < m.columnCount(); ++c)
+            head << m.headerData(c, Qt::Horizontal).toString();
+        lines << head.join(u'|');
+        for (int r = 0; r < m.rowCount(); ++r) {
+            QStringList cells;
+            for (int c = 0; c < m.columnCount(); ++c)
+                cells << m.item(r, c)->text();
+            lines << cells.join(u'|');
+        }
+        return (lines.join(u'\n') + u'\n').toUtf8();
+    }
+    // The rows whose "Nom" is `nom`: "place|Tps|Pts" each.
+    QStringList places_of(const QString& nom) const
+    {
+        const QStandardItemModel& m = view->lsv_results();
+        const int tps = m.columnCount() > 0 ? view->first_inter() - 2 : 0;
+        QStringList out;
+        for (int r = 0; r < m.rowCount(); ++r)
+            if (m.item(r, 1)->text() == nom)
+                out << m.item(r, 0)->text() + u'|' + m.item(r, tps)->text() + u'|' + m.item(r, tps + 1)->text();
+        return out;
+    }
+
+    void exec(const QString& sql) { app->db.exec_sql(sql); }
+    QStringList messages() const
+    {
+        QStringList out;
+        for (const auto& m : ui.messages)
+            out << m.text;
+        return out;
+    }
+
+    QString meet;
+    std::unique_ptr<FrmViewResult> view;
+};
+
+}  // namespace plouvarine::testing
