@@ -10,6 +10,7 @@
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
+#include "src/records/frm_view_record.h"
 
 namespace plouvarine {
 
@@ -31,6 +32,8 @@ void install_subject_commands(AppContext& app)
     // Its doors to the entry files and the results import.
     install_exchange_doors();
     install_print_handoff();
+    // The club's records and their bands.
+    install_record_commands(app);
 }
 
 }  // namespace plouvarine
