@@ -6,11 +6,14 @@
 #include "src/base/utils_time.h"
 #include "src/entries/convo_bordereau.h"
 #include "src/frame/app_context.h"
+#include "src/frame/choose_date_view.h"
 #include "src/frame/list_export.h"
 #include "src/frame/list_helpers.h"
 #include "src/records/record_categories.h"
 #include "src/records/record_finder.h"
 #include "src/reports/templates.h"
+
+#include <QFont>
 
 namespace plouvarine {
 
@@ -33,6 +36,11 @@ void add_record_row(QStandardItemModel& list, int kind, const QStringList& cells
     for (int c = 0; c < columns; ++c)
         items << cell(cells.value(c));
     items[0]->setData(kind, FrmViewRecord::kKindRole);
+    if (kind == FrmViewRecord::Title) {
+        QFont bold = items[1]->font();
+        bold.setBold(true);
+        items[1]->setFont(bold);
+    }
     list.appendRow(items);
 }
 
@@ -405,6 +413,12 @@ void FrmViewRecord::charge_record()
         msg_erreur(a.ui, QString(), &e);
     }
     changed();
+}
+
+void FrmViewRecord::cmd_date()
+{
+    if (editing() && ChoisirDateChamps(app(), txt_date[0], txt_date[1], txt_date[2]))
+        changed();
 }
 
 void FrmViewRecord::add_relayeur()

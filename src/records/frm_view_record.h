@@ -70,6 +70,8 @@ public:
     QString txt_prenom;
     QString txt_tps;
     std::array<QString, 3> txt_date;  // day, month, year
+    // Cmd_Date "Sélection d'une date": the day picker fills the three fields.
+    void cmd_date();
     QString txt_lieu;
     QString txt_relayeur;             // "Nom relayeur :"
     QStringList lsv_relais;
