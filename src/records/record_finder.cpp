@@ -203,8 +203,8 @@ std::vector<RecordProposal> cherche_records(AppContext& app)
         std::sort(list.begin(), list.end(), [](const RecordProposal& a, const RecordProposal& b) {
             return std::tie(a.entry.date, a.entry.tps) < std::tie(b.entry.date, b.entry.tps);
         });
-        // With no record yet, the first one is the fastest swim; the slower
-        // ones before it stood as records too and are part of its history.
+        // With no record yet, the fastest swim is the record; the slower ones
+        // before it stood as records too and are part of its history.
         if (!current.count(place)) {
             std::vector<RecordProposal> chain;
             QString last_date = QStringLiteral("99999999");
@@ -217,6 +217,10 @@ std::vector<RecordProposal> cherche_records(AppContext& app)
                     last_date = p.entry.date;
                 }
             std::reverse(chain.begin(), chain.end());
+            // The best time equalled later is a record too, tied.
+            for (const RecordProposal& p : list)
+                if (p.entry.tps == chain.back().entry.tps && p.entry.date > chain.back().entry.date)
+                    chain.push_back(p);
             list = chain;
         }
         out.insert(out.end(), list.begin(), list.end());

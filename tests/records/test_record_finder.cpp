@@ -77,17 +77,21 @@ TEST_F(RecordFinderTest, WithNoRecordTheChainOfBestTimesIsProposed)
     swim(anne, 2, 25, 1.0800, QStringLiteral("20210101"));
     swim(anne, 2, 25, 1.0900, QStringLiteral("20220101"));  // never a record
     swim(anne, 2, 25, 1.0500, QStringLiteral("20230101"));
+    swim(anne, 2, 25, 1.0500, QStringLiteral("20240101"));  // equalled: tied
     FrmChercheRecord finder(*app);
     finder.charge();
     EXPECT_EQ(proposed(finder.propositions()),
               (QStringList{"Le Bras Open 25 1.1000 20200101", "Le Bras Open 25 1.0800 20210101",
-                           "Le Bras Open 25 1.0500 20230101"}));
+                           "Le Bras Open 25 1.0500 20230101", "Le Bras Open 25 1.0500 20240101"}));
     // Taken in order, each one passes the rule.
     while (!finder.propositions().empty()) {
         finder.selected = 0;
         ASSERT_TRUE(finder.accepter());
     }
-    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM RecordClub")), 3);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM RecordClub")), 4);
+    FrmChercheRecord again(*app);
+    again.charge();
+    EXPECT_TRUE(again.propositions().empty());
 }
 
 TEST_F(RecordFinderTest, ARelayTakesTheBandOfItsOldestSwimmer)
