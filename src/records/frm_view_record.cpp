@@ -522,6 +522,7 @@ void FrmViewRecord::categories()
     if (categories_)
         categories_->on_saved = [this] {
             cats_loaded_ = false;
+            charge_records();
             if (event_row_ >= 0)
                 ouvre_saisie(event_row_);
         };
@@ -542,7 +543,8 @@ FrmViewRecord* OuvrirRecords(AppContext& app)
     if (app.windows.check_window_open(QString(FrmViewRecord::kName)))
         return nullptr;
     auto view = std::make_unique<FrmViewRecord>(app);
-    if (!view->register_window(QString(WindowRegistry::kMainWindow)))
+    // The bands change only through this window's own door, which reloads them.
+    if (!view->register_window(QString(WindowRegistry::kMainWindow), locks_on({QStringLiteral("mnuPerfRecModifier")})))
         return nullptr;
     try {
         view->charge_nages();

@@ -5,6 +5,7 @@
 #include "records_test_base.h"
 #include "src/frame/list_helpers.h"
 #include "src/records/frm_view_record.h"
+#include "src/records/record_categories.h"
 #include "src/records/utils_record.h"
 
 #include <QFile>
@@ -164,6 +165,19 @@ TEST_F(ClubRecordsTest, ARelayKeepsItsSwimmersAndNeedsNoFirstName)
     ASSERT_TRUE(view->cmd_def(1));
     EXPECT_EQ(dump(QStringLiteral("SELECT Categorie, Rel1, Rel2, Rel4, Rel5 FROM RecordClub")),
               QStringList{mixte + ":O'Neil:Le Goff:Morvan: "});
+
+    // Shown with the swimmers, and printed with them in brackets.
+    install_template_component();
+    view->set_checked(row, true);
+    view->chk_relayeur = true;
+    ASSERT_TRUE(view->charge_records());
+    QStandardItemModel& list = view->lsv_records();
+    ASSERT_EQ(list.columnCount(), 15);
+    EXPECT_EQ(list.horizontalHeaderItem(14)->text(), QStringLiteral("Rel 10"));
+    EXPECT_EQ(list.item(list.rowCount() - 1, 5)->text(), QStringLiteral("O'Neil"));
+    EXPECT_EQ(list.item(list.rowCount() - 1, 9)->text(), QString());
+    ASSERT_TRUE(view->imprimer());
+    EXPECT_TRUE(ui.printed.back().text.contains(QStringLiteral("(O'Neil; Le Goff; Tanguy; Morvan)")));
 }
 
 TEST_F(ClubRecordsTest, TheListShowsBestTimesOrTheirHistory)
@@ -198,6 +212,40 @@ TEST_F(ClubRecordsTest, TheListShowsBestTimesOrTheirHistory)
     EXPECT_EQ(view->lsv_records().rowCount(), 0);
 }
 
+TEST_F(ClubRecordsTest, TheBandsChangedFromTheWindowAreReloadedAndLockedElsewhere)
+{
+    const int row = row_of(52);
+    view.reset();
+    FrmViewRecord* records = OuvrirRecords(*app);
+    ASSERT_NE(records, nullptr);
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecModifier")), 1);
+    records->ouvre_saisie(row);
+    ASSERT_EQ(records->cbo_cat(), QStringList{"Minimes"});
+
+    records->categories();
+    auto* bands = ui.window_as<DetCategorieRecordClub>(QString(DetCategorieRecordClub::kName));
+    ASSERT_NE(bands, nullptr);
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecView")), 1);
+    bands->txt_libelle = QStringLiteral("Cadets");
+    bands->txt_age = {QStringLiteral("15"), QStringLiteral("16")};
+    bands->opt_sexe = 0;
+    ASSERT_TRUE(bands->cmd_def(0));
+    ASSERT_TRUE(bands->ok());
+    EXPECT_EQ(records->cbo_cat(), (QStringList{"Minimes", "Cadets"}));
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecView")), 0);
+
+    // The bands' dialog outliving the records window tells no one.
+    records->categories();
+    bands = ui.window_as<DetCategorieRecordClub>(QString(DetCategorieRecordClub::kName));
+    ASSERT_NE(bands, nullptr);
+    ASSERT_TRUE(ui.close_window(QString(FrmViewRecord::kName)));
+    std::erase_if(ui.windows, [](const auto& w) { return w->name() == QLatin1String(FrmViewRecord::kName); });
+    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecModifier")), 0);
+    EXPECT_TRUE(bands->ok());
+    EXPECT_EQ(app->state.busy_count, 0);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM Categori_record_club")), 2);
+}
+
 TEST_F(ClubRecordsTest, PrintAndExportTheList)
 {
     install_template_component();
@@ -209,6 +257,8 @@ TEST_F(ClubRecordsTest, PrintAndExportTheList)
     view->cmd_view(1);
     ASSERT_EQ(ui.printed.size(), 1u);
     const QString text = ui.printed[0].text;
+    // The columns line up in the template's fixed font.
+    EXPECT_TRUE(ui.printed[0].html.contains(QStringLiteral("Courier New")));
     EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation"))) << text.toStdString();
     EXPECT_TRUE(text.contains(QStringLiteral("Bassin de 50 mètres")));
     EXPECT_TRUE(text.contains(QStringLiteral("10 mars 2025")));
