@@ -79,6 +79,25 @@ protected:
         return out;
     }
 
+    // A band, its record of 2020 and a swim of the history that beats it.
+    void seed()
+    {
+        const QString cat = app->db.append_row(QStringLiteral("Categori_record_club"),
+                                               {{"Code_Club", "FRA2210290017"}, {"Libelle", "Minimes"}, {"Age_inf", 13},
+                                                {"Age_sup", 14}, {"Sexe", "Homme"}},
+                                               QStringLiteral("Num_cat"));
+        app->db.exec_sql(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, "
+                                        "Lieu) VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')")
+                             .arg(cat));
+        const QString swimmer = app->db.append_row(QStringLiteral("Licence"),
+                                                   {{"Code_club", "FRA2210290017"}, {"Licence", "X1"}, {"Nom", "Corre"},
+                                                    {"Prenom", "Erwan"}, {"Sexe", "M"}, {"Date_Naissance", "20110101"}},
+                                                   QStringLiteral("Num"));
+        app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
+                                        "Lieu) VALUES (52, 'FRA2210290017', %1, 25, '20250301', 1.0450, 'Rennes')")
+                             .arg(swimmer));
+    }
+
     plouvarine::testing::DrawnMainWindow main;
 };
 
@@ -120,21 +139,7 @@ TEST_F(RecordWindowsTest, BandsAreTypedAndSaved)
 
 TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
 {
-    const QString cat = app->db.append_row(QStringLiteral("Categori_record_club"),
-                                           {{"Code_Club", "FRA2210290017"}, {"Libelle", "Minimes"}, {"Age_inf", 13},
-                                            {"Age_sup", 14}, {"Sexe", "Homme"}},
-                                           QStringLiteral("Num_cat"));
-    app->db.exec_sql(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, "
-                                    "Lieu) VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')")
-                         .arg(cat));
-    const QString swimmer = app->db.append_row(QStringLiteral("Licence"),
-                                               {{"Code_club", "FRA2210290017"}, {"Licence", "X1"}, {"Nom", "Corre"},
-                                                {"Prenom", "Erwan"}, {"Sexe", "M"}, {"Date_Naissance", "20110101"}},
-                                               QStringLiteral("Num"));
-    app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
-                                    "Lieu) VALUES (52, 'FRA2210290017', %1, 25, '20250301', 1.0450, 'Rennes')")
-                         .arg(swimmer));
-
+    seed();
     main->trigger(QStringLiteral("mnuPerfRecView"));
     QWidget* window = main.child_window(QStringLiteral("frm_view_record"));
     ASSERT_NE(window, nullptr);
@@ -203,6 +208,35 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
               (QStringList{"Corre:1.045:20250301", "Bihan:1.05:20250203", "Abgrall:1.0512:20200512"}));
     // The tab shows the new record.
     EXPECT_EQ(nom->text(), QStringLiteral("Corre"));
+}
+
+TEST_F(RecordWindowsTest, TheProposalsCloseByTheirButtonTheCloseBoxAndEscape)
+{
+    seed();
+    main->trigger(QStringLiteral("mnuPerfRecView"));
+    QWidget* window = main.child_window(QStringLiteral("frm_view_record"));
+    ASSERT_NE(window, nullptr);
+    for (int exit = 0; exit < 3; ++exit) {
+        bool played = false;
+        QTimer::singleShot(0, [&] {
+            QWidget* finder = QApplication::activeModalWidget();
+            ASSERT_NE(finder, nullptr);
+            played = true;
+            EXPECT_EQ(app->state.busy_count, 2);
+            if (exit == 0)
+                find<QPushButton>(finder, "cmd_2")->click();
+            else if (exit == 1)
+                finder->close();
+            else
+                QTest::keyClick(finder, Qt::Key_Escape);
+        });
+        find<QPushButton>(window, "cmd_chercher")->click();
+        EXPECT_TRUE(played) << exit;
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << exit;
+        EXPECT_EQ(app->state.busy_count, 1) << exit;
+    }
+    // Nothing was accepted.
+    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM RecordClub")), 1);
 }
 
 }  // namespace
