@@ -3,6 +3,7 @@
 // or without history, "Tous bassins" included; the printed and exported list.
 
 #include "records_test_base.h"
+#include "src/frame/choose_date_view.h"
 #include "src/frame/list_helpers.h"
 #include "src/records/frm_view_record.h"
 #include "src/records/record_categories.h"
@@ -134,6 +135,14 @@ TEST_F(ClubRecordsTest, ReplacingTheOnlyRecordAndMissingFields)
     EXPECT_EQ(ui.messages.back().text,
               QStringLiteral("Impossible d'enregistrer le record car les données suivantes sont manquantes : \n"
                              "Nom du détenteur\nTemps réalisé\nDate de le performance"));
+    // A day picked in the calendar fills the three fields.
+    ui.drivers[QStringLiteral("frm_choose_date")] = [](View& v) {
+        auto& picker = dynamic_cast<ChooseDateView&>(v);
+        picker.set_calendar_date(QDate(2024, 6, 9));
+        picker.ok();
+    };
+    view->cmd_date();
+    EXPECT_EQ(view->txt_date, (std::array<QString, 3>{"09", "06", "2024"}));
     // An impossible day is no date either.
     type(QStringLiteral("Bihan"), QStringLiteral("1.1000"), QStringLiteral("30"), QStringLiteral("2"), QStringLiteral("2024"));
     EXPECT_FALSE(view->cmd_def(2));
@@ -141,6 +150,14 @@ TEST_F(ClubRecordsTest, ReplacingTheOnlyRecordAndMissingFields)
               QStringLiteral("Impossible d'enregistrer le record car la donnée suivante est manquante : \n"
                              "Date de le performance"));
     EXPECT_EQ(stored(), QStringList{"Bihan:1.2:20000101:50"});
+
+    // An event swum in 25 m pools only keeps its 50 m option off.
+    view->cmd_def(0);
+    view->ouvre_saisie(row_of(50));
+    EXPECT_FALSE(view->possible_50());
+    EXPECT_EQ(view->opt_bassin(), 0);
+    view->set_opt_bassin(1);
+    EXPECT_EQ(view->opt_bassin(), 0);
 }
 
 TEST_F(ClubRecordsTest, ARelayKeepsItsSwimmersAndNeedsNoFirstName)
