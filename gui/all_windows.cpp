@@ -11,6 +11,7 @@
 #include "gui/frame/date_windows.h"
 #include "gui/licences/licence_windows.h"
 #include "gui/results/result_window.h"
+#include "gui/records/record_windows.h"
 
 namespace plouvarine::gui {
 
@@ -27,6 +28,7 @@ void register_all_windows()
     register_relay_window();
     register_convocation_window();
     register_result_window();
+    register_record_windows();
 }
 
 }  // namespace plouvarine::gui

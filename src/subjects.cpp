@@ -11,6 +11,7 @@
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
 #include "src/results/result_commands.h"
+#include "src/records/frm_view_record.h"
 
 namespace plouvarine {
 
@@ -33,6 +34,8 @@ void install_subject_commands(AppContext& app)
     install_exchange_doors();
     install_print_handoff();
     install_result_commands(app);
+    // The club's records and their bands.
+    install_record_commands(app);
 }
 
 }  // namespace plouvarine

@@ -14,9 +14,8 @@ constexpr const char* kToCome[] = {
     // Models of entries and of programmes.
     "mnuModeleEngagNew", "mnuModeleEngagView", "mnuModeleEngagModif", "mnuModeleEngagSuppr",
     "mnuModeleProgNew", "mnuModeleProgView", "mnuModeleProgModif", "mnuModeleProgSuppr",
-    // Performances and the club's records.
+    // Performances.
     "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
-    "mnuPerfRecView", "mnuPerfRecModifier",
     // Calculators and the performance monitor.
     "mnuOutilsCalculTps", "mnuOutilsCalculPoint", "mnuOutilsCalculPointEquipe",
     "mnuPerfOrdiAffiche", "mnuPerfOrdiMasquer", "mnuPerfOrdiParam", "mnuPerfOrdiTjsVisible",

@@ -49,6 +49,8 @@ const ChildWindow kWindows[] = {
     {"mnuModelePiscineView", "Frm_liste_piscine", "Command1_1"},
     {"mnuModelePiscineNew", "det_Piscine", "cmd_annuler"},
     {"mnuCompetVoirResult", "frm_view_result", "cmd_1"},
+    {"mnuPerfRecView", "frm_view_record", "cmd_quitter"},
+    {"mnuPerfRecModifier", "det_categorie_record_club", "cmd_1"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
