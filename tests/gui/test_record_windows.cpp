@@ -147,7 +147,7 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     auto* nages = find<QTreeView>(window, "LsvNage");
     int row = -1;
     for (int r = 0; r < nages->model()->rowCount(); ++r)
-        if (nages->model()->index(r, 0).data().toString() == QStringLiteral("100m n.l. Messieurs"))
+        if (nages->model()->index(r, 0).data().toString() == QStringLiteral("100m n.l. Mess."))
             row = r;
     ASSERT_GE(row, 0);
     nages->model()->setData(nages->model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
