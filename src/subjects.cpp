@@ -10,6 +10,7 @@
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
+#include "src/tools/tool_commands.h"
 
 namespace plouvarine {
 
@@ -18,6 +19,7 @@ void install_subject_hooks(AppContext& app)
     install_club_hooks(app);
     install_licence_hooks(app);
     install_competition_hooks(app);
+    install_tool_hooks(app);
 }
 
 void install_subject_commands(AppContext& app)
@@ -31,6 +33,7 @@ void install_subject_commands(AppContext& app)
     // Its doors to the entry files and the results import.
     install_exchange_doors();
     install_print_handoff();
+    install_tool_commands(app);
 }
 
 }  // namespace plouvarine

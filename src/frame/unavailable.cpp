@@ -19,9 +19,6 @@ constexpr const char* kToCome[] = {
     // Performances and the club's records.
     "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
     "mnuPerfRecView", "mnuPerfRecModifier",
-    // Calculators and the performance monitor.
-    "mnuOutilsCalculTps", "mnuOutilsCalculPoint", "mnuOutilsCalculPointEquipe",
-    "mnuPerfOrdiAffiche", "mnuPerfOrdiMasquer", "mnuPerfOrdiParam", "mnuPerfOrdiTjsVisible",
 };
 
 }  // namespace
