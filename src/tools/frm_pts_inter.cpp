@@ -31,8 +31,6 @@ QString sheet_line(const QString& name, const QString& time, int points)
 FrmPtsInter::FrmPtsInter(AppContext& app) : View(app, QString(kName))
 {
     set_title(QStringLiteral("Calculs des points des équipes interclubs"));
-    // The columns of the sheets line up.
-    SetPolice(rich, QStringLiteral("Courier New"));
 }
 
 void FrmPtsInter::load_competitions()
@@ -64,6 +62,8 @@ void FrmPtsInter::calcule_points_equipes()
     const SqlText p = sql_key(a.state.profile_num);
     rich.select_all();
     rich.write(QString());
+    // The columns of the sheets line up.
+    SetPolice(rich, QStringLiteral("Courier New"));
     print_enabled_ = false;
     computed_.clear();
     const Rows teams = a.db.load_rows(QStringLiteral("SELECT Eq_Homme, Eq_Femme, Eq_Mixte FROM Engag_equipe ")
