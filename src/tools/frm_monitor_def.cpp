@@ -37,7 +37,8 @@ bool FrmMonitorDef::appliquer()
         msg_erreur(app().ui, kIntervalNul);
         return false;
     }
-    if (!SauveParametresSuivi(app(), x, y, interval, chkAlwaysVisible))
+    // With no base open the settings hold for this session only.
+    if (app().db.is_open() && !SauveParametresSuivi(app(), x, y, interval, chkAlwaysVisible))
         return false;
     AppState& state = app().state;
     state.monitor_pos_x = x;

@@ -24,7 +24,7 @@ public:
     // Command1 0: the values of the running component into the fields.
     void recuperer();
     // Command1 1: the fields into memory, to the component if loaded, to the
-    // menu's tick and to the profile. False, with nothing kept, for an
+    // menu's tick and to the profile (when a base is open). False, with nothing kept, for an
     // interval of 0 or a save that fails.
     bool appliquer();
     // Command1 2

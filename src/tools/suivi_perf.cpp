@@ -81,7 +81,8 @@ void MasqueSuivi(AppContext& app)
 void BasculeSuiviVisible(AppContext& app)
 {
     const bool on = !app.state.monitor_always_visible;
-    if (!SauveVisibiliteSuivi(app, on))
+    // With no base open the menu still works, for this session only.
+    if (app.db.is_open() && !SauveVisibiliteSuivi(app, on))
         return;
     app.state.monitor_always_visible = on;
     app.menus.set_checked(kTjsVisible, on);

@@ -183,6 +183,19 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     EXPECT_FALSE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT bAlwaysVisibleSuivi FROM Profil")).first(),
               QStringLiteral("Faux"));
+
+    // The monitor's menu works with no base open: the settings hold for the
+    // session, with no error.
+    app->db.close();
+    ui.clear();
+    BasculeSuiviVisible(*app);
+    EXPECT_TRUE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
+    FrmMonitorDef* alone = OuvrirMonitorDef(*app);
+    ASSERT_NE(alone, nullptr);
+    alone->txtParam[0] = QStringLiteral("300");
+    EXPECT_TRUE(alone->appliquer());
+    EXPECT_EQ(app->state.monitor_pos_x, 300);
+    EXPECT_TRUE(ui.texts().isEmpty());
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+// The time calculator's total copied into the time field of the individual
+// entries last typed in, by "&Copier" and, with the option, by "&Quitter".
+
+#include "entries/engag_test_base.h"
+#include "src/entries/frm_engag.h"
+#include "src/entries/utils_engag.h"
+#include "src/tools/frm_caltps.h"
+
+using namespace plouvarine;
+
+namespace {
+
+class TimeCopy : public plouvarine::testing::EngagBase {};
+
+TEST_F(TimeCopy, TheTotalGoesIntoTheTimeFieldLastTypedIn)
+{
+    const QString compet = competition(QStringLiteral("20250315"), 25);
+    const QString anna = swimmer(QStringLiteral("LE GALL"), QStringLiteral("Anna"), QStringLiteral("F"));
+    individual(compet, anna);
+    FrmEngag* engag = OuvrirEngag(*app, QStringLiteral("Modif"), compet, QStringLiteral("Définition des engagements"), false);
+    ASSERT_NE(engag, nullptr);
+    engag->select_swimmer(0);
+
+    FrmCalTps* calc = OuvrirCalculTemps(*app);
+    ASSERT_NE(calc, nullptr);
+    EXPECT_FALSE(calc->copie_enabled());  // no time field typed in yet
+    for (const char* leg : {"0.3012", "0.3245"}) {
+        calc->txt_tps_ajout = QLatin1String(leg);
+        calc->cmd_Ajout();
+    }
+    engag->set_checked(3, true);
+    engag->set_temps(3, QStringLiteral("2"));
+    ASSERT_TRUE(calc->copie_enabled());
+    calc->cmd_Copie();
+    EXPECT_EQ(engag->panel()[3].temps, QStringLiteral("1.0257"));
+
+    // With the option, "&Quitter" copies too.
+    calc->txt_tps_ajout = QStringLiteral("1.0000");
+    calc->cmd_Ajout();
+    calc->chk_CopieCalcul = true;
+    calc->cmd_Quitter();
+    EXPECT_TRUE(calc->is_closed());
+    EXPECT_EQ(engag->panel()[3].temps, QStringLiteral("2.0257"));
+}
+
+}  // namespace
