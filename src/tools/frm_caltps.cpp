@@ -68,13 +68,15 @@ void FrmCalTps::cmd_Suppr()
 
 bool FrmCalTps::copie_enabled() const
 {
-    FrmEngag* engag = entry_window(app());
-    return engag && engag->last_temps_row() >= 0;
+    // Opened from the entries, and they are still open: the registry forgets
+    // a caller that has closed.
+    return app().windows.caller_of(QString(kName)) == FrmEngag::kName && entry_window(app());
 }
 
 void FrmCalTps::cmd_Copie()
 {
-    FrmEngag* engag = entry_window(app());
+    FrmEngag* engag = copie_enabled() ? entry_window(app()) : nullptr;
+    // The time goes where the person last typed one.
     if (!engag || engag->last_temps_row() < 0)
         return;
     const int row = engag->last_temps_row();

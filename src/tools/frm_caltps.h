@@ -34,7 +34,8 @@ public:
     bool suppr_enabled() const { return histo_.rowCount() > 0; }
 
     // cmd_Copie "&Copier": the total into the time field of the individual
-    // entries; only while they are open on a time field.
+    // entries last typed in; only when the calculator was opened while they
+    // were open, and they still are.
     bool copie_enabled() const;
     void cmd_Copie();
     // "Copier le résultat dans la fenêtre d'engagement": the copy happens on

@@ -23,14 +23,20 @@ TEST_F(TimeCopy, TheTotalGoesIntoTheTimeFieldLastTypedIn)
 
     FrmCalTps* calc = OuvrirCalculTemps(*app);
     ASSERT_NE(calc, nullptr);
-    EXPECT_FALSE(calc->copie_enabled());  // no time field typed in yet
+    ASSERT_TRUE(calc->copie_enabled());
+    calc->txt_tps_ajout = QStringLiteral("0.1500");
+    calc->cmd_Ajout();
+    calc->cmd_Copie();  // no time field typed in yet: nowhere to go
+    for (int row = 0; row < int(engag->panel().size()); ++row)
+        EXPECT_TRUE(engag->panel()[size_t(row)].temps.isEmpty()) << row;
+    calc->histo_selection().setCurrentIndex(calc->lsv_histo().index(0, 0), QItemSelectionModel::ClearAndSelect);
+    calc->cmd_Suppr();
     for (const char* leg : {"0.3012", "0.3245"}) {
         calc->txt_tps_ajout = QLatin1String(leg);
         calc->cmd_Ajout();
     }
     engag->set_checked(3, true);
     engag->set_temps(3, QStringLiteral("2"));
-    ASSERT_TRUE(calc->copie_enabled());
     calc->cmd_Copie();
     EXPECT_EQ(engag->panel()[3].temps, QStringLiteral("1.0257"));
 
@@ -41,6 +47,13 @@ TEST_F(TimeCopy, TheTotalGoesIntoTheTimeFieldLastTypedIn)
     calc->cmd_Quitter();
     EXPECT_TRUE(calc->is_closed());
     EXPECT_EQ(engag->panel()[3].temps, QStringLiteral("2.0257"));
+
+    // Once the entries have closed, it copies nowhere.
+    calc = OuvrirCalculTemps(*app);
+    ASSERT_NE(calc, nullptr);
+    EXPECT_TRUE(calc->copie_enabled());
+    engag->cmd_annuler();
+    EXPECT_FALSE(calc->copie_enabled());
 }
 
 }  // namespace
