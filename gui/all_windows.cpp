@@ -12,6 +12,7 @@
 #include "gui/licences/licence_windows.h"
 #include "gui/results/result_window.h"
 #include "gui/records/record_windows.h"
+#include "gui/tools/tool_windows.h"
 
 namespace plouvarine::gui {
 
@@ -29,6 +30,7 @@ void register_all_windows()
     register_convocation_window();
     register_result_window();
     register_record_windows();
+    register_tool_windows();
 }
 
 }  // namespace plouvarine::gui

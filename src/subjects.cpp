@@ -12,6 +12,7 @@
 #include "src/licences/utils_licences.h"
 #include "src/results/result_commands.h"
 #include "src/records/frm_view_record.h"
+#include "src/tools/tool_commands.h"
 
 namespace plouvarine {
 
@@ -20,6 +21,7 @@ void install_subject_hooks(AppContext& app)
     install_club_hooks(app);
     install_licence_hooks(app);
     install_competition_hooks(app);
+    install_tool_hooks(app);
 }
 
 void install_subject_commands(AppContext& app)
@@ -36,6 +38,7 @@ void install_subject_commands(AppContext& app)
     install_result_commands(app);
     // The club's records and their bands.
     install_record_commands(app);
+    install_tool_commands(app);
 }
 
 }  // namespace plouvarine

@@ -204,8 +204,10 @@ void FrmEngag::set_checked(int row, bool checked)
 
 void FrmEngag::set_temps(int row, const QString& text)
 {
-    if (fields_enabled(row))
-        row_at(row).temps = text;
+    if (!fields_enabled(row))
+        return;
+    row_at(row).temps = text;
+    last_temps_row_ = row;
 }
 
 void FrmEngag::leave_temps(int row)

@@ -73,6 +73,9 @@ public:
     // The fields of a row as typed: the time is rewritten on leaving it.
     void set_temps(int row, const QString& text);
     void leave_temps(int row);
+    // The row of the last time field typed in, where the time calculator
+    // copies its total; -1 before any.
+    int last_temps_row() const { return last_temps_row_; }
     void set_lieu(int row, const QString& text);
     // `part` 0 day, 1 month, 2 year.
     void set_date_part(int row, int part, const QString& text);
@@ -128,6 +131,7 @@ private:
 
     QString mode_;
     QString key_;
+    int last_temps_row_ = -1;
     bool modele_;
     EntryScope scope_;
     Team team_;

@@ -16,9 +16,6 @@ constexpr const char* kToCome[] = {
     "mnuModeleProgNew", "mnuModeleProgView", "mnuModeleProgModif", "mnuModeleProgSuppr",
     // Performances.
     "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
-    // Calculators and the performance monitor.
-    "mnuOutilsCalculTps", "mnuOutilsCalculPoint", "mnuOutilsCalculPointEquipe",
-    "mnuPerfOrdiAffiche", "mnuPerfOrdiMasquer", "mnuPerfOrdiParam", "mnuPerfOrdiTjsVisible",
 };
 
 }  // namespace

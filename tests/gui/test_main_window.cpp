@@ -139,8 +139,7 @@ TEST_F(MainWindowTest, EveryCommandLeadsSomewhereOrSaysItIsNotYetAvailable)
         const CommandTable::Run* run = app->commands.find(e.name);
         EXPECT_TRUE(run && *run) << e.name.toStdString() << " runs nothing";
     }
-    for (const char* name : {"mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe", "mnuPerfOrdiAffiche",
-                             "mnuPerfView",
+    for (const char* name : {"mnuPerfView",
                              "mnuModeleProgNew"}) {
         ui.clear();
         click(QLatin1String(name));

@@ -1,0 +1,215 @@
+// The tools' windows on Qt's offscreen platform, opened from the menu: a
+// table drawn in "Table Cotation", the time calculator adding up, the team
+// sheets computed; each left by its own button, its close box and Escape.
+// And the monitor component's own window, always on top, with its figures.
+
+#include "drawn_main_window.h"
+#include "gui/all_windows.h"
+#include "gui_application.h"
+#include "src/frame/components.h"
+#include "src/tools/suivi_perf.h"
+#include "support/app_fixture.h"
+#include "tools/points_fixture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTextEdit>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class ToolWindowsTest : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        AppFixture::SetUp();
+        connect(make_base());
+        app->state.club_code = QStringLiteral("FRA2210290017");
+        app->state.profile_num = QStringLiteral("1");
+        plouvarine::testing::install_points_component(*app);
+        main.open(*app, ui);
+    }
+    void TearDown() override
+    {
+        main.close();
+        AppFixture::TearDown();
+    }
+    QMdiSubWindow* sub(const QString& name) const
+    {
+        for (QMdiSubWindow* s : main->mdi_area()->subWindowList())
+            if (s->objectName() == name)
+                return s;
+        return nullptr;
+    }
+    void look_at(QWidget* window, const QString& name)
+    {
+        const QString png = work_file(name + QStringLiteral(".png"));
+        ASSERT_TRUE(window->grab().save(png));
+        // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
+        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+            QFile::copy(png, keep + u'/' + name + QStringLiteral(".png"));
+    }
+
+    plouvarine::testing::DrawnMainWindow main;
+};
+
+TEST_F(ToolWindowsTest, TableCotationDrawsItsTable)
+{
+    main->trigger(QStringLiteral("mnuOutilsCalculPoint"));
+    QWidget* window = main.child_window(QStringLiteral("frm_calpts"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Table Cotation"));
+    auto* events = window->findChild<QTreeView*>("LsvNage");
+    ASSERT_GT(events->model()->rowCount(), 40);
+    EXPECT_TRUE(events->isColumnHidden(1));
+    events->setCurrentIndex(events->model()->index(2, 0));
+    window->findChild<QRadioButton*>("Opt_bassin_50")->click();
+    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_Time_0"), QStringLiteral("1.05"));
+    window->findChild<QPushButton*>("Cmd_calpts")->click();
+    EXPECT_EQ(window->findChild<QLineEdit*>("Txt_Time_0")->text(), QStringLiteral("1.05"));
+    EXPECT_EQ(window->findChild<QLabel*>("lblPtsCal")->text(), QStringLiteral("503"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_pts_1"), QStringLiteral("600"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_pts_2"), QStringLiteral("620"));
+    window->findChild<QPushButton*>("Cmd_TablePts")->click();
+    EXPECT_EQ(window->findChild<QTreeView*>("LsvTable")->model()->rowCount(), 21);
+    look_at(window, QStringLiteral("frm_calpts"));
+}
+
+TEST_F(ToolWindowsTest, TimeCalculatorAddsAndUndoes)
+{
+    main->trigger(QStringLiteral("mnuOutilsCalculTps"));
+    QWidget* window = main.child_window(QStringLiteral("frm_calTps"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Calculatrice de temps"));
+    auto* field = window->findChild<QLineEdit*>("txt_tpsAjout");
+    auto* suppr = window->findChild<QPushButton*>("cmd_Suppr");
+    EXPECT_FALSE(suppr->isEnabled());
+    EXPECT_FALSE(window->findChild<QPushButton*>("cmd_Copie")->isEnabled());
+    for (const char* typed : {"0.3456", "1.0578"}) {
+        QTest::keyClicks(field, QLatin1String(typed));
+        window->findChild<QPushButton*>("cmd_Ajout")->click();
+    }
+    EXPECT_TRUE(field->text().isEmpty());
+    auto* histo = window->findChild<QTreeView*>("lsv_Histo");
+    ASSERT_EQ(histo->model()->rowCount(), 2);
+    EXPECT_EQ(histo->model()->index(1, 1).data().toString(), QStringLiteral("1.4034"));
+    EXPECT_TRUE(suppr->isEnabled());
+    look_at(window, QStringLiteral("frm_calTps"));
+    suppr->click();
+    EXPECT_EQ(histo->model()->rowCount(), 1);
+}
+
+TEST_F(ToolWindowsTest, TeamPointsShowTheirSheets)
+{
+    install_template_component();
+    const QString compet = app->db.append_row(QStringLiteral("Rcomp"),
+                                              {{"Num", "IC"}, {"Type", "I"}, {"Nom", "Interclubs"}, {"Longueur", 25},
+                                               {"Visible", true}, {"Deroule", false}},
+                                              QStringLiteral("AutoNum"));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme) VALUES (%1, 1, 1)").arg(compet));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Relais (Num_profil, Num_compet, Code_epreuve, Num_Lic, Num_equipe, "
+                                    "Equipe_mixte, Tps) VALUES (1, %1, 57, 1, 1, 0, 1.5797)").arg(compet));
+    main->trigger(QStringLiteral("mnuOutilsCalculPointEquipe"));
+    QWidget* window = main.child_window(QStringLiteral("frm_PtsInter"));
+    ASSERT_NE(window, nullptr);
+    auto* print = window->findChild<QPushButton*>("cmd_2");
+    EXPECT_FALSE(print->isEnabled());
+    window->findChild<QPushButton*>("cmd_0")->click();
+    EXPECT_TRUE(print->isEnabled());
+    EXPECT_TRUE(window->findChild<QTextEdit*>("rich")->toPlainText().contains(QStringLiteral("TOTAL POINTS : 333")));
+    window->resize(760, 420);
+    look_at(window, QStringLiteral("frm_PtsInter"));
+    print->click();
+    EXPECT_EQ(ui.printed.size(), 1u);
+}
+
+TEST_F(ToolWindowsTest, EachToolWindowLeavesByItsButtonItsCloseBoxAndEscape)
+{
+    struct Door {
+        const char* command;
+        const char* name;
+        const char* button;
+    };
+    const Door doors[] = {
+        {"mnuOutilsCalculPoint", "frm_calpts", "cmd_quitter"},
+        {"mnuOutilsCalculTps", "frm_calTps", "cmd_Quitter"},
+        {"mnuOutilsCalculPointEquipe", "frm_PtsInter", "cmd_1"},
+        {"mnuPerfOrdiParam", "frmMonitorDef", "Command1_2"},
+    };
+    for (const Door& door : doors) {
+        for (int way = 0; way < 3; ++way) {
+            main->trigger(QLatin1String(door.command));
+            QMdiSubWindow* s = sub(QLatin1String(door.name));
+            ASSERT_NE(s, nullptr) << door.name;
+            if (way == 0) {
+                if (door.name == std::string("frmMonitorDef"))
+                    look_at(s->widget(), QLatin1String(door.name));
+                s->widget()->findChild<QPushButton*>(QLatin1String(door.button))->click();
+            } else if (way == 1) {
+                s->close();
+            } else {
+                QWidget* inner = s->widget();
+                QTest::keyClick(inner->focusWidget() ? inner->focusWidget() : inner, Qt::Key_Escape);
+            }
+            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            EXPECT_EQ(sub(QLatin1String(door.name)), nullptr) << door.name << " way " << way;
+            EXPECT_EQ(app->state.busy_count, 0) << door.name << " way " << way;
+        }
+    }
+}
+
+TEST_F(ToolWindowsTest, TheMonitorShowsItsFiguresAboveTheOtherWindowsWhereTheProfileWants)
+{
+    const QString plugin = component_file(QStringLiteral("sviprf.dll"));
+    ASSERT_TRUE(QFile::copy(plouvarine::testing::built_file(plugin), app->app_file(plugin)));
+    app->state.base_path = work_file(QStringLiteral("club.mdb"));
+    app->state.monitor_pos_x = 40;
+    app->state.monitor_pos_y = 30;
+    app->state.monitor_interval = 0;  // the component keeps its floor
+    main->trigger(QStringLiteral("mnuPerfOrdiAffiche"));
+    PerfMonitor* monitor = suivi_charge(*app);
+    ASSERT_NE(monitor, nullptr);
+    EXPECT_TRUE(monitor->window_visible());
+    EXPECT_EQ(monitor->lgPositionX(), 40);
+    const QStringList figures = monitor->figures();
+    ASSERT_EQ(figures.size(), 4);
+    EXPECT_TRUE(figures[0].startsWith(QStringLiteral("Processeur : ")));
+    EXPECT_FALSE(figures[2].contains(u'?')) << figures[2].toStdString();
+    EXPECT_FALSE(figures[3].contains(u'?')) << figures[3].toStdString();
+    QWidget* window = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == QLatin1String("SuiviPerf"))
+            window = w;
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->windowFlags() & Qt::WindowStaysOnTopHint);
+    QTest::qWait(250);  // a refresh at the floor interval
+    look_at(window, QStringLiteral("suiviperf"));
+
+    // The settings' dialog fetches what the component holds.
+    main->trigger(QStringLiteral("mnuPerfOrdiParam"));
+    QWidget* def = main.child_window(QStringLiteral("frmMonitorDef"));
+    ASSERT_NE(def, nullptr);
+    def->findChild<QPushButton*>("Command1_0")->click();
+    EXPECT_EQ(def->findChild<QLineEdit*>("txtParam_0")->text(), QString::number(monitor->lgPositionX()));
+    def->findChild<QPushButton*>("Command1_2")->click();
+
+    main->trigger(QStringLiteral("mnuPerfOrdiMasquer"));
+    EXPECT_FALSE(monitor->window_visible());
+    libere_suivi(*app);
+    EXPECT_EQ(suivi_charge(*app), nullptr);
+    EXPECT_TRUE(ui.texts().isEmpty()) << ui.texts().join(u'|').toStdString();
+}
+
+}  // namespace
