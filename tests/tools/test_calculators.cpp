@@ -40,7 +40,7 @@ protected:
 
 TEST_F(CalculatorTest, ConvertsBothWaysInThePoolChosen)
 {
-    FrmCalpts& view = open_calpts(52);  // 100m n.l. Messieurs
+    FrmCalpts& view = open_calpts(52);  // 100m n.l. Mess.
     // By sex, individual events before relays, the mixed relays last (true
     // sorts as -1, as the base's booleans always did).
     QStandardItemModel& events = view.lsv_nage();
