@@ -6,6 +6,7 @@
 #include "gui/competitions/competition_windows.h"
 #include "gui/entries/convocation_window.h"
 #include "gui/entries/engag_window.h"
+#include "gui/entries/model_windows.h"
 #include "gui/entries/relay_window.h"
 #include "gui/frame/attente_window.h"
 #include "gui/frame/date_windows.h"
@@ -25,6 +26,7 @@ void register_all_windows()
     register_engag_window();
     register_relay_window();
     register_convocation_window();
+    register_model_windows();
 }
 
 }  // namespace plouvarine::gui

@@ -8,6 +8,7 @@
 #include "src/entries/convo_bordereau.h"
 #include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
+#include "src/entries/liste_modele.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
 
@@ -31,6 +32,7 @@ void install_subject_commands(AppContext& app)
     // Its doors to the entry files and the results import.
     install_exchange_doors();
     install_print_handoff();
+    install_model_commands(app);
 }
 
 }  // namespace plouvarine

@@ -13,9 +13,6 @@ constexpr const char* kToCome[] = {
     "mnuBaseClubImport", "mnuBaseClubExport", "mnuLicImport", "mnuLicMaj", "mnuLicExp",
     // Results.
     "mnuCompetVoirResult",
-    // Models of entries and of programmes.
-    "mnuModeleEngagNew", "mnuModeleEngagView", "mnuModeleEngagModif", "mnuModeleEngagSuppr",
-    "mnuModeleProgNew", "mnuModeleProgView", "mnuModeleProgModif", "mnuModeleProgSuppr",
     // Performances and the club's records.
     "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
     "mnuPerfRecView", "mnuPerfRecModifier",

@@ -140,8 +140,7 @@ TEST_F(MainWindowTest, EveryCommandLeadsSomewhereOrSaysItIsNotYetAvailable)
         EXPECT_TRUE(run && *run) << e.name.toStdString() << " runs nothing";
     }
     for (const char* name : {"mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe", "mnuPerfOrdiAffiche",
-                             "mnuCompetVoirResult", "mnuPerfView",
-                             "mnuModeleProgNew"}) {
+                             "mnuCompetVoirResult", "mnuPerfView"}) {
         ui.clear();
         click(QLatin1String(name));
         EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Cette fonction n'est pas encore disponible.")}) << name;

@@ -48,6 +48,8 @@ const ChildWindow kWindows[] = {
     {"mnuCompetNew", "det_compet", "Command1_1"},
     {"mnuModelePiscineView", "Frm_liste_piscine", "Command1_1"},
     {"mnuModelePiscineNew", "det_Piscine", "cmd_annuler"},
+    {"mnuModeleEngagView", "frm_liste_modele", "Command1_1"},
+    {"mnuModeleProgSuppr", "frm_liste_modele", "Command1_1"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
