@@ -40,6 +40,16 @@ QByteArray read_bytes(const QString& path)
     return file.readAll();
 }
 
+// A copy of `path` in the folder `work`, made if missing.
+QString copie_temporaire(const QString& path, const QString& work)
+{
+    const QString copy = path_join(work, QFileInfo(path).fileName());
+    if (!QDir().mkpath(work) || !QFile::copy(path, copy))
+        throw SourceError(QStringLiteral("Le fichier %1 ne peut être copié dans le répertoire temporaire.")
+                              .arg(QFileInfo(path).fileName()));
+    return copy;
+}
+
 }  // namespace
 
 QString FrmProg::CompetPourProgSql()
@@ -130,9 +140,16 @@ void FrmProg::charger_pcomp(const QString& path)
         msg_erreur(a.ui, QStringLiteral("Sélectionner un fichier Pcomp.txt !"));
         return;
     }
-    status_text(a.ui, QStringLiteral("Récupération des données du programme"));
+    // The organiser's files are read from a copy: the originals may lie on a
+    // medium that goes away while the message is on screen.
+    status_text(a.ui, QStringLiteral("Copie du fichier dans répertoire temporaire"));
+    const QString work = unique_folder(QStringLiteral("tmpProg"), a.tempo_dir());
     try {
-        const std::vector<PcompLine> lines = lire_pcomp(lire_lignes(read_bytes(path)));
+        const QString pcomp = copie_temporaire(path, work);
+        const QString beside = path_join(QFileInfo(path).absolutePath(), QStringLiteral("nage.txt"));
+        const QString nage = QFileInfo::exists(beside) ? copie_temporaire(beside, work) : QString();
+        status_text(a.ui, QStringLiteral("Récupération des données du programme"));
+        const std::vector<PcompLine> lines = lire_pcomp(lire_lignes(read_bytes(pcomp)));
         const PcompDays days = jours_pcomp(lines);
         QSet<int> known;
         for (int row = 0; row < nage_.rowCount(); ++row)
@@ -154,18 +171,17 @@ void FrmProg::charger_pcomp(const QString& path)
         if (days.count > 0)
             model_days(days.count);
         if (!unknown.empty()) {
-            const QString nage = path_join(QFileInfo(path).absolutePath(), QStringLiteral("nage.txt"));
             QStringList nage_lines;
-            const bool has_nage = QFileInfo::exists(nage);
-            if (has_nage)
+            if (!nage.isEmpty())
                 nage_lines = lire_lignes(read_bytes(nage));
-            msg_erreur(a.ui, message_codes_inconnus(unknown, unknown_days, has_nage ? &nage_lines : nullptr));
+            msg_erreur(a.ui, message_codes_inconnus(unknown, unknown_days, nage.isEmpty() ? nullptr : &nage_lines));
         }
     } catch (const SourceError& e) {
         msg_erreur(a.ui, kErreurRecuperation + QLatin1Char('\n') + e.text());
     } catch (const std::exception& e) {
         msg_erreur(a.ui, kErreurRecuperation, &e);
     }
+    delete_folder(work);
     status_text(a.ui, QString());
     RefreshListeNage();
 }

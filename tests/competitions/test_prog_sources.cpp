@@ -95,6 +95,9 @@ TEST_F(ProgSources, PcompFileIsTakenByItsNameWhateverTheCase)
     EXPECT_EQ(slots_of(*prog), (QStringList{"2:1:3:2:T:1", "52:2:1:1: :3"}));
     EXPECT_EQ(prog->txt_nb_journee, "2");
     EXPECT_EQ(prog->CboDate(), (QStringList{"1ère journée", "2ème journée"}));
+    // Read from a copy that is gone once read.
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Copie du fichier dans répertoire temporaire")));
+    EXPECT_TRUE(QDir(app->tempo_dir()).entryList({QStringLiteral("tmpProg*")}, QDir::Dirs).isEmpty());
 
     ui.clear();
     prog->charger_pcomp(write(QStringLiteral("prog.txt"), text));
@@ -156,6 +159,12 @@ TEST_F(ProgSources, UnreadablePcompLeavesTheProgrammeAsItWas)
             << ui.texts().first().toStdString();
         EXPECT_EQ(slots_of(*prog), before) << bad.toStdString();
     }
+    // A file gone between the dialog and the reading.
+    ui.clear();
+    prog->charger_pcomp(work_file(QStringLiteral("org/gone/Pcomp.txt")));
+    EXPECT_EQ(ui.texts(), QStringList{kRecuperation + QStringLiteral(
+                                          "\nLe fichier Pcomp.txt ne peut être copié dans le répertoire temporaire.")});
+    EXPECT_EQ(slots_of(*prog), before);
 }
 
 TEST_F(ProgSources, CopyListShowsRetiredCompetitionsWithAProgramme)

@@ -259,3 +259,54 @@ TEST_F(Modeles, ProgrammeTakenFromAModelAndSavedIntoOne)
     EXPECT_EQ(dump(QStringLiteral("select Code_epreuve from Pcomp where Num_compet = %1").arg(compet)),
               QStringList{"2"});
 }
+
+TEST_F(Modeles, ProgrammeModelsAreShownEditedAndRenamed)
+{
+    const QString m = model(QStringLiteral("Meeting"), QStringLiteral("Modele_prog"));
+    exec(QStringLiteral("INSERT INTO Pcomp_modele (Num_modele, Code_epreuve, JourCourse, Type, Nb_finales, "
+                        "Type_finale, Num_ordre) VALUES (%1, 2, 2, '1', '0', ' ', 4)").arg(m));
+    FrmListeModele* l = list(QString(keyword::kModelProg), QString(keyword::kView));
+    l->activate();
+    auto* prog = ui.window_as<FrmProg>(QString(FrmProg::kName));
+    ASSERT_NE(prog, nullptr);
+    EXPECT_EQ(prog->title(), "Modèle de programme Meeting");
+    EXPECT_FALSE(prog->definition_visible());
+    EXPECT_EQ(prog->Lsv_prog().item(1, 0)->text(), "2ème journée");
+    ui.close_window(QString(FrmProg::kName));
+    l->cmd_annuler();
+
+    l = list(QString(keyword::kModelProg), QString(keyword::kModif));
+    l->cmd_action();
+    prog = ui.window_as<FrmProg>(QString(FrmProg::kName));
+    ASSERT_NE(prog, nullptr);
+    EXPECT_EQ(prog->title(), "Modification du modèle de programme Meeting");
+    EXPECT_EQ(prog->CboDate().size(), 2);
+    name_as(QStringLiteral("Meeting d'hiver"));
+    prog->cmd_ok();
+    EXPECT_EQ(l->current_name(), "Meeting d'hiver");
+    EXPECT_EQ(dump(QStringLiteral("select Code_epreuve, JourCourse from Pcomp_modele")), QStringList{"2:2"});
+}
+
+TEST_F(Modeles, FailuresOfTheBaseAreToldAndStopTheWork)
+{
+    const QString anne = swimmer(QStringLiteral("Martin"), QStringLiteral("F"));
+    entry(anne, 2, 0, false);
+    const QString m = model(QStringLiteral("A"));
+    // Editing a model whose rows can't be kept aside doesn't open it.
+    exec(QStringLiteral("DROP TABLE Engag_tempo"));
+    FrmListeModele* l = list(QString(keyword::kModelEngag), QString(keyword::kModif));
+    l->cmd_action();
+    l->cmd_annuler();
+    EXPECT_EQ(messages().value(0).section(QLatin1Char('\n'), -1),
+              "Erreur lors de la mémorisation des engagements dans la table temporaire");
+    EXPECT_EQ(ui.window(QString(FrmEngag::kName)), nullptr);
+    ui.clear();
+    // A base whose model tables are not what they should be.
+    exec(QStringLiteral("DROP TABLE Engag_nageur_modele"));
+    EXPECT_FALSE(ModeleDepuisCompet(*app, m, compet));
+    EXPECT_EQ(messages().value(0).section(QLatin1Char('\n'), -1), "Erreur durant la sauvegarde du modèle.");
+    ui.clear();
+    EXPECT_FALSE(AppliquerModele(*app, m, compet));
+    EXPECT_EQ(messages(), QStringList{"Des erreurs sont apparues lors de la lecture des données depuis le modèle."});
+    EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u);
+}
