@@ -386,13 +386,18 @@ void nouveau_modele(AppContext& app, const QString& kind)
     if (app.windows.check_window_open(window))
         return;
     const QString mode = prog ? QString(keyword::kNouveauProg) : QString(keyword::kNouveau);
-    QString name;
     const std::optional<QString> num = NommerModele(app, kind, mode);
     if (!num)
         return;
-    name = app.db.load_rows(QStringLiteral("select Nom_modele from ") + TableModele(kind) +
-                            QStringLiteral(" where NumAuto = ") + sql_key(*num))
-               .first();
+    QString name;
+    try {
+        name = app.db.load_rows(QStringLiteral("select Nom_modele from ") + TableModele(kind) +
+                                QStringLiteral(" where NumAuto = ") + sql_key(*num))
+                   .first();
+    } catch (const std::exception& e) {
+        msg_erreur(app.ui, QString(), &e);
+        return;
+    }
     if (prog)
         OuvrirProg(app, QString(FrmProg::kNewModele), *num, true,
                    QStringLiteral("Définition du programme pour nouveau modèle ") + name, {});

@@ -286,6 +286,11 @@ TEST_F(ProgSources, LenexInvitationFillsAnEmptyCompetition)
     EXPECT_TRUE(texts.last().contains(QLatin1String("Epreuve 5 : 300 m SURF, sexe M"))) << texts.last().toStdString();
     EXPECT_TRUE(texts.last().contains(QLatin1String("Epreuve 0 : 0 m FREE, sexe M"))) << texts.last().toStdString();
 
+    // A programme that stands already: the competition is not offered again.
+    ui.clear();
+    prog->charger_lenex(work_file(QStringLiteral("org/meet.lef")));
+    EXPECT_TRUE(ui.titled(QStringLiteral("Confirmation")).empty());
+
     // Bad files: a clear message, the programme as it was.
     const QStringList before = slots_of(*prog);
     const QString zip_inside = write(QStringLiteral("inner.lef"), lef);
