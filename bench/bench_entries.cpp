@@ -1,10 +1,12 @@
 // Benchmarks of the individual entries on the large generated base: the time
 // proposal of one swimmer, the save of ten events, the opening of the entry
-// view on a competition with 500 entries.
+// view on a competition with 500 entries, an entry model of 500 entries
+// applied to a competition.
 
 #include "large_base.h"
 
 #include "src/entries/frm_engag.h"
+#include "src/entries/modeles.h"
 #include "src/entries/utils_engag.h"
 #include "src/frame/access.h"
 #include "src/frame/app_context.h"
@@ -113,5 +115,35 @@ void BM_OpenEngagOn500Entries(benchmark::State& state)
     }
 }
 BENCHMARK(BM_OpenEngagOn500Entries)->Unit(benchmark::kMillisecond);
+
+// A model of 100 swimmers and 500 entries applied to a 50 m competition in one
+// step: the competition's entries and relays deleted, the model's copied.
+void BM_AppliquerModele500Entries(benchmark::State& state)
+{
+    App a;
+    Database& db = a.app.db;
+    const QString modele = db.append_row(QStringLiteral("Modele_engag"), {{"Nom_modele", "Bench"}, {"Num_profil", 1}},
+                                         QStringLiteral("NumAuto"));
+    const Rows swimmers = db.load_rows(QStringLiteral("select Num from Licence where Code_club = '") +
+                                       a.app.state.club_code + QStringLiteral("' and Visible = true limit 100"));
+    for (int s = 0; s < swimmers.size(); ++s) {
+        db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur_modele (Num_modele, Num_Lic, Equipe, Equipe_m) VALUES "
+                                   "(%1, %2, 0, false)")
+                        .arg(modele, swimmers.value(s)));
+        for (int e = 0; e < 5; ++e)
+            db.exec_sql(QStringLiteral("INSERT INTO Engag_modele (Num_modele, Code_epreuve, Num_Lic, Num_equipe, "
+                                       "Equipe_mixte) VALUES (%1, %2, %3, 0, false)")
+                            .arg(modele)
+                            .arg(e)
+                            .arg(swimmers.value(s)));
+    }
+    db.exec_sql(QStringLiteral("UPDATE Rcomp SET Longueur = 50 WHERE AutoNum = ") + a.compet);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(AppliquerModele(a.app, modele, a.compet));
+    // Code 0 (25 m free) is left out in a 50 m pool.
+    state.counters["entries"] = db.count_query(QStringLiteral("select count(*) from Engag where Num_compet = ") +
+                                               a.compet);
+}
+BENCHMARK(BM_AppliquerModele500Entries)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "gui/competitions/competition_windows.h"
 #include "gui/entries/convocation_window.h"
 #include "gui/entries/engag_window.h"
+#include "gui/entries/model_windows.h"
 #include "gui/entries/relay_window.h"
 #include "gui/frame/attente_window.h"
 #include "gui/frame/date_windows.h"
@@ -31,6 +32,7 @@ void register_all_windows()
     register_result_window();
     register_record_windows();
     register_tool_windows();
+    register_model_windows();
 }
 
 }  // namespace plouvarine::gui

@@ -8,6 +8,7 @@
 #include "src/entries/convo_bordereau.h"
 #include "src/entries/frm_engag.h"
 #include "src/entries/frm_engag_relais.h"
+#include "src/entries/liste_modele.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
 #include "src/results/result_commands.h"
@@ -39,6 +40,7 @@ void install_subject_commands(AppContext& app)
     // The club's records and their bands.
     install_record_commands(app);
     install_tool_commands(app);
+    install_model_commands(app);
 }
 
 }  // namespace plouvarine

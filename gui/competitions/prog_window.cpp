@@ -66,8 +66,7 @@ public:
         side->addLayout(days_row);
         modele_ = new QCheckBox(QStringLiteral("Enregistrer dans un nouveau modèle"));
         modele_->setObjectName(QStringLiteral("Chk_modele"));
-        // Saving into a model goes through the model list, not yet in this version.
-        modele_->setEnabled(false);
+        connect(modele_, &QCheckBox::toggled, this, [this](bool on) { view_.Chk_modele = on; });
         side->addWidget(modele_);
         side->addStretch(1);
         body->addWidget(definition_);
@@ -83,12 +82,14 @@ public:
         auto* row = new QHBoxLayout;
         det_def_ = add_button(row, QStringLiteral("Cmd_det_def"), FrmProg::kCaptionDetail,
                               [this] { view_.Cmd_det_def(); });
-        // Taking a programme from a model, a past competition or a file comes later.
-        cmd_modele_ = add_button(row, QStringLiteral("Cmd_modele"), QStringLiteral("&Modèle"), [] {});
-        cmd_compet_ = add_button(row, QStringLiteral("Cmd_compet"), QStringLiteral("&Compétition"), [] {});
-        cmd_charger_ = add_button(row, QStringLiteral("Cmd_charger"), QStringLiteral("C&harger"), [] {});
-        for (QPushButton* b : {cmd_modele_, cmd_compet_, cmd_charger_})
-            b->setEnabled(false);
+        cmd_modele_ = add_button(row, QStringLiteral("Cmd_modele"), QStringLiteral("&Modèle"),
+                                 [this] { view_.Cmd_modele(); });
+        cmd_compet_ = add_button(row, QStringLiteral("Cmd_compet"), QStringLiteral("&Compétition"),
+                                 [this] { view_.Cmd_compet(); });
+        cmd_charger_ = add_button(row, QStringLiteral("Cmd_charger"), QStringLiteral("C&harger"),
+                                  [this] { view_.Cmd_charger(); });
+        cmd_lenex_ = add_button(row, QStringLiteral("Cmd_lenex"), QStringLiteral("Charger un fichier &Lenex"),
+                                [this] { view_.Cmd_lenex(); });
         row->addStretch(1);
         add_button(row, QStringLiteral("Command1_0"), QStringLiteral("Ok"), [this] { view_.cmd_ok(); });
         cmd1_ = add_button(row, QStringLiteral("Command1_1"), QStringLiteral("&Annuler"),
@@ -140,6 +141,7 @@ protected:
         cmd_modele_->setVisible(view_.Cmd_modele_visible());
         cmd_compet_->setVisible(view_.Cmd_compet_visible());
         cmd_charger_->setVisible(view_.Cmd_charger_visible());
+        cmd_lenex_->setVisible(view_.Cmd_lenex_visible());
         cmd1_->setVisible(view_.Command1_1_visible());
     }
 
@@ -197,6 +199,7 @@ private:
     QPushButton* cmd_modele_ = nullptr;
     QPushButton* cmd_compet_ = nullptr;
     QPushButton* cmd_charger_ = nullptr;
+    QPushButton* cmd_lenex_ = nullptr;
     QPushButton* cmd1_ = nullptr;
 };
 

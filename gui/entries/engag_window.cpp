@@ -106,6 +106,8 @@ public:
         layout->addLayout(body, 1);
 
         auto* row = new QHBoxLayout;
+        cmd_modele_ = add_button(row, QStringLiteral("Cmd_modele"), QStringLiteral("&Modèle"),
+                                 [this] { view_.Cmd_modele(); });
         row->addStretch(1);
         ok_ = add_button(row, QStringLiteral("Command1_0"), QStringLiteral("Ok"), [this] { view_.cmd_ok(); });
         add_button(row, QStringLiteral("Command1_1"), QStringLiteral("&Annuler"), [this] { view_.cmd_annuler(); });
@@ -130,6 +132,7 @@ protected:
             team_->setCurrentIndex(view_.team_index());
         }
         do_modele_->setVisible(view_.chk_domodele_visible());
+        cmd_modele_->setVisible(view_.cmd_modele_visible());
         set_text(search_, view_.search_text());
         search_->setEnabled(view_.search_enabled());
         add_->setEnabled(view_.add_enabled());
@@ -256,6 +259,7 @@ private:
     BoundList* licencie_ = nullptr;
     QPushButton* add_ = nullptr;
     QPushButton* ok_ = nullptr;
+    QPushButton* cmd_modele_ = nullptr;
     QPushButton* def_team_ = nullptr;
     std::array<QLineEdit*, 3> counts_{};
     std::array<RowWidgets, kPanelRows> rows_{};

@@ -1,6 +1,7 @@
 #include "src/competitions/frm_prog.h"
 
 #include "src/frame/status_lines.h"
+#include "src/competitions/prog_models.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -99,22 +100,7 @@ void FrmProg::setListeNage()
             SetListeFromText();
         } else {
             setTabFromTab(key_);
-            const Rows rows = a.db.load_rows(QStringLiteral("SELECT Longueur, Debut, Fin from Rcomp where AutoNum = ") +
-                                             sql_key(key_));
-            if (rows.size() > 0) {
-                longueur_ = rows.value(0, 0).toInt();
-                const QString debut = rows.value(0, 1);
-                const int count = EcartJours(DateLongue(debut), DateLongue(rows.value(0, 2))) + 1;
-                const QDate first = QDate::fromString(debut, QStringLiteral("yyyyMMdd"));
-                for (int d = 0; d < count && first.isValid(); ++d) {
-                    const QDate day = first.addDays(d);
-                    day_dates_ << day;
-                    days_ << DateLongue(day.toString(QStringLiteral("yyyyMMdd")), QStringLiteral("d mmm yyyy"));
-                }
-                day_index_ = days_.isEmpty() ? -1 : 0;
-            } else {
-                longueur_ = 50;
-            }
+            load_days();
         }
     } catch (const std::exception& e) {
         msg_erreur(a.ui, QString(), &e);
@@ -124,6 +110,29 @@ void FrmProg::setListeNage()
         select_row_at(nage_selection_, 0);
     }
     RefreshListeNage();
+}
+
+void FrmProg::load_days()
+{
+    days_.clear();
+    day_dates_.clear();
+    day_index_ = -1;
+    const Rows rows =
+        app().db.load_rows(QStringLiteral("SELECT Longueur, Debut, Fin from Rcomp where AutoNum = ") + sql_key(key_));
+    if (rows.size() > 0) {
+        longueur_ = rows.value(0, 0).toInt();
+        const QString debut = rows.value(0, 1);
+        const int count = EcartJours(DateLongue(debut), DateLongue(rows.value(0, 2))) + 1;
+        const QDate first = QDate::fromString(debut, QStringLiteral("yyyyMMdd"));
+        for (int d = 0; d < count && first.isValid(); ++d) {
+            const QDate day = first.addDays(d);
+            day_dates_ << day;
+            days_ << DateLongue(day.toString(QStringLiteral("yyyyMMdd")), QStringLiteral("d mmm yyyy"));
+        }
+        day_index_ = days_.isEmpty() ? -1 : 0;
+    } else {
+        longueur_ = 50;
+    }
 }
 
 void FrmProg::apply_loaded(const LoadedProg& loaded)
@@ -344,16 +353,42 @@ void FrmProg::cmd_ok()
 {
     AppContext& a = app();  // the view may be gone once finished
     bool saved = false;
+    ProgModelRequest next;
     if (mode_ == keyword::kModif && !modele_) {
         SaveFormInTab();
         saved = SaveTabInTable(QStringLiteral("Pcomp"), key_, false);
+        if (Chk_modele) {
+            // The programme as saved goes on into a model, once this window
+            // has gone.
+            next.mode = QString(keyword::kModeleDepuisProgramme);
+            next.caption = QStringLiteral("&Nouveau");
+            next.title = QStringLiteral("Enregistrement du programme dans un modèle");
+            next.save = [&a, tab = tab_, days = int(days_.size())](const QString& num) mutable {
+                return plouvarine::SaveTabInTable(a, tab, days, QStringLiteral("Pcomp_modele"), num, true);
+            };
+        }
     } else if (mode_ == keyword::kModif || mode_ == kNewModele) {
         SaveFormInTab();
         saved = SaveTabInTable(QStringLiteral("Pcomp_modele"), key_, true);
+        if (mode_ == keyword::kModif) {
+            next.mode = QString(keyword::kModif);
+            next.num = key_;
+            next.caller = a.windows.caller_of(QString(kName));
+            try {
+                next.name = a.db.load_rows(QStringLiteral("select Nom_modele from Modele_prog where NumAuto = ") +
+                                           sql_key(key_))
+                                .first();
+            } catch (const std::exception& e) {
+                msg_erreur(a.ui, QString(), &e);
+                next.mode.clear();
+            }
+        }
     }
     finish();
     if (saved)
         status_text(a.ui, kStatusProgSaved);
+    if (!next.mode.isEmpty())
+        open_prog_models(a, next);
 }
 
 void FrmProg::cmd_annuler()

@@ -15,6 +15,8 @@
 
 namespace plouvarine {
 
+struct LenexProgramme;
+
 class FrmProg : public View {
 public:
     static constexpr QLatin1String kName{"frm_prog"};
@@ -103,6 +105,26 @@ public:
 
     // Cmd_det_def: the finished programme, or back to the definition.
     void Cmd_det_def();
+    // The sources of a programme; each fills the array for review, nothing
+    // reaches the base before "Ok".
+    // Cmd_modele: a programme model chosen in the model list.
+    void Cmd_modele();
+    // Cmd_compet: a competition that took place, hidden or not.
+    void Cmd_compet();
+    // Cmd_charger: a Pcomp.txt (models only).
+    void Cmd_charger();
+    // Cmd_lenex: the events of a Lenex meet file.
+    void Cmd_lenex();
+    bool Cmd_lenex_visible() const { return cmd_compet_visible_; }
+    // What each source does once chosen.
+    void prendre_modele(const QString& num, const QString& name);
+    void prendre_compet(const QString& autonum);
+    void charger_pcomp(const QString& path);
+    void charger_lenex(const QString& path);
+    // The copy list's own statement: competitions that took place and have a
+    // programme.
+    static QString CompetPourProgSql();
+
     // Command1 0 "Ok" and 1 "&Annuler".
     void cmd_ok();
     void cmd_annuler();
@@ -118,6 +140,9 @@ private:
     void apply_loaded(const LoadedProg& loaded);
     void finish();
     int code_of(int row) const;
+    void model_days(int count);
+    void offer_meet(const LenexProgramme& meet);
+    void load_days();
 
     QString mode_;
     QString key_;

@@ -29,8 +29,8 @@ void set_competition_door(const QString& keyword, CompetitionDoor door)
 
 // "modif prog" opens the programme of the competition; a registered door opens
 // the window of its keyword (the entries and the relays, the runner for "disk"
-// and "Impor res", the entry slip and the convocations). A keyword whose
-// window is still to be written (the entry models) says so.
+// and "Impor res", the entry slip and the convocations, the model list of
+// "modele depuis engagement"). A keyword with no door says so.
 void competition_chosen(AppContext& app, const QString& keyword, const QString& num)
 {
     const auto door = doors().constFind(keyword);

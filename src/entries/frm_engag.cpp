@@ -4,6 +4,9 @@
 #include "src/base/utils_time.h"
 #include "src/competitions/handoff.h"
 #include "src/competitions/liste_compet.h"
+#include "src/entries/liste_modele.h"
+#include "src/entries/modeles.h"
+#include "src/base/sql_text.h"
 #include "src/frame/app_context.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
@@ -322,12 +325,57 @@ void FrmEngag::cmd_ok()
     save_current();
     const bool modele_wanted = !modele_ && Chk_DoModele && mode_ != keyword::kView;
     const QString key = key_;
+    const bool rename = modele_ && mode_ == keyword::kModif;
+    const QString caller = a.windows.caller_of(QString(kName));
     finish();
+    // A model edited keeps or changes its name.
+    if (rename) {
+        try {
+            const QString name = a.db.load_rows(QStringLiteral("select Nom_modele from Modele_engag where NumAuto = ") +
+                                                sql_key(key))
+                                     .first();
+            NommerModele(a, QString(keyword::kModelEngag), QString(keyword::kModif), key, name, caller);
+        } catch (const std::exception& e) {
+            msg_erreur(a.ui, QString(), &e);
+        }
+    }
     // The entries go on into a new model once this pass has ended: the door of
     // "modele depuis engagement" is the model list, which the entry models
     // register.
     if (modele_wanted)
         competition_chosen(a, QString(keyword::kModeleDepuisEngagement), key);
+}
+
+void FrmEngag::Cmd_modele()
+{
+    if (!cmd_modele_visible())
+        return;
+    AppContext& a = app();
+    FrmListeModele* list =
+        OuvrirListeModele(a, QString(keyword::kModelEngag), QString(keyword::kChoisir), QStringLiteral("&Choisir"),
+                          QStringLiteral("Choix d'un modèle d'engagements"), QString(kName));
+    if (list)
+        list->on_chosen = [&a](const QString& num, const QString& name) {
+            if (auto* engag = dynamic_cast<FrmEngag*>(a.windows.instance(QString(kName))))
+                engag->appliquer_modele(num, name);
+        };
+}
+
+void FrmEngag::appliquer_modele(const QString& num, const QString& name)
+{
+    AppContext& a = app();
+    save_current();
+    swimmer_.clear();
+    status_text(a.ui, QStringLiteral("Récupération des données du modèle ") + name);
+    AppliquerModele(a, num, key_);
+    status_text(a.ui, QString());
+    try {
+        show_counts(read_counts(a, scope_));
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, QString(), &e);
+    }
+    team_index_ = -1;
+    set_team(0);
 }
 
 void FrmEngag::cmd_annuler()
@@ -337,6 +385,7 @@ void FrmEngag::cmd_annuler()
         status_text(a.ui, QStringLiteral("Annulation des modifications"));
         try {
             if (mode_ == kNewModele) {
+                EffacerModele(a, key_);
                 a.db.exec_sql(QStringLiteral("DELETE from Modele_engag where NumAuto = ") + key_);
             } else {
                 undo_team_pass(a, scope_);

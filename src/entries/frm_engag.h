@@ -112,6 +112,12 @@ public:
     QString txt_nb_equipe[3];
     void cmd_def_team();
 
+    // Cmd_modele, in a competition: a model chosen in the model list replaces
+    // all the entries and relays of the competition.
+    void Cmd_modele();
+    bool cmd_modele_visible() const { return chk_domodele_visible(); }
+    void appliquer_modele(const QString& num, const QString& name);
+
     // Command 0 keeps the pass, command 1 undoes it; both then clear the
     // work tables and close.
     void cmd_ok();

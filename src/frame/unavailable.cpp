@@ -11,9 +11,6 @@ namespace {
 constexpr const char* kToCome[] = {
     // Imports and exports.
     "mnuBaseClubImport", "mnuBaseClubExport", "mnuLicImport", "mnuLicMaj", "mnuLicExp",
-    // Models of entries and of programmes.
-    "mnuModeleEngagNew", "mnuModeleEngagView", "mnuModeleEngagModif", "mnuModeleEngagSuppr",
-    "mnuModeleProgNew", "mnuModeleProgView", "mnuModeleProgModif", "mnuModeleProgSuppr",
     // Performances.
     "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
 };

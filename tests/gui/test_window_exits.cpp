@@ -51,6 +51,8 @@ const ChildWindow kWindows[] = {
     {"mnuCompetVoirResult", "frm_view_result", "cmd_1"},
     {"mnuPerfRecView", "frm_view_record", "cmd_quitter"},
     {"mnuPerfRecModifier", "det_categorie_record_club", "cmd_1"},
+    {"mnuModeleEngagView", "frm_liste_modele", "Command1_1"},
+    {"mnuModeleProgSuppr", "frm_liste_modele", "Command1_1"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };

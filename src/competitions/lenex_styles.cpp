@@ -1,4 +1,4 @@
-#include "components/lenex/lenex_events.h"
+#include "src/competitions/lenex_styles.h"
 
 namespace plouvarine::lenex {
 

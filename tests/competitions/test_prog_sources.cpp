@@ -1,0 +1,311 @@
+// The sources of a programme: an organiser's Pcomp.txt (with nage.txt), a
+// past competition and a Lenex meet file, read into frm_prog on a real base.
+// Bad files leave the programme on screen as it was.
+
+#include "components/lenex/lenex_reader.h"
+#include "src/base/zip.h"
+#include "src/clubs/pools.h"
+#include "src/competitions/frm_prog.h"
+#include "src/competitions/liste_compet.h"
+#include "src/competitions/prog_sources.h"
+#include "src/competitions/utils_programme.h"
+#include "src/frame/keywords.h"
+#include "src/frame/list_helpers.h"
+#include "src/store/sentinels.h"
+#include "support/app_fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+
+using namespace plouvarine;
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+QT_END_NAMESPACE
+
+namespace {
+
+const QString kRecuperation =
+    QStringLiteral("Une erreur s'est produite lors de la récupération des données d'un programme.");
+
+class ProgSources : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        AppFixture::SetUp();
+        connect(make_base());
+        check_piscine_reference(app->db, app->ui);
+        app->state.profile_num = QStringLiteral("1");
+        app->clock.set_today(QDate(2025, 3, 10));
+        QDir().mkpath(work_file(QStringLiteral("org")));
+    }
+    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
+    QString compet(const QString& debut, const QString& fin, int longueur, bool deroule = false, bool visible = true)
+    {
+        return app->db.append_row(QStringLiteral("Rcomp"),
+                                  {{"Num", "N1"}, {"Nom", "Meeting"}, {"Debut", debut}, {"Fin", fin}, {"Lieu", "Brest"},
+                                   {"Longueur", longueur}, {"Nb_couloir", 8}, {"Deroule", deroule},
+                                   {"Visible", visible}, {"Num_Piscine", NumPiscineNulle(*app).toInt()}},
+                                  QStringLiteral("AutoNum"));
+    }
+    FrmProg* model_prog()
+    {
+        const QString num = app->db.append_row(QStringLiteral("Modele_prog"),
+                                               {{"Nom_modele", "Meeting"}, {"Num_profil", 1}}, QStringLiteral("NumAuto"));
+        return OuvrirProg(*app, QString(keyword::kModif), num, true, QStringLiteral("Modèle"), {});
+    }
+    QString write(const QString& name, const QByteArray& bytes)
+    {
+        const QString path = work_file(QStringLiteral("org/") + name);
+        QFile f(path);
+        f.open(QIODevice::WriteOnly);
+        f.write(bytes);
+        return path;
+    }
+    // "code:day:type:finals:kind:order" of each programmed slot.
+    static QStringList slots_of(const FrmProg& prog)
+    {
+        QStringList out;
+        for (int c = 0; c < kEventSlots; ++c) {
+            const ProgSlot& s = prog.tabProg()[size_t(c)];
+            if (s.JourCourse > 0)
+                out << QStringLiteral("%1:%2:%3:%4:%5:%6")
+                           .arg(c)
+                           .arg(s.JourCourse)
+                           .arg(s.Type)
+                           .arg(s.Nb_finales)
+                           .arg(s.Type_finale)
+                           .arg(s.Num_ordre);
+        }
+        return out;
+    }
+};
+
+}  // namespace
+
+TEST_F(ProgSources, PcompFileIsTakenByItsNameWhateverTheCase)
+{
+    FrmProg* prog = model_prog();
+    ASSERT_NE(prog, nullptr);
+    // Windows line ends and a blank line are no trouble.
+    const QByteArray text = "xxx0215032025 32T01\r\n\r\nxxx5216032025 11 03\r\n";
+    prog->charger_pcomp(write(QStringLiteral("PCOMP.TXT"), text));
+    EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(slots_of(*prog), (QStringList{"2:1:3:2:T:1", "52:2:1:1: :3"}));
+    EXPECT_EQ(prog->txt_nb_journee, "2");
+    EXPECT_EQ(prog->CboDate(), (QStringList{"1ère journée", "2ème journée"}));
+    // Read from a copy that is gone once read.
+    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Copie du fichier dans répertoire temporaire")));
+    EXPECT_TRUE(QDir(app->tempo_dir()).entryList({QStringLiteral("tmpProg*")}, QDir::Dirs).isEmpty());
+
+    ui.clear();
+    prog->charger_pcomp(write(QStringLiteral("prog.txt"), text));
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Sélectionner un fichier Pcomp.txt !")});
+    // Cancelling the dialog is no error.
+    ui.clear();
+    prog->Cmd_charger();
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ui.file_requests.size(), 1u);
+    EXPECT_EQ(ui.file_requests[0].title, "Sélection Fichier Pcomp.txt");
+    EXPECT_EQ(prog->txt_nb_journee, "2");
+}
+
+TEST_F(ProgSources, PcompWithoutDatesKeepsDayOneAndTheDayCount)
+{
+    FrmProg* prog = model_prog();
+    prog->txt_nb_journee = QStringLiteral("3");
+    prog->SetListeFromText();
+    prog->charger_pcomp(write(QStringLiteral("Pcomp.txt"), "   03         1  07\n   13         21C11\n"));
+    EXPECT_EQ(slots_of(*prog), (QStringList{"3:1:1:0: :7", "13:1:2:1:C:11"}));
+    EXPECT_EQ(prog->txt_nb_journee, "3");
+    EXPECT_EQ(prog->CboDate().size(), 3);
+}
+
+TEST_F(ProgSources, UnknownCodesAreReportedAndTheOthersLoaded)
+{
+    FrmProg* prog = model_prog();
+    const QString pcomp =
+        write(QStringLiteral("Pcomp.txt"), "   9710032025 1  04\n   0110032025 1  01\n   9811032025 1  09\n");
+    prog->charger_pcomp(pcomp);
+    EXPECT_EQ(slots_of(*prog), QStringList{"1:1:1:0: :1"});
+    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+    EXPECT_EQ(ui.texts().join(QString()),
+              "Des codes nages sont inconnus dans le fichier pcomp.txt : \n97\n98\n"
+              "Fichier nage.txt non présent, impossible de trouver des informations sur ces codes.");
+
+    // nage.txt in Latin-1, as the organisers' tools write it.
+    ui.clear();
+    write(QStringLiteral("nage.txt"), QStringLiteral("97Relais élite\r\n98Nage palmée\r\n").toLatin1());
+    prog->charger_pcomp(pcomp);
+    EXPECT_EQ(ui.texts().join(QString()),
+              "Des codes nages sont inconnus dans le fichier pcomp.txt : \n"
+              "97Relais élite        , journée 1, ordre 4\n"
+              "98Nage palmée         , journée 2, ordre 9");
+}
+
+TEST_F(ProgSources, UnreadablePcompLeavesTheProgrammeAsItWas)
+{
+    FrmProg* prog = model_prog();
+    prog->charger_pcomp(write(QStringLiteral("Pcomp.txt"), "   0210032025 3  01\n"));
+    const QStringList before = slots_of(*prog);
+    ASSERT_EQ(before.size(), 1);
+    for (const QByteArray& bad : {QByteArray("   0510032025 1  02\nab\n"), QByteArray("   x510032025 1  02\n"),
+                                  QByteArray("   0510032025 Z  02\n"), QByteArray("   0531132025 1  02\n")}) {
+        ui.clear();
+        prog->charger_pcomp(write(QStringLiteral("Pcomp.txt"), bad));
+        ASSERT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u) << bad.toStdString();
+        EXPECT_TRUE(ui.texts().first().startsWith(kRecuperation + QLatin1String("\nLigne ")))
+            << ui.texts().first().toStdString();
+        EXPECT_EQ(slots_of(*prog), before) << bad.toStdString();
+    }
+    // A file gone between the dialog and the reading.
+    ui.clear();
+    prog->charger_pcomp(work_file(QStringLiteral("org/gone/Pcomp.txt")));
+    EXPECT_EQ(ui.texts(), QStringList{kRecuperation + QStringLiteral(
+                                          "\nLe fichier Pcomp.txt ne peut être copié dans le répertoire temporaire.")});
+    EXPECT_EQ(slots_of(*prog), before);
+}
+
+TEST_F(ProgSources, CopyListShowsRetiredCompetitionsWithAProgramme)
+{
+    const QString retired = compet("20240301", "20240302", 25, true, false);
+    const QString empty_past = compet("20240401", "20240401", 25, true, false);
+    const QString to_come = compet("20250401", "20250402", 50);
+    const std::tuple<QString, int, int> lines[] = {{retired, 0, 1}, {retired, 3, 2}, {to_come, 5, 1}};
+    for (const auto& [num, code, day] : lines)
+        app->db.exec_sql(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Type, Nb_finales, "
+                                        "Type_finale, Num_ordre) VALUES (%1, %2, %3, '1', '0', ' ', 0)")
+                             .arg(num)
+                             .arg(code)
+                             .arg(day));
+    Q_UNUSED(empty_past);
+    FrmProg* prog = model_prog();
+    prog->Cmd_compet();
+    auto* list = ui.window_as<FrmListeCompet>(QString(FrmListeCompet::kName));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->title(), "Choix d'une compétition mémorisée pour copie du programme");
+    ASSERT_EQ(list->lsv_compet().rowCount(), 1);
+    EXPECT_EQ(list->current_autonum(), retired);
+    list->cmd0();
+    EXPECT_EQ(slots_of(*prog), (QStringList{"0:1:1:0: :0", "3:2:1:0: :0"}));
+    EXPECT_EQ(prog->txt_nb_journee, "2");
+    EXPECT_EQ(prog->CboDate().size(), 2);
+}
+
+// ---------------------------------------------------------------- Lenex
+
+namespace {
+
+// What the file holds, read by the Lenex components' own reader: the days
+// from the first session date to the last, and the codes its events give.
+struct Expected {
+    int days = 1;
+    QSet<int> codes;
+    int without_code = 0;
+};
+
+Expected expected_of(const QString& path, const QString& work)
+{
+    const QStringList lefs = lenex::lef_files(path, work);
+    const lenex::Meet meet = lenex::read_lef(lefs.first()).meets.first();
+    Expected e;
+    if (!meet.first_date.isEmpty())
+        e.days = int(QDate::fromString(meet.first_date, "yyyyMMdd").daysTo(QDate::fromString(meet.last_date, "yyyyMMdd"))) + 1;
+    for (const lenex::Event& ev : meet.events) {
+        const QStringList genders = ev.gender == "F" || ev.gender == "M" || ev.gender == "X" ? QStringList{ev.gender}
+                                                                                               : QStringList{"F", "M"};
+        bool known = false;
+        for (const QString& g : genders)
+            if (const int code = lenex::event_code(ev.style, g.front()); code >= 0) {
+                e.codes.insert(code);
+                known = true;
+            }
+        e.without_code += known ? 0 : 1;
+    }
+    return e;
+}
+
+}  // namespace
+
+TEST_F(ProgSources, EachRealLenexFileGivesItsDaysAndEvents)
+{
+    if (!QDir(QStringLiteral(PLOUVARINE_LENEX_DIR)).exists())
+        GTEST_SKIP() << "no Lenex files at " PLOUVARINE_LENEX_DIR;
+    for (const char* name : {"example-results.lef", "16032025_Erlangen_lenex3_results.lxf", "38468.lxf"}) {
+        SCOPED_TRACE(name);
+        const QString path = QStringLiteral(PLOUVARINE_LENEX_DIR "/") + QLatin1String(name);
+        const Expected expected = expected_of(path, work_file(QStringLiteral("lxf")));
+        FrmProg* prog = model_prog();
+        ASSERT_NE(prog, nullptr);
+        ui.clear();
+        prog->charger_lenex(path);
+        EXPECT_EQ(prog->txt_nb_journee, QString::number(expected.days));
+        EXPECT_EQ(prog->CboDate().size(), expected.days);
+        EXPECT_EQ(slots_of(*prog).size(), expected.codes.size());
+        for (int code : expected.codes)
+            EXPECT_GE(prog->tabProg()[size_t(code)].JourCourse, 1) << code;
+        // The events with no code are told in one message.
+        if (expected.without_code > 0) {
+            ASSERT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+            EXPECT_EQ(ui.texts().first().count(QLatin1String("Epreuve ")), expected.without_code);
+        } else {
+            EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty());
+        }
+        ui.close_window(QString(FrmProg::kName));
+    }
+}
+
+TEST_F(ProgSources, LenexInvitationFillsAnEmptyCompetition)
+{
+    const QString num = compet("20250601", "20250601", 25);
+    FrmProg* prog = OuvrirProg(*app, QString(keyword::kModif), num, false, QStringLiteral("Programme"), {});
+    const QByteArray lef =
+        "<?xml version=\"1.0\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"Meeting d'été\" city=\"Quimper\" "
+        "course=\"LCM\"><POOL lanemax=\"10\"/><SESSIONS>"
+        "<SESSION number=\"1\" date=\"2025-06-14\"><EVENTS>"
+        "<EVENT eventid=\"1\" number=\"1\" gender=\"F\" round=\"PRE\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"FREE\"/></EVENT>"
+        "<EVENT eventid=\"2\" number=\"2\" gender=\"A\"><SWIMSTYLE distance=\"200\" relaycount=\"1\" stroke=\"BACK\"/></EVENT>"
+        "<EVENT eventid=\"3\" number=\"3\" gender=\"X\"><SWIMSTYLE distance=\"50\" relaycount=\"4\" stroke=\"MEDLEY\"/></EVENT>"
+        "</EVENTS></SESSION><SESSION number=\"2\" date=\"2025-06-15\"><EVENTS>"
+        "<EVENT eventid=\"4\" number=\"4\" gender=\"F\" round=\"FIN\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"FREE\"/></EVENT>"
+        "<EVENT eventid=\"5\" number=\"5\" gender=\"M\"><SWIMSTYLE distance=\"300\" relaycount=\"1\" stroke=\"SURF\"/></EVENT>"
+        "<EVENT eventid=\"6\" number=\"99999999999\" gender=\"M\"><SWIMSTYLE distance=\"99999999999\" relaycount=\"1\" stroke=\"FREE\"/></EVENT>"
+        "</EVENTS></SESSION></SESSIONS></MEET></MEETS></LENEX>";
+    ui.answers.push_back(Button::Yes);
+    prog->charger_lenex(write(QStringLiteral("meet.lef"), lef));
+    EXPECT_EQ(value(QStringLiteral("select Nom || '|' || Lieu || '|' || Debut || '|' || Fin || '|' || Longueur || "
+                                   "'|' || Nb_couloir from Rcomp where AutoNum = ") +
+                    num),
+              "Meeting d'été|Quimper|20250614|20250615|50|10");
+    EXPECT_EQ(prog->CboDate().size(), 2);
+    // 100 free heats and final: one line, "Séries - Finales"; an open event for each sex.
+    EXPECT_EQ(slots_of(*prog), (QStringList{"2:1:3:1:T:1", "13:1:1:0: :2", "48:1:1:0: :3", "63:1:1:0: :2"}));
+    const QStringList texts = ui.texts();
+    ASSERT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+    EXPECT_TRUE(texts.last().contains(QLatin1String("Epreuve 5 : 300 m SURF, sexe M"))) << texts.last().toStdString();
+    EXPECT_TRUE(texts.last().contains(QLatin1String("Epreuve 0 : 0 m FREE, sexe M"))) << texts.last().toStdString();
+
+    // A programme that stands already: the competition is not offered again.
+    ui.clear();
+    prog->charger_lenex(work_file(QStringLiteral("org/meet.lef")));
+    EXPECT_TRUE(ui.titled(QStringLiteral("Confirmation")).empty());
+
+    // Bad files: a clear message, the programme as it was.
+    const QStringList before = slots_of(*prog);
+    const QString zip_inside = write(QStringLiteral("inner.lef"), lef);
+    const QString twice = work_file(QStringLiteral("org/twice.lxf"));
+    const QString once = work_file(QStringLiteral("org/once.lxf"));
+    ASSERT_TRUE(zip_file(once, zip_inside, QStringLiteral("meet.lef")));
+    ASSERT_TRUE(zip_file(twice, once, QStringLiteral("meet.lxf")));
+    const QStringList bad{write(QStringLiteral("notxml.lef"), "Programme du meeting\nEpreuve 1"),
+                          write(QStringLiteral("cut.lef"), lef.left(lef.size() / 2)),
+                          write(QStringLiteral("fake.lxf"), "PK\x03\x04 not a zip"), twice};
+    for (const QString& path : bad) {
+        ui.clear();
+        prog->charger_lenex(path);
+        ASSERT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u) << path.toStdString();
+        EXPECT_TRUE(ui.texts().first().startsWith(kRecuperation + QLatin1Char('\n'))) << path.toStdString();
+        EXPECT_EQ(slots_of(*prog), before) << path.toStdString();
+    }
+}

@@ -1,0 +1,166 @@
+// The model windows on Qt's offscreen platform: the model list reached from
+// the menu with its marks and its undo, the naming window left by each of its
+// ways, and the programme window with its sources.
+
+#include "gui/all_windows.h"
+#include "gui/frame/view_window.h"
+#include "gui/frame/window_factory.h"
+#include "drawn_main_window.h"
+#include "gui_application.h"
+#include "src/competitions/frm_prog.h"
+#include "src/competitions/utils_programme.h"
+#include "src/entries/liste_modele.h"
+#include "src/frame/keywords.h"
+#include "support/app_fixture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class ModelWindowsTest : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        AppFixture::SetUp();
+        connect(make_base());
+        app->state.profile_num = QStringLiteral("1");
+        main.open(*app, ui);
+    }
+    void TearDown() override
+    {
+        main.close();
+        AppFixture::TearDown();
+    }
+    QString model(const QString& name, const QString& table = QStringLiteral("Modele_engag"))
+    {
+        return app->db.append_row(table, {{"Nom_modele", name}, {"Num_profil", 1}}, QStringLiteral("NumAuto"));
+    }
+    int count(const QString& sql) { return app->db.count_query(sql); }
+    void shot(QWidget* window, const QString& name)
+    {
+        const QString png = work_file(name);
+        ASSERT_TRUE(window->grab().save(png));
+        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+            QFile::copy(png, keep + QLatin1Char('/') + name);
+    }
+
+    plouvarine::testing::DrawnMainWindow main;
+};
+
+}  // namespace
+
+TEST_F(ModelWindowsTest, DeletionListMarksAndGivesBackOnCancel)
+{
+    model(QStringLiteral("Benjamins"));
+    model(QStringLiteral("Poussins"));
+    main->trigger(QStringLiteral("mnuModeleEngagSuppr"));
+    QWidget* window = main.child_window(QStringLiteral("frm_liste_modele"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Supprimer des modèles d'engagements"));
+    auto* tree = window->findChild<QTreeView*>("Lsv_modele");
+    ASSERT_EQ(tree->model()->rowCount(), 2);
+    auto* action = window->findChild<QPushButton*>("Command1_2");
+    EXPECT_EQ(action->text(), QStringLiteral("&Supprimer"));
+    shot(window, QStringLiteral("frm_liste_modele.png"));
+    tree->setCurrentIndex(tree->model()->index(0, 0));
+    QTest::keyClick(tree, Qt::Key_Delete);
+    EXPECT_EQ(tree->model()->rowCount(), 1);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where Suppr = true")), 1);
+    window->findChild<QPushButton*>("Command1_1")->click();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(main.child_window(QStringLiteral("frm_liste_modele")), nullptr);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where Suppr = false")), 2);
+    EXPECT_TRUE(main->action(QStringLiteral("mnuModeleEngagSuppr"))->isEnabled());
+}
+
+TEST_F(ModelWindowsTest, NamingWindowIsLeftByItsButtonsEscapeAndCloseBox)
+{
+    enum class Way { Ok, Cancel, Escape, CloseBox };
+    for (Way way : {Way::Ok, Way::Cancel, Way::Escape, Way::CloseBox}) {
+        DetModeleObli view(*app, QString(keyword::kModelProg), QString(keyword::kNouveauProg));
+        std::unique_ptr<gui::ViewWindow> window(gui::make_window(view, nullptr));
+        ASSERT_NE(window, nullptr);
+        window->show();
+        auto* name = window->findChild<QLineEdit*>("txt_nom");
+        QTest::keyClicks(name, QStringLiteral("Meeting d'Arvor"));
+        if (way == Way::Ok)
+            shot(window.get(), QStringLiteral("det_modele_obli.png"));
+        switch (way) {
+        case Way::Ok: window->findChild<QPushButton*>("Command1_0")->click(); break;
+        case Way::Cancel: window->findChild<QPushButton*>("Command1_1")->click(); break;
+        case Way::Escape: QTest::keyClick(name, Qt::Key_Escape); break;
+        case Way::CloseBox: window->close(); break;
+        }
+        EXPECT_TRUE(view.is_closed()) << int(way);
+        EXPECT_EQ(view.saved(), way == Way::Ok) << int(way);
+    }
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("select Nom_modele from Modele_prog")).first(),
+              QStringLiteral("Meeting d'Arvor"));
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_prog")), 1);
+}
+
+TEST_F(ModelWindowsTest, ProgrammeOfAModelOffersItsSources)
+{
+    const QString m = model(QStringLiteral("Meeting"), QStringLiteral("Modele_prog"));
+    main->trigger(QStringLiteral("mnuModeleProgModif"));
+    QWidget* list = main.child_window(QStringLiteral("frm_liste_modele"));
+    ASSERT_NE(list, nullptr);
+    list->findChild<QPushButton*>("Command1_2")->click();
+    QWidget* prog = main.child_window(QString(FrmProg::kName));
+    ASSERT_NE(prog, nullptr);
+    EXPECT_EQ(prog->windowTitle(), QStringLiteral("Modification du modèle de programme Meeting"));
+    for (const char* name : {"Cmd_charger", "Cmd_compet", "Cmd_lenex"}) {
+        auto* button = prog->findChild<QPushButton*>(name);
+        EXPECT_TRUE(button->isVisible() && button->isEnabled()) << name;
+    }
+    EXPECT_FALSE(prog->findChild<QPushButton*>("Cmd_modele")->isVisible());
+    prog->resize(900, 560);
+    shot(prog, QStringLiteral("frm_prog_modele.png"));
+    // A cancelled file dialog changes nothing.
+    prog->findChild<QPushButton*>("Cmd_lenex")->click();
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ui.file_requests.size(), 1u);
+    EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Sélection d'un fichier Lenex"));
+    prog->findChild<QPushButton*>("Command1_1")->click();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(main.child_window(QString(FrmProg::kName)), nullptr);
+    Q_UNUSED(m);
+}
+
+TEST_F(ModelWindowsTest, EntryWindowOpensTheModelChoice)
+{
+    app->state.club_code = QStringLiteral("FRA2210290017");
+    app->db.append_row(QStringLiteral("Rcomp"),
+                       {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20990405"}, {"Fin", "20990405"},
+                        {"Lieu", "Brest"}, {"Longueur", 25}, {"Visible", true}, {"Deroule", false}},
+                       QStringLiteral("AutoNum"));
+    model(QStringLiteral("Benjamins"));
+    main->trigger(QStringLiteral("mnuEngagIndiv"));
+    main.child_window(QStringLiteral("Frm_liste_compet"))->findChild<QPushButton*>("Command1_2")->click();
+    QWidget* engag = main.child_window(QStringLiteral("frm_engag"));
+    ASSERT_NE(engag, nullptr);
+    auto* cmd = engag->findChild<QPushButton*>("Cmd_modele");
+    ASSERT_TRUE(cmd->isVisible());
+    engag->resize(900, 600);
+    shot(engag, QStringLiteral("frm_engag_modele.png"));
+    cmd->click();
+    QWidget* list = main.child_window(QStringLiteral("frm_liste_modele"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->windowTitle(), QStringLiteral("Choix d'un modèle d'engagements"));
+    QTest::keyClick(list->findChild<QTreeView*>("Lsv_modele"), Qt::Key_Escape);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(main.child_window(QStringLiteral("frm_liste_modele")), nullptr);
+    engag->findChild<QPushButton*>("Command1_1")->click();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(main.child_window(QStringLiteral("frm_engag")), nullptr);
+}
