@@ -10,6 +10,7 @@
 #include "src/entries/frm_engag_relais.h"
 #include "src/licences/season_maintenance.h"
 #include "src/licences/utils_licences.h"
+#include "src/results/perf_commands.h"
 
 namespace plouvarine {
 
@@ -31,6 +32,7 @@ void install_subject_commands(AppContext& app)
     // Its doors to the entry files and the results import.
     install_exchange_doors();
     install_print_handoff();
+    install_perf_commands(app);
 }
 
 }  // namespace plouvarine

@@ -17,7 +17,7 @@ constexpr const char* kToCome[] = {
     "mnuModeleEngagNew", "mnuModeleEngagView", "mnuModeleEngagModif", "mnuModeleEngagSuppr",
     "mnuModeleProgNew", "mnuModeleProgView", "mnuModeleProgModif", "mnuModeleProgSuppr",
     // Performances and the club's records.
-    "mnuPerfImpor", "mnuPerfAjout", "mnuPerfAjoutRelais", "mnuPerfView", "mnuPerfExporter",
+    "mnuPerfImpor", "mnuPerfExporter",
     "mnuPerfRecView", "mnuPerfRecModifier",
     // Calculators and the performance monitor.
     "mnuOutilsCalculTps", "mnuOutilsCalculPoint", "mnuOutilsCalculPointEquipe",

@@ -140,7 +140,7 @@ TEST_F(MainWindowTest, EveryCommandLeadsSomewhereOrSaysItIsNotYetAvailable)
         EXPECT_TRUE(run && *run) << e.name.toStdString() << " runs nothing";
     }
     for (const char* name : {"mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe", "mnuPerfOrdiAffiche",
-                             "mnuCompetVoirResult", "mnuPerfView",
+                             "mnuCompetVoirResult",
                              "mnuModeleProgNew"}) {
         ui.clear();
         click(QLatin1String(name));
