@@ -10,6 +10,7 @@
 #include "gui/frame/attente_window.h"
 #include "gui/frame/date_windows.h"
 #include "gui/licences/licence_windows.h"
+#include "gui/results/perf_windows.h"
 
 namespace plouvarine::gui {
 
@@ -25,6 +26,7 @@ void register_all_windows()
     register_engag_window();
     register_relay_window();
     register_convocation_window();
+    register_perf_windows();
 }
 
 }  // namespace plouvarine::gui

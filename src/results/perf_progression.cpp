@@ -100,8 +100,12 @@ QString PerfProgressionView::choose_file()
     request.filter = QStringLiteral("Image PNG (*.png)|*.png|Document PDF (*.pdf)|*.pdf");
     request.save = true;
     request.confirm_overwrite = true;
-    request.default_suffix = QStringLiteral("png");
-    return plouvarine::choose_file(app().ui, request);
+    // A name typed with neither ending is a picture.
+    QString path = app().ui.file_dialog(request);
+    if (!path.isEmpty() && !path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) &&
+        !path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
+        path += QStringLiteral(".png");
+    return path;
 }
 
 bool PerfProgressionView::save(const QString& path, const QByteArray& data)

@@ -48,6 +48,9 @@ const ChildWindow kWindows[] = {
     {"mnuCompetNew", "det_compet", "Command1_1"},
     {"mnuModelePiscineView", "Frm_liste_piscine", "Command1_1"},
     {"mnuModelePiscineNew", "det_Piscine", "cmd_annuler"},
+    {"mnuPerfView", "frm_view_perf", "cmd_1"},
+    {"mnuPerfAjout", "frm_ajout_perf", "cmd_quitter"},
+    {"mnuPerfAjoutRelais", "frm_ajout_perf_relais", "cmd_quitter"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
