@@ -6,6 +6,7 @@
 #include "src/results/perf_progression.h"
 
 #include <QBuffer>
+#include <QCategoryAxis>
 #include <QDateTimeAxis>
 #include <QImage>
 #include <QLegend>
@@ -17,7 +18,6 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
-#include <QValueAxis>
 #include <QVBoxLayout>
 #include <QtCharts/QChartView>
 
@@ -65,9 +65,10 @@ private:
         auto* x = new QDateTimeAxis;
         x->setFormat(QStringLiteral("MM/yyyy"));
         x->setTitleText(QStringLiteral("Date"));
-        auto* y = new QValueAxis;
-        y->setTitleText(QStringLiteral("Temps (s)"));
-        y->setLabelFormat(QStringLiteral("%.2f"));
+        // The vertical axis reads as swim times.
+        auto* y = new QCategoryAxis;
+        y->setTitleText(QStringLiteral("Temps"));
+        y->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
         chart->addAxis(x, Qt::AlignBottom);
         chart->addAxis(y, Qt::AlignLeft);
         if (p.empty()) {
@@ -90,7 +91,7 @@ private:
             series->setName(name);
             series->setColor(color);
             series->setPointsVisible(true);
-            series->setMarkerSize(7);
+            series->setMarkerSize(5);
             for (const ProgressionPoint& point : points) {
                 series->append(double(msecs(point.date)), point.seconds);
                 span(point);
@@ -133,6 +134,10 @@ private:
 
         x->setRange(first.addDays(-15).startOfDay(), last.addDays(15).startOfDay());
         y->setRange(low, high);
+        for (int i = 0; i <= 6; ++i) {
+            const double v = low + (high - low) * i / 6;
+            y->append(texte_secondes(v), v);
+        }
         return chart;
     }
 

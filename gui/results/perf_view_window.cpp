@@ -31,6 +31,8 @@ public:
         recherche_ = new QLineEdit;
         recherche_->setObjectName(QStringLiteral("txt_recherche"));
         connect(recherche_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.recherche(t); });
+        // Enter empties the search field; Escape closes the window.
+        connect(recherche_, &QLineEdit::returnPressed, recherche_, &QLineEdit::clear);
         search->addWidget(recherche_, 1);
         left->addLayout(search);
         nageurs_ = new BoundList(QStringLiteral("LsvNageur"), view_.lsv_nageur(), view_.nageur_selection(), this);

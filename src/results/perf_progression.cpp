@@ -19,6 +19,16 @@ double secondes_temps(double value)
     return t.minutes * 60.0 + t.secondes + t.centiemes / 100.0;
 }
 
+QString texte_secondes(double seconds)
+{
+    const qint64 hundredths = qRound64(seconds * 100);
+    const qint64 minutes = hundredths / 6000;
+    const QString rest = QStringLiteral("%1.%2")
+                             .arg(hundredths / 100 % 60, 2, 10, QLatin1Char('0'))
+                             .arg(hundredths % 100, 2, 10, QLatin1Char('0'));
+    return minutes > 0 ? QString::number(minutes) + u':' + rest : rest;
+}
+
 Progression construit_progression(const Rows& rows)
 {
     Progression p;

@@ -45,6 +45,9 @@ struct Progression {
 // A time value m.sscc in seconds: 1.0235 gives 62.35.
 double secondes_temps(double value);
 
+// Seconds as a swim time is read: 68.2 gives "1:08.20", 32.5 gives "32.50".
+QString texte_secondes(double seconds);
+
 // The series from rows of Date_perf, Tps and Type_bassin. Rows with no time,
 // a status code (91 and more), or a date that is none are left out.
 Progression construit_progression(const Rows& rows);

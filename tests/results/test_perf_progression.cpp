@@ -50,6 +50,14 @@ TEST_F(ProgressionTest, SeriesFromTheSwimsOfOneEvent)
                                                           {QDate(2025, 1, 10), 25}}));
 }
 
+TEST(ProgressionAxis, SecondsReadAsSwimTimes)
+{
+    EXPECT_EQ(texte_secondes(68.2), QStringLiteral("1:08.20"));
+    EXPECT_EQ(texte_secondes(32.5), QStringLiteral("32.50"));
+    EXPECT_EQ(texte_secondes(59.999), QStringLiteral("1:00.00"));
+    EXPECT_EQ(texte_secondes(secondes_temps(15.0512)), QStringLiteral("15:05.12"));
+}
+
 TEST_F(ProgressionTest, ClubRelaysAndNothingToDraw)
 {
     relay_perf(8, QStringLiteral("20241201"), QStringLiteral("4.3010"), 1);
