@@ -14,6 +14,7 @@
 #include "gui/results/result_window.h"
 #include "gui/records/record_windows.h"
 #include "gui/tools/tool_windows.h"
+#include "gui/results/perf_windows.h"
 
 namespace plouvarine::gui {
 
@@ -33,6 +34,7 @@ void register_all_windows()
     register_record_windows();
     register_tool_windows();
     register_model_windows();
+    register_perf_windows();
 }
 
 }  // namespace plouvarine::gui

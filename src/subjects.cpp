@@ -14,6 +14,7 @@
 #include "src/results/result_commands.h"
 #include "src/records/frm_view_record.h"
 #include "src/tools/tool_commands.h"
+#include "src/results/perf_commands.h"
 
 namespace plouvarine {
 
@@ -41,6 +42,7 @@ void install_subject_commands(AppContext& app)
     install_record_commands(app);
     install_tool_commands(app);
     install_model_commands(app);
+    install_perf_commands(app);
 }
 
 }  // namespace plouvarine

@@ -2,7 +2,6 @@
 
 #include "src/base/files.h"
 #include "src/frame/base_commands.h"
-#include "src/frame/unavailable.h"
 #include "src/frame/operation_runner.h"
 
 namespace plouvarine {
@@ -11,7 +10,6 @@ AppContext::AppContext(Services& ui_, QString app_dir) : ui(ui_), app_dir_(std::
 {
     db.set_services(&ui);
     install_base_commands(*this);
-    install_unavailable_commands(*this);
     install_exchange_commands(*this);
 }
 

@@ -53,6 +53,9 @@ const ChildWindow kWindows[] = {
     {"mnuPerfRecModifier", "det_categorie_record_club", "cmd_1"},
     {"mnuModeleEngagView", "frm_liste_modele", "Command1_1"},
     {"mnuModeleProgSuppr", "frm_liste_modele", "Command1_1"},
+    {"mnuPerfView", "frm_view_perf", "cmd_1"},
+    {"mnuPerfAjout", "frm_ajout_perf", "cmd_quitter"},
+    {"mnuPerfAjoutRelais", "frm_ajout_perf_relais", "cmd_quitter"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };

@@ -1,0 +1,224 @@
+// The performance windows on Qt's offscreen platform, reached from the menu:
+// the history shown for a ticked swimmer, its progression chart drawn, saved
+// as PNG and PDF, printed and left every way; the manual forms typed into and
+// saved. Each is grabbed as a picture (PLOUVARINE_KEEP_SCREENSHOTS=<folder>).
+
+#include "gui/all_windows.h"
+#include "gui/frame/main_window.h"
+#include "drawn_main_window.h"
+#include "gui_application.h"
+#include "src/base/sql_text.h"
+#include "src/results/view_perf.h"
+#include "src/store/sentinels.h"
+#include "support/app_fixture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+using namespace plouvarine;
+using plouvarine::testing::ensure_application;
+
+namespace {
+
+class PerfWindowsTest : public plouvarine::testing::AppFixture {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        gui::register_all_windows();
+        AppFixture::SetUp();
+        connect(make_base());
+        app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
+        app->state.club_code = kClub;
+        app->state.club_name = QStringLiteral("Brest Natation");
+        app->state.profile_num = QStringLiteral("1");
+        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, kClub);
+        app->clock.set_today(QDate(2025, 3, 10));
+        install_template_component();
+        main.open(*app, ui);
+    }
+    void TearDown() override
+    {
+        main.close();
+        AppFixture::TearDown();
+    }
+    QString swimmer(const QString& nom, const QString& sexe)
+    {
+        return app->db.append_row(QStringLiteral("Licence"),
+                                  {{"Code_club", kClub}, {"Licence", nom.toUpper()}, {"Nom", nom}, {"Prenom", "Anne"},
+                                   {"Sexe", sexe}, {"Date_Naissance", "20050307"}, {"Visible", true}},
+                                  QStringLiteral("Num"));
+    }
+    void snapshot(QWidget* window, const QString& name, QSize size)
+    {
+        window->window()->resize(size);
+        window->resize(size);
+        QApplication::processEvents();
+        const QString png = work_file(name);
+        ASSERT_TRUE(window->grab().save(png));
+        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+            QFile::copy(png, keep + u'/' + name);
+    }
+    QWidget* open(const QString& command, const QString& name)
+    {
+        main->trigger(command);
+        return main.child_window(name);
+    }
+    void gone(const QString& name)
+    {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(main.child_window(name), nullptr) << name.toStdString();
+        EXPECT_FALSE(app->windows.is_open(name)) << name.toStdString();
+    }
+    QString first_bytes(const QString& path, int n)
+    {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? QString::fromLatin1(f.read(n)) : QString();
+    }
+
+    const QString kClub = QStringLiteral("FRA2210290017");
+    plouvarine::testing::DrawnMainWindow main;
+};
+
+TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
+{
+    const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
+    swimmer(QStringLiteral("Bihan"), QStringLiteral("F"));
+    const char* swims[][3] = {{"20230920", "1.1210", "25"}, {"20240301", "1.0950", "50"}, {"20240915", "1.0940", "25"},
+                              {"20241005", "1.1005", "25"}, {"20241201", "1.0899", "50"}, {"20250110", "1.0820", "25"}};
+    for (const auto& s : swims)
+        app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
+                                        "Lieu, Num_compet, NumManuel) VALUES (2, '%1', %2, %3, '%4', %5, 'Brest', 0, 0)")
+                             .arg(kClub, anne, QLatin1String(s[2]), QLatin1String(s[0]), QLatin1String(s[1])));
+
+    QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Performances des licenciés"));
+    auto* swimmers = window->findChild<QTreeView*>("LsvNageur");
+    ASSERT_EQ(swimmers->model()->rowCount(), 1);  // only those with a swim
+    swimmers->model()->setData(swimmers->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+    auto* print = window->findChild<QPushButton*>("cmd_2");
+    EXPECT_FALSE(print->isEnabled());
+    window->findChild<QPushButton*>("cmd_0")->click();
+    auto* perfs = window->findChild<QTreeView*>("LsvPerf");
+    ASSERT_EQ(perfs->model()->rowCount(), 4);
+    EXPECT_EQ(perfs->model()->index(3, 0).data().toString(), QStringLiteral("1:08.20"));
+    EXPECT_TRUE(print->isEnabled());
+    // Options are changed only between "&Modifier" and "&Valider".
+    auto* tri = window->findChild<QWidget*>("Opt_tri_0");
+    EXPECT_FALSE(tri->isEnabled());
+    window->findChild<QPushButton*>("Cmd_option_0")->click();
+    EXPECT_TRUE(tri->isEnabled());
+    EXPECT_FALSE(window->findChild<QPushButton*>("cmd_0")->isEnabled());
+    window->findChild<QPushButton*>("Cmd_option_2")->click();
+    EXPECT_FALSE(tri->isEnabled());
+
+    perfs->setCurrentIndex(perfs->model()->index(3, 0));
+    auto* chart_button = window->findChild<QPushButton*>("cmd_progression");
+    ASSERT_TRUE(chart_button->isEnabled());
+    EXPECT_TRUE(window->findChild<QPushButton*>("cmd_4")->isEnabled());
+    snapshot(window, QStringLiteral("perf_view.png"), QSize(1100, 640));
+
+    chart_button->click();
+    QWidget* chart = main.child_window(QStringLiteral("frm_perf_progression"));
+    ASSERT_NE(chart, nullptr);
+    EXPECT_EQ(chart->windowTitle(), QStringLiteral("Progression : Abgrall Anne - 100m n.l. Dames"));
+    snapshot(chart, QStringLiteral("perf_chart.png"), QSize(900, 560));
+
+    const QString png = work_file(QStringLiteral("progression.png"));
+    const QString pdf = work_file(QStringLiteral("progression.pdf"));
+    ui.files = {png, pdf};
+    chart->findChild<QPushButton*>("cmd_enregistrer")->click();
+    chart->findChild<QPushButton*>("cmd_enregistrer")->click();
+    EXPECT_EQ(first_bytes(png, 4), QStringLiteral("\x89PNG"));
+    EXPECT_EQ(first_bytes(pdf, 4), QStringLiteral("%PDF"));
+    chart->findChild<QPushButton*>("cmd_imprimer")->click();
+    ASSERT_EQ(ui.printed.size(), 1u);
+    EXPECT_TRUE(ui.printed[0].text.startsWith(QStringLiteral("Progression : Abgrall Anne")));
+
+    // Its own button, Escape and the close box.
+    chart->findChild<QPushButton*>("cmd_quitter")->click();
+    gone(QStringLiteral("frm_perf_progression"));
+    chart_button->click();
+    chart = main.child_window(QStringLiteral("frm_perf_progression"));
+    ASSERT_NE(chart, nullptr);
+    QTest::keyClick(chart, Qt::Key_Escape);
+    gone(QStringLiteral("frm_perf_progression"));
+    chart_button->click();
+    chart = main.child_window(QStringLiteral("frm_perf_progression"));
+    ASSERT_NE(chart, nullptr);
+    chart->parentWidget()->close();
+    gone(QStringLiteral("frm_perf_progression"));
+    EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
+}
+
+TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
+{
+    const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
+    QWidget* window = open(QStringLiteral("mnuPerfAjout"), QStringLiteral("frm_ajout_perf"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Ajout manuel de performances"));
+    auto* licences = window->findChild<QTreeView*>("lsv_licence");
+    ASSERT_EQ(licences->model()->rowCount(), 1);
+    licences->setCurrentIndex(licences->model()->index(0, 0));
+    QTest::keyClick(licences, Qt::Key_Return);
+    auto* nages = window->findChild<QTreeView*>("LsvNage");
+    ASSERT_GT(nages->model()->rowCount(), 0);
+    nages->setCurrentIndex(nages->model()->index(1, 0));  // 50m n.l. Dames
+    QTest::keyClick(nages, Qt::Key_Return);
+    auto* time = window->findChild<QLineEdit*>("txt_info_0");
+    QTest::keyClicks(time, QStringLiteral("0.3123"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_1"), QStringLiteral("Brest"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_3"), QStringLiteral("01"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_4"), QStringLiteral("03"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_5"), QStringLiteral("2025"));
+    window->findChild<QWidget*>("Op_f_0")->setFocus();
+    qobject_cast<QAbstractButton*>(window->findChild<QWidget*>("Op_f_0"))->click();
+    snapshot(window, QStringLiteral("perf_ajout.png"), QSize(820, 600));
+
+    ui.answers.push_back(Button::Yes);
+    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic, Tps, Date_perf, Codif_Fede, NumManuel FROM Liffn")).first(4),
+              QStringLiteral("1"));
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic FROM Liffn")).first(), anne);
+    EXPECT_TRUE(time->text().isEmpty());
+    window->findChild<QPushButton*>("cmd_quitter")->click();
+    gone(QStringLiteral("frm_ajout_perf"));
+}
+
+TEST_F(PerfWindowsTest, ManualRelayComposedAndSaved)
+{
+    for (const char* name : {"Abgrall", "Bihan", "Cozic", "Derrien"})
+        swimmer(QLatin1String(name), QStringLiteral("F"));
+    QWidget* window = open(QStringLiteral("mnuPerfAjoutRelais"), QStringLiteral("frm_ajout_perf_relais"));
+    ASSERT_NE(window, nullptr);
+    auto* nages = window->findChild<QTreeView*>("LsvNage");
+    int row = 0;
+    while (row < nages->model()->rowCount() && nages->model()->index(row, 0).data().toString() != QLatin1String("8"))
+        ++row;
+    nages->setCurrentIndex(nages->model()->index(row, 0));
+    QTest::keyClick(nages, Qt::Key_Return);
+    auto* add = window->findChild<QPushButton*>("Cmd_add_0");
+    for (int i = 0; i < 4; ++i)
+        add->click();
+    EXPECT_FALSE(add->isEnabled());
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_0"), QStringLiteral("4.1"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_1"), QStringLiteral("Quimper"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_3"), QStringLiteral("1"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_4"), QStringLiteral("3"));
+    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_5"), QStringLiteral("2025"));
+    snapshot(window, QStringLiteral("perf_ajout_relais.png"), QSize(1040, 740));
+    ui.answers.push_back(Button::Yes);
+    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Tps, Relayeur5 FROM Liffn_relais")).first(1),
+              app->state.num_lic_nulle);
+    EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
+}
+
+}  // namespace
