@@ -10,7 +10,7 @@ list(SORT chapters)
 
 set(index "# Plouvarine : guide de l'utilisateur\n\nUne saison du club, une tâche par chapitre.\n\n")
 foreach(chapter ${chapters})
-  file(STRINGS ${SOURCE}/${chapter} first LIMIT_COUNT 1)
+  file(STRINGS ${SOURCE}/${chapter} first LIMIT_COUNT 1 ENCODING UTF-8)
   string(REGEX REPLACE "^# *" "" title "${first}")
   string(APPEND index "- [${title}](${chapter})\n")
   file(COPY ${SOURCE}/${chapter} DESTINATION ${OUTPUT})
