@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
 # Installs every Debian package that building, running and testing Plouvarine needs.
 # With --tests, also what only the tests use: a word processor that writes the
-# RTF our templates must read.
+# RTF our templates must read, and the validators of the desktop files.
 set -euo pipefail
 packages=(
   build-essential cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-translations-l10n libgl-dev
   libsqlite3-dev sqlite3 libzip-dev zip unzip
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth
+  xvfb xauth cmark dpkg-dev
 )
 if [ "${1:-}" = "--tests" ]; then
-  packages+=(libreoffice-writer-nogui)
+  packages+=(libreoffice-writer-nogui desktop-file-utils appstream)
 fi
 missing=()
 for p in "${packages[@]}"; do
