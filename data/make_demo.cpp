@@ -369,7 +369,7 @@ void Generator::interclub(const Competition& c)
                                          "Old_equipe, Old_equipe_m) VALUES (?, ?, ?, 1, 0, 1, 0)"));
     Statement engag(db_, QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, "
                                         "Equipe_mixte, Tps_engagement, Date_perf, Lieu_perf, Bassin) "
-                                        "VALUES (?, ?, ?, ?, 1, 0, ?, ?, ?, 25)"));
+                                        "VALUES (?, ?, ?, ?, 1, 0, ?, ?, ?, ?)"));
     Statement relais(db_, QStringLiteral("INSERT INTO Relais (Num_profil, Num_compet, Code_epreuve, Num_Lic, Num_equipe, "
                                          "Equipe_mixte, Tps, Licence1, Licence2, Licence3, Licence4, Licence5, Licence6, "
                                          "Licence7, Licence8, Licence9, Licence10) "
@@ -386,7 +386,7 @@ void Generator::interclub(const Competition& c)
             for (int e = k; e < individual.size() && e <= k + (k == 4 ? 1 : 0); ++e) {
                 const int event = event_for(individual[e], sexe);
                 engag.run({c.autonum, profile_, event, s.num, swim_time(event, s, last.date, 0.005),
-                           day_text(last.date), last.city});
+                           day_text(last.date), last.city, last.pool});
             }
         }
         for (int code : {8, 44}) {

@@ -13,6 +13,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibraryInfo>
@@ -23,6 +24,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTranslator>
+#include <QTreeView>
 #include <cstdio>
 #include <functional>
 
@@ -73,6 +75,31 @@ public:
         }
         b->click();
         return true;
+    }
+
+    // Picks the line `index` of the list `combo` of the child window `window`,
+    // as the person's choice does.
+    void choose(const QString& window, const QString& combo, int index)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* c = w ? w->findChild<QComboBox*>(combo) : nullptr;
+        if (!c || c->count() <= index) {
+            std::fprintf(stderr, "guide_screenshots: no line %d in %s of %s\n", index, qPrintable(combo), qPrintable(window));
+            return;
+        }
+        c->setCurrentIndex(index);
+        Q_EMIT c->activated(index);
+    }
+
+    // Makes the first line of the list `list` of the child window `window` current.
+    void pick_first(const QString& window, const QString& list)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        if (v && v->model()->rowCount() > 0)
+            v->setCurrentIndex(v->model()->index(0, 0));
     }
 
     int failures = 0;
@@ -179,10 +206,14 @@ int main(int argc, char** argv)
     shoot.shot(QStringLiteral("engagements"), [&] {
         main->trigger(QStringLiteral("mnuEngagIndiv"));
         shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        // The interclub's first team, whose swimmers are entered.
+        shoot.choose(QStringLiteral("frm_engag"), QStringLiteral("cbo_team"), 1);
+        shoot.pick_first(QStringLiteral("frm_engag"), QStringLiteral("lsv_engag"));
     });
     shoot.shot(QStringLiteral("relais"), [&] {
         main->trigger(QStringLiteral("mnuEngagRelais"));
         shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.choose(QStringLiteral("frm_engag_relais"), QStringLiteral("cbo_team"), 1);
     });
     shoot.shot(QStringLiteral("convocations"), [&] {
         main->trigger(QStringLiteral("mnuEngagConvoc"));
