@@ -6,7 +6,9 @@
 #include "src/store/database.h"
 #include "support/app_fixture.h"
 
+#include <QDir>
 #include <QFile>
+#include <QSet>
 #include <QRegularExpression>
 #include <sqlite3.h>
 
@@ -147,6 +149,33 @@ TEST_F(DemoBase, HoldsWhatTheGuideSays)
                                    "Code_club = %1)")
                         .arg(club)),
               50);
+}
+
+}  // namespace
+
+namespace {
+
+// Every picture a chapter shows is in the guide's images, and small enough
+// for the repository; every picture there is shown somewhere.
+TEST(UserGuide, ShowsEveryPictureItHasAndHasEveryPictureItShows)
+{
+    const QDir guide(QStringLiteral(PLOUVARINE_SOURCE_DIR "/docs/guide"));
+    const QStringList chapters = guide.entryList({QStringLiteral("[0-9][0-9]-*.md")}, QDir::Files, QDir::Name);
+    ASSERT_EQ(chapters.size(), 11);
+    QSet<QString> shown;
+    const QRegularExpression picture(QStringLiteral("!\\[[^\\]]*\\]\\(images/([^)]+)\\)"));
+    for (const QString& chapter : chapters) {
+        QFile f(guide.filePath(chapter));
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        for (const auto& m : picture.globalMatch(QString::fromUtf8(f.readAll())))
+            shown.insert(m.captured(1));
+    }
+    QSet<QString> present;
+    for (const QFileInfo& png : QDir(guide.filePath(QStringLiteral("images"))).entryInfoList({QStringLiteral("*.png")})) {
+        present.insert(png.fileName());
+        EXPECT_LT(png.size(), 250 * 1024) << png.fileName().toStdString();
+    }
+    EXPECT_EQ(shown, present);
 }
 
 }  // namespace

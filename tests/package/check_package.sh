@@ -46,4 +46,16 @@ done
 dpkg-deb -x "$deb" "$out/root"
 cmp "$out/root$app/demo.mdb" "$build/bin/demo.mdb" || faults=$((faults + 1))
 [ -x "$out/root/usr/bin/plouvarine" ] || { echo "the launcher is not executable"; faults=$((faults + 1)); }
+
+# The launcher gives a user a working folder of their own and starts the
+# program from it: still running after three seconds is a start.
+user="$out/home/plouvarine"
+rc=0
+XDG_DATA_HOME="$out/home" QT_QPA_PLATFORM=offscreen timeout 3 "$out/root/usr/bin/plouvarine" > "$out/run.log" 2>&1 || rc=$?
+if [ "$rc" -ne 124 ]; then
+  echo "the program did not stay up (exit $rc):"; cat "$out/run.log"; faults=$((faults + 1))
+fi
+[ -f "$user/plouvarine" ] && [ ! -L "$user/plouvarine" ] || { echo "the executable is not copied"; faults=$((faults + 1)); }
+[ "$(readlink -f "$user/rcpres.so")" = "$(readlink -f "$out/root$app/rcpres.so")" ] || { echo "no link to the components"; faults=$((faults + 1)); }
+[ -f "$user/demo.mdb" ] && [ ! -L "$user/demo.mdb" ] || { echo "the demo base is not copied"; faults=$((faults + 1)); }
 exit $((faults > 0))
