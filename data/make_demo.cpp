@@ -141,7 +141,13 @@ private:
                           const QVector<int>& codes);
     QVector<MeetRelay> relays_of(const QVector<int>& codes, const QDate& day, int club_index);
     void import_results(const Competition& c, const DemoMeet& meet);
-    void import_performances(const QVector<DemoMeet>& meets);
+    void import_performances(lenex::PerformanceImport& perfs, const DemoMeet& meet, const QString& name);
+    struct Proposal {
+        double time = 0;
+        QString date, place;
+        int pool = 0;
+    };
+    Proposal proposal(const Swimmer& s, int event, const QDate& day);
     void records();
     QVector<int> relay_swimmers(const QString& sexe, const QDate& day, int skip) const;
 
@@ -153,8 +159,7 @@ private:
     QString nulle_;
     int profile_ = 0;
     QVector<int> pools_;
-    QVector<Competition> past_;
-    QVector<DemoMeet> meets_;
+    QVector<Competition> past_, coming_;
 };
 
 void Generator::club()
@@ -280,13 +285,22 @@ void Generator::competitions()
         int order = 1;
         for (int code : c.programme())
             add_line.run({c.autonum, code, order++});
-        if (past) {
-            entries(c);
-            past_.append(c);
-        } else {
-            interclub(c);
-        }
+        (past ? past_ : coming_).append(c);
     }
+}
+
+// The swimmer's best time in the event before `day`, over this season and
+// the one before, with its date, place and pool, as the entry window
+// proposes it; the time alone, estimated, when there is none (pool 0).
+Generator::Proposal Generator::proposal(const Swimmer& s, int event, const QDate& day)
+{
+    Statement best(db_, QStringLiteral("SELECT Tps, Date_perf, Lieu, Type_bassin FROM Liffn WHERE Num_Lic = ? AND "
+                                       "Code_epreuve = ? AND Tps > 0 AND Date_perf >= ? AND Date_perf < ? "
+                                       "ORDER BY Tps LIMIT 1"));
+    best.query({s.num, event, DebutSaison(day_text(day), 1), day_text(day)});
+    if (best.next())
+        return {best.real(0), best.text(1), best.text(2), best.integer(3)};
+    return {swim_time(event, s, day.addDays(-60), 0.01), QString(), QString(), 0};
 }
 
 void Generator::entries(const Competition& c)
@@ -304,8 +318,8 @@ void Generator::entries(const Competition& c)
             if (is_relay(code) || !suits(code, age) || people_.pick(3) == 0 || taken == 3)
                 continue;
             const int event = event_for(code, s.sexe);
-            engag.run({c.autonum, profile_, event, s.num, swim_time(event, s, before, 0.01), day_text(before),
-                       QStringLiteral("Plouvarine"), 25});
+            const Proposal p = proposal(s, event, c.date);
+            engag.run({c.autonum, profile_, event, s.num, p.time, p.date, p.place, p.pool ? p.pool : c.pool});
             ++taken;
         }
     }
@@ -374,7 +388,7 @@ void Generator::interclub(const Competition& c)
                                          "Equipe_mixte, Tps, Licence1, Licence2, Licence3, Licence4, Licence5, Licence6, "
                                          "Licence7, Licence8, Licence9, Licence10) "
                                          "VALUES (?, ?, ?, 1, 1, 0, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-    const Competition& last = past_.back();
+    const QDate before = past_.back().date;
     const QVector<int> individual = {2, 12, 22, 32, 41};
     for (const QString& sexe : {QStringLiteral("F"), QStringLiteral("M")}) {
         const QVector<int> team = relay_swimmers(sexe, c.date, 0).mid(0, 6);
@@ -385,15 +399,15 @@ void Generator::interclub(const Competition& c)
             // one two.
             for (int e = k; e < individual.size() && e <= k + (k == 4 ? 1 : 0); ++e) {
                 const int event = event_for(individual[e], sexe);
-                engag.run({c.autonum, profile_, event, s.num, swim_time(event, s, last.date, 0.005),
-                           day_text(last.date), last.city, last.pool});
+                const Proposal p = proposal(s, event, c.date);
+                engag.run({c.autonum, profile_, event, s.num, p.time, p.date, p.place, p.pool ? p.pool : c.pool});
             }
         }
         for (int code : {8, 44}) {
             const int event = event_for(code, sexe);
             double tps = 0;
             for (int leg = 0; leg < 4; ++leg)
-                tps = add_times(tps, leg_time(event, leg, clubs_[0].swimmers[team[leg]], last.date, 0.005));
+                tps = add_times(tps, leg_time(event, leg, clubs_[0].swimmers[team[leg]], before, 0.005));
             const auto num = [&](int leg) { return clubs_[0].swimmers[team[leg]].num; };
             relais.run({profile_, c.autonum, event, tps, num(0), num(1), num(2), num(3), nulle_, nulle_, nulle_, nulle_,
                         nulle_, nulle_});
@@ -488,16 +502,12 @@ void Generator::import_results(const Competition& c, const DemoMeet& meet)
                 n.relays, n.clubs_added, n.swimmers_added);
 }
 
-void Generator::import_performances(const QVector<DemoMeet>& meets)
+void Generator::import_performances(lenex::PerformanceImport& perfs, const DemoMeet& meet, const QString& name)
 {
-    exchange::Trace trace(work_.filePath(QStringLiteral("trace_performances.txt")));
-    Silent progress;
-    lenex::PerformanceImport perfs(db_, trace, progress);
-    for (int i = 0; i < meets.size(); ++i) {
-        const QString file = work_.filePath(QStringLiteral("performances_%1.lef").arg(i + 1));
-        write_meet(meets[i], clubs_, file);
-        perfs.import(lenex::read_lef(file));
-    }
+    const QString file = work_.filePath(name);
+    if (!QFileInfo::exists(file))
+        write_meet(meet, clubs_, file);
+    perfs.import(lenex::read_lef(file));
 }
 
 void Generator::records()
@@ -548,28 +558,37 @@ void Generator::run()
     swimmers();
     competitions();
     tx.commit();
+    exchange::Trace trace(work_.filePath(QStringLiteral("trace_performances.txt")));
+    Silent progress;
+    lenex::PerformanceImport perfs(db_, trace, progress);
+    // The two seasons before that of the last competition, two meets each:
+    // the history the first entries find their times in.
+    const QDate season = QDate::fromString(DebutSaison(day_text(past_.back().date)), QStringLiteral("yyyyMMdd"));
+    int n = 0;
+    for (int back = 2; back >= 1; --back) {
+        const QDate start = season.addYears(-back);
+        import_performances(perfs, history_meet(QStringLiteral("Meeting de Noël"), QStringLiteral("Plouvarine"),
+                                                start.addDays(95), 25, {1, 2, 11, 12, 21, 22, 31, 40, 7}),
+                            QStringLiteral("performances_%1.lef").arg(++n));
+        import_performances(perfs, history_meet(QStringLiteral("Meeting de printemps"), QStringLiteral("Lanvézec"),
+                                                start.addDays(230), 50, {1, 2, 3, 12, 22, 32, 42, 8}),
+                            QStringLiteral("performances_%1.lef").arg(++n));
+    }
+    // Each competition in turn: its entries, its results, and the results
+    // into the performances, where the next entries find them.
     for (const Competition& c : past_) {
+        lenex::Transaction entries_tx(db_);
+        entries(c);
+        entries_tx.commit();
         const DemoMeet meet = results_meet(c);
         import_results(c, meet);
-        meets_.append(meet);
+        import_performances(perfs, meet, QStringLiteral("resultats_%1.lef").arg(c.autonum));
     }
-    // The two seasons before that of the last competition, two meets each:
-    // the history the entries find their times in, over three seasons.
-    QVector<DemoMeet> history;
-    const QDate season = QDate::fromString(DebutSaison(day_text(past_.back().date)), QStringLiteral("yyyyMMdd"));
-    for (int back = 1; back <= 2; ++back) {
-        const QDate start = season.addYears(-back);
-        history.append(history_meet(QStringLiteral("Meeting de Noël"), QStringLiteral("Plouvarine"), start.addDays(95),
-                                    25, {1, 2, 11, 12, 21, 22, 31, 40, 7}));
-        history.append(history_meet(QStringLiteral("Meeting de printemps"), QStringLiteral("Lanvézec"),
-                                    start.addDays(230), 50, {1, 2, 3, 12, 22, 32, 42, 8}));
-    }
-    history.append(meets_);
-    // The import takes each file in a transaction of its own.
-    import_performances(history);
-    lenex::Transaction records_tx(db_);
+    lenex::Transaction rest_tx(db_);
+    for (const Competition& c : coming_)
+        interclub(c);
     records();
-    records_tx.commit();
+    rest_tx.commit();
 }
 
 }  // namespace
