@@ -2,7 +2,8 @@
 //   make_demo <model base> <output> <work folder> [today as yyyymmdd]
 // One invented club with its officers, fees, activities and pools, a
 // selection, 60 swimmers, three past competitions with their programmes,
-// entries, relays and results, three seasons of performances, record bands
+// entries and relays, their results (each in a competition made for them, as
+// the results import does), three seasons of performances, record bands
 // and records, and an interclub to come with its teams. The results and the
 // performances are written as the organisers' Lenex files into the work
 // folder and taken in by the program's own imports. Names come from fixed
@@ -159,6 +160,7 @@ private:
     QString nulle_;
     int profile_ = 0;
     QVector<int> pools_;
+    int piscine_null_ = 0;
     QVector<Competition> past_, coming_;
 };
 
@@ -190,7 +192,7 @@ void Generator::club()
         insert(QStringLiteral("INSERT INTO Activites (Code_federal, Activite, Responsable, Suppr) VALUES (?, ?, ?, 0)"),
                {kClub, QString::fromUtf8(a), people_.person()});
     // The reference pool first, as the opening of a new base makes it.
-    insert(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null')"), {});
+    piscine_null_ = insert(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null')"), {});
     const struct {
         const char *name, *address, *postcode, *city;
         int lanes, length;
@@ -491,13 +493,17 @@ DemoMeet Generator::history_meet(const QString& name, const QString& city, const
     return meet;
 }
 
+// As the results import with "Nouvelle" does: a competition made for the
+// results (taken place, shown, the reference pool), which the file fills.
 void Generator::import_results(const Competition& c, const DemoMeet& meet)
 {
     const QString file = work_.filePath(QStringLiteral("resultats_%1.lef").arg(c.autonum));
     write_meet(meet, clubs_, file);
     exchange::Trace trace(work_.filePath(QStringLiteral("trace_resultats.txt")));
     Silent progress;
-    const lenex::ResultCounts n = lenex::import_results(db_, lenex::read_lef(file), c.autonum, false, trace, progress);
+    const int made = insert(QStringLiteral("INSERT INTO Rcomp (Deroule, Visible, Num_Piscine) VALUES (1, 1, ?)"),
+                            {piscine_null_});
+    const lenex::ResultCounts n = lenex::import_results(db_, lenex::read_lef(file), made, true, trace, progress);
     std::printf("make_demo: %s: %d swims, %d relays, %d clubs and %d swimmers added\n", qPrintable(c.name), n.swims,
                 n.relays, n.clubs_added, n.swimmers_added);
 }

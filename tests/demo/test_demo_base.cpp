@@ -113,10 +113,15 @@ TEST_F(DemoBase, HoldsWhatTheGuideSays)
         {QStringLiteral("Membres de la sélection départementale"), QStringLiteral("select count(*) from Selection")},
         {QStringLiteral("Clubs adverses, ajoutés par l'import des résultats"),
          QStringLiteral("select count(*) from Club where Selection = false and Code_federal <> %1").arg(club)},
-        {QStringLiteral("Compétitions passées, avec programme, engagements, relais et résultats"),
-         QStringLiteral("select count(*) from Rcomp where Deroule = true and AutoNum in (select Num_compet from Pcomp) "
-                        "and AutoNum in (select Num_compet from Engag) and AutoNum in (select Num_compet from Relais) "
-                        "and AutoNum in (select Num_compet from Prres) and AutoNum in (select Num_compet from Prres_relais)")},
+        {QStringLiteral("Compétitions passées, avec programme, engagements et relais"),
+         QStringLiteral("select count(*) from Rcomp where Deroule = true and Visible = false and AutoNum in "
+                        "(select Num_compet from Pcomp) and AutoNum in (select Num_compet from Engag) and AutoNum in "
+                        "(select Num_compet from Relais)")},
+        // What the results browser lists: taken place, shown, with results.
+        {QStringLiteral("Compétitions de résultats importés"),
+         QStringLiteral("select count(*) from Rcomp where Deroule = true and Visible = true and AutoNum in "
+                        "(select Num_compet from Prres) and AutoNum in (select Num_compet from Prres_relais) and "
+                        "AutoNum in (select Num_compet from Categori) and Nom <> '' and Longueur > 0")},
         {QStringLiteral("Interclubs à venir"),
          QStringLiteral("select count(*) from Rcomp where Type = 'I' and Deroule = false and Visible = true")},
         {QStringLiteral("Équipes engagées à l'interclub"),

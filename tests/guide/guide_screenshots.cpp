@@ -219,6 +219,11 @@ int main(int argc, char** argv)
         main->trigger(QStringLiteral("mnuEngagConvoc"));
         shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
     });
+    shoot.shot(QStringLiteral("disquette"), [&] {
+        main->trigger(QStringLiteral("mnuEngagDisk"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    });
+    shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
     main.close();
     app.db.close();
     return shoot.failures == 0 ? 0 : 1;
