@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-translations-l10n libgl-dev
   libsqlite3-dev sqlite3 libzip-dev zip unzip
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth cmark dpkg-dev
+  xvfb xauth cmark-gfm dpkg-dev
 )
 if [ "${1:-}" = "--tests" ]; then
   packages+=(libreoffice-writer-nogui desktop-file-utils appstream)

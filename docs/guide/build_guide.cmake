@@ -1,4 +1,4 @@
-# cmake -DSOURCE=<docs/guide> -DOUTPUT=<app folder>/guide [-DCONVERTER=pandoc|cmark] -P build_guide.cmake
+# cmake -DSOURCE=<docs/guide> -DOUTPUT=<app folder>/guide [-DCONVERTER=pandoc|cmark-gfm|cmark] -P build_guide.cmake
 # Writes index.md (the table of the chapters) beside a copy of each chapter
 # and of images/; with a converter, an HTML page for the index and for each
 # chapter, whose links go to the HTML pages.
@@ -26,8 +26,11 @@ foreach(page index.md ${chapters})
   # Links between pages go to their HTML.
   string(REGEX REPLACE "\\(([0-9][0-9]-[^)]*)\\.md\\)" "(\\1.html)" text "${text}")
   file(WRITE ${OUTPUT}/page.tmp "${text}")
+  # The tables are GitHub's extension of CommonMark.
   if(tool MATCHES "pandoc")
-    execute_process(COMMAND ${CONVERTER} -f commonmark -t html ${OUTPUT}/page.tmp OUTPUT_VARIABLE body RESULT_VARIABLE rc)
+    execute_process(COMMAND ${CONVERTER} -f gfm -t html ${OUTPUT}/page.tmp OUTPUT_VARIABLE body RESULT_VARIABLE rc)
+  elseif(tool MATCHES "cmark-gfm")
+    execute_process(COMMAND ${CONVERTER} -e table ${OUTPUT}/page.tmp OUTPUT_VARIABLE body RESULT_VARIABLE rc)
   else()
     execute_process(COMMAND ${CONVERTER} ${OUTPUT}/page.tmp OUTPUT_VARIABLE body RESULT_VARIABLE rc)
   endif()
