@@ -5,9 +5,12 @@
 #include "src/subjects.h"
 #include "src/store/database.h"
 #include "support/app_fixture.h"
+#include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QSet>
 #include <QRegularExpression>
 #include <sqlite3.h>
@@ -181,6 +184,55 @@ TEST(UserGuide, ShowsEveryPictureItHasAndHasEveryPictureItShows)
         EXPECT_LT(png.size(), 250 * 1024) << png.fileName().toStdString();
     }
     EXPECT_EQ(shown, present);
+}
+
+}  // namespace
+
+namespace {
+
+int run_make_demo(const QStringList& args)
+{
+    QProcess p;
+    p.start(QStringLiteral(PLOUVARINE_MAKE_DEMO), args);
+    if (!p.waitForFinished(120000))
+        return -1;
+    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+}
+
+// The generator draws from a fixed seed: one day gives one base, its swimmers
+// from 8 to 40 years old that day. A model it cannot read, or a folder it
+// cannot write, leaves no base behind.
+TEST(MakeDemo, OneDayGivesOneBaseAndAFailureLeavesNone)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString first = dir.filePath(QStringLiteral("a.mdb")), second = dir.filePath(QStringLiteral("b.mdb"));
+    ASSERT_EQ(run_make_demo({model_file(), first, dir.filePath(QStringLiteral("lenex_a")), QStringLiteral("20270301")}), 0);
+    ASSERT_EQ(run_make_demo({model_file(), second, dir.filePath(QStringLiteral("lenex_b")), QStringLiteral("20270301")}), 0);
+    QFile a(first), b(second);
+    ASSERT_TRUE(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(a.readAll() == b.readAll());
+    {
+        Database db;
+        db.open(first);
+        const Rows ages = db.load_rows(QStringLiteral(
+            "select max(Date_Naissance), min(Date_Naissance) from Licence where Code_club = 'FRA2210290042' and Nom <> 'Null'"));
+        db.close();
+        EXPECT_GT(ages.value(0, 0), QStringLiteral("20180301"));
+        EXPECT_LE(ages.value(0, 0), QStringLiteral("20190301"));
+        EXPECT_GT(ages.value(0, 1), QStringLiteral("19860301"));
+        EXPECT_LE(ages.value(0, 1), QStringLiteral("19870301"));
+    }
+
+    const QString missing = dir.filePath(QStringLiteral("missing.mdb"));
+    EXPECT_EQ(run_make_demo({dir.filePath(QStringLiteral("no_model.sav")), missing, dir.filePath(QStringLiteral("l"))}), 1);
+    EXPECT_FALSE(QFile::exists(missing));
+    // A model that is no base: the generator stops and takes its work away.
+    const QString garbage = dir.filePath(QStringLiteral("garbage.sav"));
+    ASSERT_TRUE(plouvarine::testing::write_bytes(garbage, QByteArray(4096, 'x')));
+    EXPECT_EQ(run_make_demo({garbage, missing, dir.filePath(QStringLiteral("l"))}), 1);
+    EXPECT_FALSE(QFile::exists(missing));
+    EXPECT_FALSE(QFile::exists(missing + QStringLiteral(".building")));
 }
 
 }  // namespace
