@@ -51,7 +51,7 @@ cmp "$out/root$app/demo.mdb" "$build/bin/demo.mdb" || faults=$((faults + 1))
 # program from it: still running after three seconds is a start.
 user="$out/home/plouvarine"
 rc=0
-XDG_DATA_HOME="$out/home" QT_QPA_PLATFORM=offscreen timeout 3 "$out/root/usr/bin/plouvarine" > "$out/run.log" 2>&1 || rc=$?
+HOME="$out/home" XDG_CONFIG_HOME="$out/home/config" XDG_DATA_HOME="$out/home" QT_QPA_PLATFORM=offscreen timeout 3 "$out/root/usr/bin/plouvarine" > "$out/run.log" 2>&1 || rc=$?
 if [ "$rc" -ne 124 ]; then
   echo "the program did not stay up (exit $rc):"; cat "$out/run.log"; faults=$((faults + 1))
 fi
