@@ -185,6 +185,9 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "guide_screenshots: the demo base did not open\n");
         return 1;
     }
+    // The status bar as the program writes it (the scripted services keep it).
+    main->show_status(1, ui.status[1]);
+    main->show_status(2, ui.status[2]);
     shoot.shot(QStringLiteral("base-ouverte"), [] {});
     shoot.shot(QStringLiteral("clubs"), [&] { main->trigger(QStringLiteral("mnuBaseClubListe")); });
     shoot.shot(QStringLiteral("votre-club"), [&] { main->trigger(QStringLiteral("mnuBaseClubConfigInfo")); });
