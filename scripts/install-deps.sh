@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
 # Installs every Debian package that building, running and testing Plouvarine needs.
 # With --tests, also what only the tests use: a word processor that writes the
-# RTF our templates must read, and the PDF renderer that shows what was printed.
+# RTF our templates must read, the PDF renderer that shows what was printed, and the
+# validators of the desktop files.
 set -euo pipefail
 packages=(
   build-essential cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-translations-l10n libgl-dev qt6-charts-dev libqt6opengl6-dev
   libsqlite3-dev sqlite3 libzip-dev zip unzip
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth
+  xvfb xauth cmark-gfm dpkg-dev
 )
 if [ "${1:-}" = "--tests" ]; then
-  packages+=(libreoffice-writer-nogui poppler-utils)
+  packages+=(libreoffice-writer-nogui poppler-utils desktop-file-utils appstream)
 fi
 missing=()
 for p in "${packages[@]}"; do

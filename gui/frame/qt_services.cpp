@@ -6,6 +6,8 @@
 #include "gui/frame/window_factory.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QFileInfo>
@@ -208,6 +210,11 @@ void QtServices::push_wait_cursor()
 void QtServices::pop_wait_cursor()
 {
     QApplication::restoreOverrideCursor();
+}
+
+bool QtServices::open_document(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 }  // namespace plouvarine::gui

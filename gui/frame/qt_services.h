@@ -29,6 +29,7 @@ public:
     void show_window(std::unique_ptr<View> view) override;
     bool print_document(const QString& title, const QTextDocument& document) override;
     bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    bool open_document(const QString& path) override;
     bool progress(const QString& caption, int done, int total) override;
     void progress_end() override;
     bool bring_to_front(const QString& name) override;

@@ -83,6 +83,9 @@ public:
     // the progress away.
     virtual bool progress(const QString& caption, int done, int total) = 0;
     virtual void progress_end() = 0;
+    // Opens the document at `path` (the user guide) with the desktop's own
+    // program for its kind; false when none could open it.
+    virtual bool open_document(const QString& path) = 0;
 };
 
 // The file dialog, with the request's default suffix added to a chosen name

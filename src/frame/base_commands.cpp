@@ -1,4 +1,5 @@
 #include "src/frame/base_commands.h"
+#include "src/frame/user_guide.h"
 
 #include "src/frame/base_file_commands.h"
 #include "src/frame/software_update.h"
@@ -261,6 +262,7 @@ void install_base_commands(AppContext& app)
     app.commands.add(QStringLiteral("mnuBaseCompacter"), compact_command);
     app.commands.add(QStringLiteral("mnuBaseArchive"), archive_command);
     app.commands.add(QStringLiteral("mnuMajLogiciel"), software_update_command);
+    app.commands.add(QStringLiteral("mnuHelpGuide"), user_guide_command);
 }
 
 }  // namespace plouvarine

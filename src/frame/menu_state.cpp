@@ -117,6 +117,7 @@ constexpr TreeLine kTree[] = {
 
     // The help menu: "?" as its caption, the usual place of help on Windows.
     {0, "mnuHelp", "&?"},
+    {1, "mnuHelpGuide", "&Guide de l'utilisateur"},
     {1, "mnuMaj", "&Mise à jour"},
     {2, "mnuMajLogiciel", "&Logiciel"},
     {2, "mnuMajBase", "&Bases"},

@@ -129,7 +129,7 @@ TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
                               QStringLiteral("mnuBaseSuppr"), QStringLiteral("mnuExit")};
     expected += commands_under(menus, QStringLiteral("mnuHelp"));
     expected += commands_under(menus, QStringLiteral("mnuPerfOrdi"));
-    EXPECT_EQ(expected.size(), 4 + 3 + 4);
+    EXPECT_EQ(expected.size(), 4 + 4 + 4);
     EXPECT_EQ(enabled_commands(menus), expected);
 
     // The menus that open: those that lead to one of these commands.

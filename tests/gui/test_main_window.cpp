@@ -110,7 +110,7 @@ TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABase)
 
     const QStringList no_base{"mnuBaseNew",         "mnuBaseOpen",       "mnuBaseSuppr",
                               "mnuExit",            "mnuPerfOrdiAffiche", "mnuPerfOrdiMasquer",
-                              "mnuPerfOrdiParam",   "mnuPerfOrdiTjsVisible", "mnuMajLogiciel",
+                              "mnuPerfOrdiParam",   "mnuPerfOrdiTjsVisible", "mnuHelpGuide", "mnuMajLogiciel",
                               "mnuMajBase",         "mnuHelpInfo"};
     EXPECT_EQ(reachable_commands(), no_base);
 

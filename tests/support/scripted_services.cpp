@@ -126,6 +126,12 @@ bool ScriptedServices::print_document(const QString& title, const QTextDocument&
     return true;
 }
 
+bool ScriptedServices::open_document(const QString& path)
+{
+    opened_documents << path;
+    return open_answer;
+}
+
 bool ScriptedServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document)
 {
     {
@@ -172,6 +178,7 @@ void ScriptedServices::clear()
     printed.clear();
     pdfs.clear();
     progress_history.clear();
+    opened_documents.clear();
 }
 
 }  // namespace plouvarine::testing

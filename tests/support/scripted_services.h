@@ -80,6 +80,10 @@ public:
     bool print_document(const QString& title, const QTextDocument& document) override;
     // Writes a real PDF and records its path in `pdfs`.
     bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    // The documents opened, in order; `open_answer` false: no program could.
+    QStringList opened_documents;
+    bool open_answer = true;
+    bool open_document(const QString& path) override;
     QStringList pdfs;
     // Every caption of the progress; the person stops the run when `done`
     // reaches `cancel_at` (-1: never).

@@ -1,0 +1,233 @@
+// The screenshots of the user guide: the real main window over a copy of the
+// demo base, each window opened through its menu as the person would, and
+// grabbed into <output folder>/<name>.png. Run by scripts/guide-screenshots.sh
+// under Xvfb; the messages and file dialogs are scripted, the windows real.
+//   guide_screenshots <output folder>
+
+#include "drawn_main_window.h"
+
+#include "gui/all_windows.h"
+#include "src/frame/app_context.h"
+#include "src/subjects.h"
+#include "support/scripted_services.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTranslator>
+#include <QTreeView>
+#include <cstdio>
+#include <functional>
+
+using namespace plouvarine;
+
+namespace {
+
+class Shooter {
+public:
+    Shooter(testing::DrawnMainWindow& main, QString folder) : main_(main), folder_(std::move(folder)) {}
+
+    // Runs `action`; a modal window it opens is grabbed and closed, else the
+    // child window it leaves in front (the main window when there is none)
+    // is grabbed once the action is over.
+    void shot(const QString& name, const std::function<void()>& action)
+    {
+        bool modal_taken = false;
+        QTimer poll;
+        poll.setInterval(150);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (!modal || modal_taken)
+                return;
+            modal_taken = true;
+            save(name, modal->grab());
+            modal->close();
+        });
+        poll.start();
+        action();
+        settle();
+        poll.stop();
+        if (!modal_taken) {
+            QMdiSubWindow* front = main_->mdi_area()->activeSubWindow();
+            save(name, front ? front->grab() : main_->grab());
+        }
+        close_children();
+    }
+
+    // Clicks the button `button` of the child window `window`.
+    bool click(const QString& window, const QString& button)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* b = w ? w->findChild<QPushButton*>(button) : nullptr;
+        if (!b) {
+            std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(button), qPrintable(window));
+            return false;
+        }
+        b->click();
+        return true;
+    }
+
+    // Picks the line `index` of the list `combo` of the child window `window`,
+    // as the person's choice does.
+    void choose(const QString& window, const QString& combo, int index)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* c = w ? w->findChild<QComboBox*>(combo) : nullptr;
+        if (!c || c->count() <= index) {
+            std::fprintf(stderr, "guide_screenshots: no line %d in %s of %s\n", index, qPrintable(combo), qPrintable(window));
+            return;
+        }
+        c->setCurrentIndex(index);
+        Q_EMIT c->activated(index);
+    }
+
+    // Makes the first line of the list `list` of the child window `window` current.
+    void pick_first(const QString& window, const QString& list)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        if (v && v->model()->rowCount() > 0)
+            v->setCurrentIndex(v->model()->index(0, 0));
+    }
+
+    int failures = 0;
+
+private:
+    static void settle()
+    {
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+    }
+    void save(const QString& name, const QPixmap& picture)
+    {
+        const QString path = QDir(folder_).filePath(name + QStringLiteral(".png"));
+        // Small enough for the repository, large enough to read.
+        const QPixmap small = picture.width() > 960 ? picture.scaledToWidth(960, Qt::SmoothTransformation) : picture;
+        if (!small.save(path, "PNG", 9)) {
+            std::fprintf(stderr, "guide_screenshots: cannot write %s\n", qPrintable(path));
+            ++failures;
+            return;
+        }
+        std::printf("%s\n", qPrintable(path));
+    }
+    void close_children()
+    {
+        for (QMdiSubWindow* sub : main_->mdi_area()->subWindowList())
+            sub->close();
+        settle();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    testing::DrawnMainWindow& main_;
+    QString folder_;
+};
+
+bool copy_application_folder(const QString& from, const QString& to)
+{
+    for (const QFileInfo& f : QDir(from).entryInfoList(QDir::Files))
+        if (!QFile::copy(f.filePath(), QDir(to).filePath(f.fileName())))
+            return false;
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QTemporaryDir settings, app_dir, work;
+    qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+    QApplication qapp(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: guide_screenshots <output folder>\n");
+        return 2;
+    }
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    QTranslator qt_french;
+    if (qt_french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qt_french);
+    gui::register_all_windows();
+
+    const QString demo = QDir(work.path()).filePath(QStringLiteral("demo.mdb"));
+    if (!copy_application_folder(QFileInfo(QStringLiteral(PLOUVARINE_DEMO_FILE)).path(), app_dir.path())
+        || !QFile::copy(QStringLiteral(PLOUVARINE_DEMO_FILE), demo)) {
+        std::fprintf(stderr, "guide_screenshots: the application folder or the demo base is missing\n");
+        return 1;
+    }
+    QFile::setPermissions(demo, QFile::permissions(demo) | QFileDevice::WriteOwner);
+    QDir().mkpath(QString::fromLocal8Bit(argv[1]));
+
+    testing::ScriptedServices ui;
+    AppContext app(ui, app_dir.path());
+    app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
+    install_subject_hooks(app);
+    testing::DrawnMainWindow main;
+    main.open(app, ui);
+    app.enable_menus(false);
+    main->resize(1260, 780);
+    Shooter shoot(main, QString::fromLocal8Bit(argv[1]));
+
+    shoot.shot(QStringLiteral("demarrage"), [] {});
+    ui.files.push_back(demo);
+    main->trigger(QStringLiteral("mnuBaseOpen"));
+    if (!app.db.is_open()) {
+        std::fprintf(stderr, "guide_screenshots: the demo base did not open\n");
+        return 1;
+    }
+    // The status bar as the program writes it (the scripted services keep it).
+    main->show_status(1, ui.status[1]);
+    main->show_status(2, ui.status[2]);
+    shoot.shot(QStringLiteral("base-ouverte"), [] {});
+    shoot.shot(QStringLiteral("clubs"), [&] { main->trigger(QStringLiteral("mnuBaseClubListe")); });
+    shoot.shot(QStringLiteral("votre-club"), [&] { main->trigger(QStringLiteral("mnuBaseClubConfigInfo")); });
+    shoot.shot(QStringLiteral("piscines"), [&] { main->trigger(QStringLiteral("mnuModelePiscineView")); });
+    shoot.shot(QStringLiteral("licences"), [&] { main->trigger(QStringLiteral("mnuLicListe")); });
+    shoot.shot(QStringLiteral("licence"), [&] {
+        main->trigger(QStringLiteral("mnuLicModif"));
+        shoot.click(QStringLiteral("frm_liste_licence"), QStringLiteral("cmd_2"));
+    });
+    shoot.shot(QStringLiteral("competitions"), [&] { main->trigger(QStringLiteral("mnuCompetListe")); });
+    shoot.shot(QStringLiteral("competition"), [&] {
+        main->trigger(QStringLiteral("mnuCompetModif"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    });
+    shoot.shot(QStringLiteral("programme"), [&] {
+        main->trigger(QStringLiteral("mnuEngagProgramme"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    });
+    shoot.shot(QStringLiteral("engagements"), [&] {
+        main->trigger(QStringLiteral("mnuEngagIndiv"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        // The interclub's first team, whose swimmers are entered.
+        shoot.choose(QStringLiteral("frm_engag"), QStringLiteral("cbo_team"), 1);
+        shoot.pick_first(QStringLiteral("frm_engag"), QStringLiteral("lsv_engag"));
+    });
+    shoot.shot(QStringLiteral("relais"), [&] {
+        main->trigger(QStringLiteral("mnuEngagRelais"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.choose(QStringLiteral("frm_engag_relais"), QStringLiteral("cbo_team"), 1);
+    });
+    shoot.shot(QStringLiteral("convocations"), [&] {
+        main->trigger(QStringLiteral("mnuEngagConvoc"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    });
+    shoot.shot(QStringLiteral("disquette"), [&] {
+        main->trigger(QStringLiteral("mnuEngagDisk"));
+        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    });
+    shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
+    main.close();
+    app.db.close();
+    return shoot.failures == 0 ? 0 : 1;
+}
