@@ -59,7 +59,7 @@ TEST_F(DatabaseTest, ReadsEveryValueAsText)
     db.set_last_close(QStringLiteral("False"));
     EXPECT_EQ(last_close(db), QStringLiteral("Faux"));
     Rows numbers = db.load_rows(QStringLiteral("select Version, 1.2545, 3 * 2, 0.5 from Info"));
-    EXPECT_EQ(numbers.value(0, 0), QStringLiteral("4"));
+    EXPECT_EQ(numbers.value(0, 0), QStringLiteral("5"));
     EXPECT_EQ(numbers.value(0, 1), QStringLiteral("1.2545"));
     EXPECT_EQ(numbers.value(0, 2), QStringLiteral("6"));
     EXPECT_EQ(numbers.value(0, 3), QStringLiteral("0.5"));
