@@ -217,18 +217,6 @@ QSize MinimumSize::excess(const QSize& size) const
     return {std::max(size.width() - width, 0), std::max(size.height() - height, 0)};
 }
 
-void fill_columns(QStandardItemModel& model, const QStringList& headers, std::vector<QList<QStandardItem*>> columns)
-{
-    model.clear();
-    if (!columns.empty() && !columns.front().isEmpty())
-        for (QList<QStandardItem*>& column : columns)
-            model.appendColumn(column);
-    else
-        for (QList<QStandardItem*>& column : columns)
-            qDeleteAll(column);
-    model.setHorizontalHeaderLabels(headers);
-}
-
 QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection)
 {
     std::vector<int> rows;

@@ -7,7 +7,6 @@
 //
 // Row numbers count from 0, as Qt does; "no row" is std::nullopt.
 
-#include <QList>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -17,7 +16,6 @@
 
 class QAbstractItemModel;
 class QItemSelectionModel;
-class QStandardItem;
 class QStandardItemModel;
 
 namespace plouvarine {
@@ -53,12 +51,6 @@ std::optional<int> select_row(QItemSelectionModel& selection, const QString& tex
 std::optional<int> row_after_removal(int removed_row, int row_count);
 // Selects that row (or clears the selection on an empty list).
 std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_row);
-
-// Replaces the whole content of the model with `columns` (each one column's
-// items, top to bottom, all of the same length) under `headers`. The model
-// takes the items. One insertion per column, not one per row: a list of tens of
-// thousands of rows fills in one go.
-void fill_columns(QStandardItemModel& model, const QStringList& headers, std::vector<QList<QStandardItem*>> columns);
 
 // The marking of a deletion list: the selected rows (or the current row when
 // none is selected) leave the list; the row after them is selected. Gives their

@@ -116,6 +116,7 @@ void FrmListeLicence::set_liste(const QString& title, const QString& sql)
 
 void FrmListeLicence::load(const QString& sql)
 {
+    list_.clear();
     Rows rows;
     try {
         rows = app().db.load_rows(sql);
@@ -127,26 +128,19 @@ void FrmListeLicence::load(const QString& sql)
     if (club_column_)
         headers << QStringLiteral("Club Origine");
     headers << QStringLiteral("Date Naissance");
+    list_.setHorizontalHeaderLabels(headers);
     const int date_column = rows.column_count() - 1;
-    // Built column by column and handed over whole: the list of a large club
-    // fills in one insertion per column.
-    std::vector<QList<QStandardItem*>> columns(size_t(headers.size()));
-    for (auto& column : columns)
-        column.reserve(rows.size());
     for (int r = 0; r < rows.size(); ++r) {
         auto* nom = cell(rows.value(r, 2));
         nom->setData(rows.value(r, 0), kKeyRole);
         nom->setData(rows.value(r, 2) + QLatin1Char(' ') + rows.value(r, 3), kNomCompletRole);
         nom->setData(rows.value(r, 1), kNumLicenceRole);
-        size_t c = 0;
-        columns[c++].append(nom);
-        columns[c++].append(cell(rows.value(r, 3)));
-        columns[c++].append(cell(rows.value(r, 1)));
+        QList<QStandardItem*> line{nom, cell(rows.value(r, 3)), cell(rows.value(r, 1))};
         if (club_column_)
-            columns[c++].append(cell(rows.value(r, 4)));
-        columns[c].append(cell(DateLongue(rows.value(r, date_column))));
+            line << cell(rows.value(r, 4));
+        line << cell(DateLongue(rows.value(r, date_column)));
+        list_.appendRow(line);
     }
-    fill_columns(list_, headers, std::move(columns));
 }
 
 void FrmListeLicence::ReloadListe(const QString& num)
