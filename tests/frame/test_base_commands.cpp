@@ -56,6 +56,7 @@ protected:
         open(base);
         add_pool(QStringLiteral("Avant"));
         save_command(*app);
+        app->saves.wait();
         app->db.close();  // as if the window were gone: the flag stays false
         crash_during(base, [](AppContext& a) {
             a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
