@@ -714,4 +714,4 @@ BEGIN
 -- licence roll-over yet. No club, no profile, no licence.
 -- ---------------------------------------------------------------------------
 
-INSERT INTO Info (Version, LastClose, LastUpdtLic) VALUES (4, 1, '');
+INSERT INTO Info (Version, LastClose, LastUpdtLic) VALUES (5, 1, '');

@@ -29,7 +29,6 @@ constexpr int kPermissionDenied = 70;
 constexpr int kAccessError = 75;
 constexpr int kPathNotFound = 76;
 
-constexpr int kDeflateLevel = 6;
 constexpr qint64 kReadChunk = 256 * 1024;
 
 const QString kCompressFailed = QStringLiteral("Une erreur s'est produite lors de la compression.");
@@ -155,7 +154,7 @@ void check_readable(const QString& file)
         fail(kPermissionDenied, file, probe.errorString());
 }
 
-void add_file(zip_t* z, const QString& file, const QString& name, const QString& archive)
+void add_file(zip_t* z, const QString& file, const QString& name, const QString& archive, int level = kDeflateLevel)
 {
     zip_source_t* source = zip_source_file(z, native(file).constData(), 0, -1);
     if (!source)
@@ -165,7 +164,7 @@ void add_file(zip_t* z, const QString& file, const QString& name, const QString&
         zip_source_free(source);
         fail(zip_get_error(z), archive);
     }
-    if (zip_set_file_compression(z, zip_uint64_t(index), ZIP_CM_DEFLATE, kDeflateLevel) < 0)
+    if (zip_set_file_compression(z, zip_uint64_t(index), ZIP_CM_DEFLATE, zip_uint32_t(level)) < 0)
         fail(zip_get_error(z), archive);
 }
 
@@ -253,12 +252,12 @@ void extract_entry(zip_t* z, zip_uint64_t index, const QString& target, const QS
 
 }  // namespace
 
-bool zip_file(const QString& archive, const QString& file, const QString& name_in_archive)
+bool zip_file(const QString& archive, const QString& file, const QString& name_in_archive, int level)
 {
     check_readable(file);
     const int mode = file_mode(archive);
     Archive z = open_for_writing(archive);
-    add_file(z.get(), file, name_in_archive.isEmpty() ? file_name(file) : name_in_archive, archive);
+    add_file(z.get(), file, name_in_archive.isEmpty() ? file_name(file) : name_in_archive, archive, level);
     commit(std::move(z), archive, mode);
     return true;
 }

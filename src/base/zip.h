@@ -10,12 +10,16 @@ namespace plouvarine {
 
 class Services;
 
+// Deflate level of the archives: the usual tools' default.
+constexpr int kDeflateLevel = 6;
+
 // Writes an archive that holds the one file, under its own name or under
-// `name_in_archive`, compressed with Deflate level 6. An existing archive is
+// `name_in_archive`, compressed with Deflate at `level`. An existing archive is
 // replaced; the new one is written beside it and renamed over it once
 // complete, so that a failure (full disk, unreadable source, unwritable
 // folder) leaves the old archive as it was. Throws FileError on failure.
-bool zip_file(const QString& archive, const QString& file, const QString& name_in_archive = {});
+bool zip_file(const QString& archive, const QString& file, const QString& name_in_archive = {},
+              int level = kDeflateLevel);
 
 // Writes an archive of every file below `folder`, named by its path relative
 // to the folder, replacing the archive as zip_file does. An empty folder

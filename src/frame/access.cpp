@@ -36,6 +36,9 @@ bool connect_base(AppContext& app, std::optional<Error>* failure)
 
 void close_base(AppContext& app)
 {
+    // The save being written goes to its end: the next step may replace,
+    // delete or restore it, or end the program.
+    app.saves.wait();
     // The windows go first, while their unload can still reach the base.
     app.windows.close_all();
     disconnect_base(app);

@@ -11,6 +11,7 @@
 #include "src/frame/window_registry.h"
 #include "src/store/database.h"
 #include "src/store/save.h"
+#include "src/store/save_writer.h"
 
 #include <QString>
 #include <functional>
@@ -42,6 +43,9 @@ public:
     AppState state;
     Database db;
     Services& ui;
+    // The save copy being compressed, if any: the base is not closed, restored
+    // or left before it is written.
+    SaveWriter saves{ui};
     Clock clock;
     OpeningHooks hooks;
     // The main window's menu: base state and lock counters.

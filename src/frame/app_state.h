@@ -8,7 +8,7 @@
 namespace plouvarine {
 
 // The version a base must have to be used; a base below it is upgraded.
-constexpr double kRequiredBaseVersion = 4;
+constexpr double kRequiredBaseVersion = 5;
 
 struct AppState {
     QString base_path;      // full path of the base in use; empty when closed by Fermer

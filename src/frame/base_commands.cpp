@@ -43,6 +43,21 @@ bool refused_while_busy(AppContext& app)
     return true;
 }
 
+// The save copy: the snapshot now, its compression off the person's thread.
+// When it is written the status bar says so. False when it could not start.
+bool write_save(AppContext& app)
+{
+    return start_save(app.base_file(), app.saves, [&app](bool saved) {
+        status_text(app.ui, saved ? saved_at_text(app) : QString());
+    });
+}
+
+void show_save_in_progress(AppContext& app)
+{
+    if (app.saves.pending())
+        status_text(app.ui, kStatusSaveWriting);
+}
+
 }  // namespace
 
 void startup_controls(AppContext& app)
@@ -161,11 +176,12 @@ void open_base_command(AppContext& app)
     run_hook(app, app.hooks.licences_maintenance);
     if (!restored) {
         status_text(app.ui, QStringLiteral("Création sauvegarde"));
-        create_save(app.base_file());
+        write_save(app);
     }
     finish();
     if (restored)
         status_text(app.ui, kStatusRestored);
+    show_save_in_progress(app);
 }
 
 void save_command(AppContext& app)
@@ -173,8 +189,8 @@ void save_command(AppContext& app)
     status_text(app.ui, QStringLiteral("Création sauvegarde"));
     try {
         clear_tempo_tables(app.db);
-        if (create_save(app.base_file())) {
-            status_text(app.ui, saved_at_text(app));
+        if (write_save(app)) {
+            show_save_in_progress(app);
             return;
         }
     } catch (const std::exception& e) {
@@ -232,6 +248,8 @@ bool query_close(AppContext& app)
     if (refused_while_busy(app))
         return false;
     if (app.db.is_open()) {
+        // The save about to be deleted or restored is written to its end first.
+        app.saves.wait();
         bool done = true;
         if (msg_confirm(app.ui, QStringLiteral("Sauvegarder les données ?"), kDefaultNo) == Button::Yes) {
             clear_tempo_tables(app.db);

@@ -14,6 +14,7 @@ inline const QString kStatusRestored = QStringLiteral("Base reprise depuis la de
 inline const QString kStatusDeleted = QStringLiteral("Suppression enregistrée");
 inline const QString kStatusClubSaved = QStringLiteral("Club enregistré");
 inline const QString kStatusProgSaved = QStringLiteral("Programme enregistré");
+inline const QString kStatusSaveWriting = QStringLiteral("Écriture de la sauvegarde en cours");
 inline const QString kStatusCloseWindowsFirst = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
 
 // "Base enregistrée à 13:04", at the time of the program's clock.

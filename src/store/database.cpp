@@ -242,7 +242,15 @@ void Database::open(const QString& path)
 void Database::close()
 {
     if (db_) {
-        sqlite3_close_v2(db_);
+        // A statement left unfinalized would keep the connection alive as a
+        // zombie after a lazy close, the file open, and its -wal and -shm
+        // beside the base after the program ends. The last close checkpoints
+        // the log and removes both.
+        if (sqlite3_close(db_) == SQLITE_BUSY) {
+            while (sqlite3_stmt* stmt = sqlite3_next_stmt(db_, nullptr))
+                sqlite3_finalize(stmt);
+            sqlite3_close(db_);
+        }
         db_ = nullptr;
     }
     if (lock_fd_ >= 0) {

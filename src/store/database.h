@@ -1,9 +1,10 @@
 #pragma once
 // The one connection to the open base (`cn_base`).
 //
-// Rule: one thread. The program has a single thread, and the connection is
-// opened without SQLite's per-call locking (SQLITE_OPEN_NOMUTEX): using it from
-// a second thread is a fault. The application context owns the only Database;
+// Rule: one thread. The connection lives on the main thread, and is opened
+// without SQLite's per-call locking (SQLITE_OPEN_NOMUTEX): using it from a
+// second thread is a fault. The save writer's worker (save_writer.h) works on
+// the snapshot file with a connection of its own, never on this one. The application context owns the only Database;
 // every read and write of the system goes through it, statement by statement,
 // with no transaction. Statements arrive in the Jet dialect the commands compose and are
 // rewritten by jet_to_sqlite before they reach SQLite. A read brings its whole

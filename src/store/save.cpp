@@ -5,6 +5,7 @@
 #include "src/base/zip.h"
 #include "src/base/services.h"
 #include "src/store/database.h"
+#include "src/store/save_writer.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,6 +23,34 @@ void delete_siblings(const QString& base_path)
             delete_file_forced(s);
 }
 
+const QString kCompressFailed = QStringLiteral("Une erreur s'est produite lors de la compression.");
+const QString kSaveFailed = QStringLiteral("La création de la sauvegarde a échoué.\n"
+                                           "Vérifier l'espace sur le disque dur, les droits d'accès.");
+
+// A consistent copy of the open base; a partial one is removed. Throws.
+void take_snapshot(const BaseFile& base_file, const QString& snapshot)
+{
+    QFile::remove(snapshot);
+    base_file.db.snapshot_to(snapshot);
+}
+
+// The copy holds the flag at true: the update is committed before the snapshot.
+void take_flagged_snapshot(const BaseFile& base_file, const QString& snapshot)
+{
+    base_file.db.set_last_close(QStringLiteral("true"));
+    take_snapshot(base_file, snapshot);
+}
+
+// The base in use carries LastClose false again, whatever the save became.
+void set_in_use(const BaseFile& base_file)
+{
+    try {
+        base_file.db.set_last_close(QStringLiteral("false"));
+    } catch (const std::exception&) {
+        // Already reported by the step that failed.
+    }
+}
+
 }  // namespace
 
 QString save_path(const QString& base_path)
@@ -29,24 +58,39 @@ QString save_path(const QString& base_path)
     return base_path + QStringLiteral(".sav");
 }
 
-bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapshot_size)
+void zip_snapshot(const QString& snapshot, const QString& archive, const QString& name, int level)
 {
-    const QString base = base_file.path;
-    const QString snapshot = archive + QStringLiteral(".snapshot");
     try {
-        QFile::remove(snapshot);
-        base_file.db.snapshot_to(snapshot);
         const QString damaged = Database::check_base_file(snapshot);
         if (!damaged.isEmpty())
             throw DbError(11, damaged);
-        zip_file(archive, snapshot, file_name(base));
+        zip_file(archive, snapshot, name, level);
+    } catch (...) {
+        QFile::remove(snapshot);
+        throw;
+    }
+    QFile::remove(snapshot);
+}
+
+void report_save_failure(Services& ui, const QString& archive, const std::exception* error)
+{
+    if (error)
+        msg_erreur(ui, kCompressFailed, error);
+    if (!QFileInfo::exists(archive))
+        msg_erreur(ui, kSaveFailed);
+}
+
+bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapshot_size)
+{
+    const QString snapshot = archive + QStringLiteral(".snapshot");
+    try {
+        take_snapshot(base_file, snapshot);
         if (snapshot_size)
             *snapshot_size = QFileInfo(snapshot).size();
-        QFile::remove(snapshot);
+        zip_snapshot(snapshot, archive, file_name(base_file.path), kDeflateLevel);
         return true;
     } catch (const std::exception& e) {
-        QFile::remove(snapshot);
-        msg_erreur(base_file.ui, QStringLiteral("Une erreur s'est produite lors de la compression."), &e);
+        msg_erreur(base_file.ui, kCompressFailed, &e);
         return false;
     }
 }
@@ -55,25 +99,38 @@ bool create_save(const BaseFile& base_file)
 {
     WaitCursor wait(base_file.ui);
     const QString sav = save_path(base_file.path);
+    const QString snapshot = sav + QStringLiteral(".snapshot");
     bool saved = false;
     try {
-        // The copy holds the flag at true: the update is committed before the
-        // snapshot that zip_base takes.
-        base_file.db.set_last_close(QStringLiteral("true"));
-        saved = zip_base(base_file, sav) && QFileInfo::exists(sav);
-        if (!QFileInfo::exists(sav))
-            msg_erreur(base_file.ui, QStringLiteral("La création de la sauvegarde a échoué.\n"
-                                              "Vérifier l'espace sur le disque dur, les droits d'accès."));
+        take_flagged_snapshot(base_file, snapshot);
+        zip_snapshot(snapshot, sav, file_name(base_file.path), kSaveDeflateLevel);
+        saved = QFileInfo::exists(sav);
+        if (!saved)
+            report_save_failure(base_file.ui, sav, nullptr);
     } catch (const std::exception& e) {
-        msg_erreur(base_file.ui, QStringLiteral("La création de la sauvegarde a échoué.\n"
-                                          "Vérifier l'espace sur le disque dur, les droits d'accès."), &e);
+        report_save_failure(base_file.ui, sav, &e);
     }
-    try {
-        base_file.db.set_last_close(QStringLiteral("false"));
-    } catch (const std::exception&) {
-        // Already reported by the step that failed.
-    }
+    set_in_use(base_file);
     return saved;
+}
+
+bool start_save(const BaseFile& base_file, SaveWriter& writer, std::function<void(bool)> done)
+{
+    // A save still being written goes to its end before the next snapshot.
+    writer.wait();
+    const QString sav = save_path(base_file.path);
+    const QString snapshot = sav + QStringLiteral(".snapshot");
+    bool started = false;
+    try {
+        WaitCursor wait(base_file.ui);
+        take_flagged_snapshot(base_file, snapshot);
+        writer.start(snapshot, sav, file_name(base_file.path), std::move(done));
+        started = true;
+    } catch (const std::exception& e) {
+        report_save_failure(base_file.ui, sav, &e);
+    }
+    set_in_use(base_file);
+    return started;
 }
 
 bool restore_save(const BaseFile& base_file)

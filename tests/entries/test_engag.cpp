@@ -519,7 +519,7 @@ TEST_F(Engag, AnOlderBaseGetsTheIndexOfTheProposalThroughTheShippedUpgradeFile)
     ASSERT_TRUE(plan().contains(QStringLiteral("TEMP B-TREE")));
     ASSERT_TRUE(QFile::copy(QStringLiteral(PLOUVARINE_SOURCE_DIR "/data/maj_base.ini"), upgrade_file_path(*app)));
     EXPECT_TRUE(upgrade_base(*app, app->state.base_path));
-    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("4"));
+    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("5"));
     EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
     EXPECT_EQ(app->db.load_rows(QStringLiteral("select name from pragma_index_info('idx_Liffn_Num_Lic')"))
                   .column(0)

@@ -4,6 +4,7 @@
 #include "src/frame/base_commands.h"
 #include "src/base/zip.h"
 #include "src/frame/access.h"
+#include "src/frame/status_lines.h"
 #include "src/store/save.h"
 #include "support/app_fixture.h"
 #include "support/temp_files.h"
@@ -55,6 +56,7 @@ protected:
         open(base);
         add_pool(QStringLiteral("Avant"));
         save_command(*app);
+        app->saves.wait();
         app->db.close();  // as if the window were gone: the flag stays false
         crash_during(base, [](AppContext& a) {
             a.db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Pendant');"));
@@ -74,6 +76,7 @@ protected:
             open_base_command(child_app);
             if (!child_app.db.is_open())
                 _exit(3);
+            child_app.saves.wait();
             work(child_app);
             kill(getpid(), SIGKILL);
         }
@@ -99,7 +102,11 @@ TEST_F(BaseCommandsTest, OpeningABaseAtVersionThree)
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
     EXPECT_TRUE(ui.reports.empty());
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
+    // The window is given back while the save copy is written.
+    EXPECT_EQ(ui.status[2], kStatusSaveWriting);
+    EXPECT_TRUE(app->saves.wait());
     EXPECT_TRUE(QFile::exists(save_path(base)));
+    EXPECT_TRUE(ui.status[2].startsWith(QStringLiteral("Base enregistrée à ")));
     EXPECT_EQ(ui.file_requests.at(0).title, QStringLiteral("Ouvrir une Base"));
     EXPECT_EQ(ui.file_requests.at(0).filter, QStringLiteral("Base de données (*.mdb)|*.mdb"));
     // The captions in their order, the crash control before the version control.
@@ -107,7 +114,6 @@ TEST_F(BaseCommandsTest, OpeningABaseAtVersionThree)
     EXPECT_LT(steps.indexOf(QStringLiteral("Contrôle Version Base")), steps.indexOf(QStringLiteral("Contrôle Club")));
     EXPECT_LT(steps.indexOf(QStringLiteral("Lecture profil")), steps.indexOf(QStringLiteral("Contrôle Nageur et Piscine")));
     EXPECT_LT(steps.indexOf(QStringLiteral("Mise à jour des licences")), steps.indexOf(QStringLiteral("Création sauvegarde")));
-    EXPECT_TRUE(ui.status[2].isEmpty());
     EXPECT_EQ(ui.wait_depth, 0);
 
     // The sentinels are made once, the licence nulle invisible with licence "1".
@@ -249,6 +255,7 @@ TEST_F(BaseCommandsTest, CrashWithTheSaveRemovedByHand)
                                                      "Il serait bon de reprendre la base depuis la dernière archive.")});
     EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Pendant")});
+    EXPECT_TRUE(app->saves.wait());
     EXPECT_TRUE(QFile::exists(save_path(base)));
 }
 
@@ -380,8 +387,12 @@ TEST_F(BaseCommandsTest, SaveAndCancelCommands)
     save_command(*app);
     EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Licence_tempo")), 0);
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
-    EXPECT_EQ(ui.status[2], QStringLiteral("Base enregistrée à 13:04"));
+    EXPECT_EQ(ui.status[2], kStatusSaveWriting);
+    // Work goes on while the copy is compressed; the copy is the state at the command.
     add_pool(QStringLiteral("Annulé"));
+    app->clock.set_now(QTime(13, 5, 30));
+    EXPECT_TRUE(app->saves.wait());
+    EXPECT_EQ(ui.status[2], QStringLiteral("Base enregistrée à 13:05"));
 
     int profile_reads = 0;
     app->hooks.read_profile = [&](AppContext&) { ++profile_reads; };
@@ -402,6 +413,7 @@ TEST_F(BaseCommandsTest, SaveAndCancelCommands)
     QFile::remove(save_path(base));
     ASSERT_TRUE(QDir().mkpath(save_path(base) + QStringLiteral("/bloque")));
     save_command(*app);
+    EXPECT_FALSE(app->saves.wait());
     EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
     EXPECT_FALSE(ui.status[2].startsWith(QStringLiteral("Base enregistrée")));
     QDir(save_path(base)).removeRecursively();

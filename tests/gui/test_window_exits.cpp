@@ -7,15 +7,19 @@
 #include "gui/frame/main_window.h"
 #include "gui/frame/qt_services.h"
 #include "gui_application.h"
+#include "src/frame/components.h"
 #include "src/subjects.h"
 #include "support/app_fixture.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
@@ -56,6 +60,13 @@ const ChildWindow kWindows[] = {
     {"mnuPerfView", "frm_view_perf", "cmd_1"},
     {"mnuPerfAjout", "frm_ajout_perf", "cmd_quitter"},
     {"mnuPerfAjoutRelais", "frm_ajout_perf_relais", "cmd_quitter"},
+};
+
+// The windows of a competition chosen in the competition list (its Ok).
+const ChildWindow kCompetitionWindows[] = {
+    {"mnuEngagIndiv", "frm_engag", "Command1_0"},
+    {"mnuEngagRelais", "frm_engag_relais", "Command1_1"},
+    {"mnuEngagConvoc", "frm_convocation", "cmd_0"},
 };
 
 enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
@@ -211,4 +222,57 @@ TEST_F(WindowExitsTest, TheMainWindowsPathsNeverLeaveAWindowWithoutItsBase)
     window->trigger(QStringLiteral("mnuBaseNew"));
     ASSERT_TRUE(app->db.is_open());
     expect_all_given_back(QStringLiteral("Nouvelle"));
+}
+
+TEST_F(WindowExitsTest, TheWindowsOfAChosenCompetitionLeaveEveryWay)
+{
+    install_template_component();
+    app->clock.set_today(QDate(2025, 3, 10));
+    app->state.profile_num = QStringLiteral("1");
+    app->db.append_row(QStringLiteral("Rcomp"),
+                       {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"}, {"Fin", "20250405"},
+                        {"Lieu", "Brest"}, {"Longueur", 50}, {"Visible", true}, {"Deroule", false}},
+                       QStringLiteral("AutoNum"));
+    for (const ChildWindow& w : kCompetitionWindows) {
+        for (Exit exit : {Exit::Escape, Exit::CloseBox, Exit::OwnButton}) {
+            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.name), QLatin1String(exit_name(exit)));
+            window->trigger(QString::fromLatin1(w.command));
+            const QList<QMdiSubWindow*> lists = subs(QStringLiteral("Frm_liste_compet"));
+            ASSERT_EQ(lists.size(), 1) << what.toStdString();
+            auto* ok = lists.first()->widget()->findChild<QPushButton*>(QStringLiteral("Command1_2"));
+            ASSERT_NE(ok, nullptr) << what.toStdString();
+            ok->click();
+            const QList<QMdiSubWindow*> open = subs(QString::fromLatin1(w.name));
+            ASSERT_EQ(open.size(), 1) << what.toStdString();
+            const int busy = app->state.busy_count;
+            leave(open.first(), w, exit);
+            EXPECT_TRUE(subs(QString::fromLatin1(w.name)).isEmpty()) << what.toStdString();
+            EXPECT_EQ(app->state.busy_count, busy - 1) << what.toStdString();
+            // The competition list, if it stayed, goes by its close box.
+            for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
+                leave(sub, w, Exit::CloseBox);
+            expect_all_given_back(what);
+            for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
+                delete sub;
+        }
+    }
+}
+
+TEST_F(WindowExitsTest, TheOperationWindowLeavesByEscapeAndGivesTheBaseBack)
+{
+    const QString dll = component_file(QStringLiteral("expclub.dll"));
+    ASSERT_TRUE(QFile::copy(QFileInfo(plouvarine::testing::model_file()).dir().filePath(dll), app->app_file(dll)));
+    QString title;
+    QTimer::singleShot(0, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        ASSERT_NE(w, nullptr);
+        title = w->windowTitle();
+        QTest::keyClick(w->focusWidget() ? w->focusWidget() : w, Qt::Key_Escape);
+    });
+    window->trigger(QStringLiteral("mnuBaseClubExport"));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(title, QStringLiteral("Exporter Clubs"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(app->db.is_open());
+    expect_all_given_back(QStringLiteral("frm_attente by Escape"));
 }

@@ -2,6 +2,7 @@
 // "SsCotisation" shows, the search keys, deletion with its undo and its end,
 // the fee menu, the commands and the printed report.
 
+#include "src/frame/base_commands.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "src/frame/upgrade.h"
@@ -310,8 +311,20 @@ TEST_F(ListeLicenceTest, TheClubListReadsItsOrderFromAnIndexAlsoOnAnUpgradedBase
     ASSERT_TRUE(plan().contains(QStringLiteral("TEMP B-TREE")));
     ASSERT_TRUE(QFile::copy(QStringLiteral(PLOUVARINE_SOURCE_DIR "/data/maj_base.ini"), upgrade_file_path(*app)));
     EXPECT_TRUE(upgrade_base(*app, app->state.base_path));
-    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("4"));
+    EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("5"));
     EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
     list->ReloadListe(QString());
     EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
+
+    // A base that reached version 4 before the index was part of that step
+    // gets it at its opening; one that has it passes the step unharmed.
+    for (const bool had_index : {false, true}) {
+        if (!had_index)
+            exec(QStringLiteral("DROP INDEX idx_Licence_Code_club_Nom"));
+        exec(QStringLiteral("UPDATE Info Set Version = 4"));
+        ASSERT_EQ(plan().contains(QStringLiteral("TEMP B-TREE")), !had_index);
+        EXPECT_TRUE(check_version(*app));
+        EXPECT_EQ(value(QStringLiteral("select Version from Info")), QStringLiteral("5"));
+        EXPECT_FALSE(plan().contains(QStringLiteral("TEMP B-TREE"))) << plan().toStdString();
+    }
 }

@@ -8,6 +8,7 @@
 #include "support/temp_files.h"
 
 #include <QFile>
+#include <sqlite3.h>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
@@ -59,7 +60,7 @@ TEST_F(DatabaseTest, ReadsEveryValueAsText)
     db.set_last_close(QStringLiteral("False"));
     EXPECT_EQ(last_close(db), QStringLiteral("Faux"));
     Rows numbers = db.load_rows(QStringLiteral("select Version, 1.2545, 3 * 2, 0.5 from Info"));
-    EXPECT_EQ(numbers.value(0, 0), QStringLiteral("4"));
+    EXPECT_EQ(numbers.value(0, 0), QStringLiteral("5"));
     EXPECT_EQ(numbers.value(0, 1), QStringLiteral("1.2545"));
     EXPECT_EQ(numbers.value(0, 2), QStringLiteral("6"));
     EXPECT_EQ(numbers.value(0, 3), QStringLiteral("0.5"));
@@ -138,6 +139,20 @@ TEST_F(DatabaseTest, ACleanCloseLeavesOneFile)
     for (const QString& s : Database::sibling_files(base))
         EXPECT_FALSE(QFile::exists(s)) << s.toStdString();
     EXPECT_FALSE(QFile::exists(Database::lock_path(base)));
+
+    // A statement still unfinalized at the close, here one stopped half way
+    // through its rows, does not keep the engine's files beside the base.
+    connect(base);
+    app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Bassin 2');"));
+    sqlite3_stmt* pending = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(app->db.handle(), "select Nom from Piscine", -1, &pending, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_step(pending), SQLITE_ROW);
+    ASSERT_TRUE(QFile::exists(base + QStringLiteral("-wal")));
+    close_base(*app);
+    for (const QString& s : Database::sibling_files(base))
+        EXPECT_FALSE(QFile::exists(s)) << s.toStdString();
+    connect(base);
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom like 'Bassin%'")), 2);
 }
 
 TEST_F(DatabaseTest, TheLockTellsALiveBaseFromALeftover)

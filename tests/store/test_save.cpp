@@ -1,5 +1,6 @@
 // Save, restore and cancel on real bases and real zip files.
 
+#include "src/base/files.h"
 #include "src/base/zip.h"
 #include "src/frame/access.h"
 #include "src/store/database.h"
@@ -10,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <sys/resource.h>
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
@@ -204,20 +206,36 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
         app->db.exec_sql(QStringLiteral("INSERT INTO Remplissage VALUES (hex(randomblob(4000)))"));
     app->db.close();
 
-    const int code = run_with_file_size_limit(64 * 1024, [&] {
-        ScriptedServices child_ui;
-        AppContext child_app(child_ui, app->app_dir());
-        child_app.state.base_path = base;
-        if (!connect_base(child_app))
-            return 10;
-        create_save(child_app.base_file());
-        const QString f = child_app.db.load_rows(QStringLiteral("select LastClose from Info")).first();
-        const bool reported = !child_ui.titled(QStringLiteral("Erreur")).empty();
-        child_app.db.close();
-        return f == QLatin1String("Faux") && reported ? 0 : 20;
-    });
-    EXPECT_EQ(code, 0) << "the failed save must be reported and leave the flag false";
-    EXPECT_EQ(read_bytes(save_path(base)), good);
+    // On the person's thread; then on the writer's worker, the disk filling
+    // after the snapshot was taken.
+    for (const bool in_background : {false, true}) {
+        const int code = run_with_file_size_limit(in_background ? 1 << 30 : 64 * 1024, [&] {
+            ScriptedServices child_ui;
+            AppContext child_app(child_ui, app->app_dir());
+            child_app.state.base_path = base;
+            if (!connect_base(child_app))
+                return 10;
+            if (in_background) {
+                const QString snapshot = save_path(base) + QStringLiteral(".snapshot");
+                child_app.db.snapshot_to(snapshot);
+                const rlimit full{64 * 1024, 1 << 30};
+                setrlimit(RLIMIT_FSIZE, &full);
+                bool done_saved = true;
+                child_app.saves.start(snapshot, save_path(base), file_name(base), [&](bool saved) { done_saved = saved; });
+                if (child_app.saves.wait() || done_saved)
+                    return 40;
+                return child_ui.titled(QStringLiteral("Erreur")).empty() ? 20 : 0;
+            }
+            create_save(child_app.base_file());
+            const QString f = child_app.db.load_rows(QStringLiteral("select LastClose from Info")).first();
+            const bool reported = !child_ui.titled(QStringLiteral("Erreur")).empty();
+            child_app.db.close();
+            return f == QLatin1String("Faux") && reported ? 0 : 20;
+        });
+        EXPECT_EQ(code, 0) << "the failed save must be reported and leave the flag false";
+        EXPECT_EQ(read_bytes(save_path(base)), good);
+        EXPECT_TRUE(QDir(QFileInfo(base).path()).entryList({QStringLiteral("*.snapshot")}).isEmpty());
+    }
     connect(base);
     EXPECT_EQ(pools_in_save(), QStringList{QStringLiteral("Première")});
 }
