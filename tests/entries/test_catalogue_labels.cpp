@@ -1,11 +1,15 @@
 // The event labels of the model base: each fits the 17 columns of an event on
 // the entry slip, is unique, tells distance, stroke and sex, and a relay's
-// label still gives the relay time rule its leg distance and stroke.
+// label still gives the relay time rule its leg distance and stroke. A base
+// made before keeps no long label past its upgrade.
 
 #include "src/entries/relays.h"
+#include "src/frame/base_commands.h"
+#include "src/frame/upgrade.h"
 #include "src/store/database.h"
 #include "support/app_fixture.h"
 
+#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -52,4 +56,19 @@ TEST_F(CatalogueLabels, EveryEventLabelFitsTheSlipAndTellsTheEvent)
             EXPECT_EQ(legs.free, match.captured(3) == QStringLiteral("n.l."));
         }
     }
+}
+
+TEST_F(CatalogueLabels, ABaseWithTheLongLabelsGetsTheShortOnesAtItsUpgrade)
+{
+    connect(make_base());
+    const QString read = QStringLiteral("select Libelle from Nage order by Code_Nage");
+    const QStringList model = app->db.load_rows(read).column(0);
+    app->db.exec_sql(QStringLiteral("UPDATE Nage SET Libelle = REPLACE(REPLACE(REPLACE(Libelle, ' Mess.', ' Messieurs'), "
+                                    "'m pap. ', 'm papillon '), 'm 4N ', 'm 4 nages ')"));
+    app->db.exec_sql(QStringLiteral("UPDATE Info SET Version = 4"));
+    ASSERT_TRUE(app->db.load_rows(read).column(0).contains(QStringLiteral("4x100m 4 nages Messieurs")));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(PLOUVARINE_SOURCE_DIR "/data/maj_base.ini"), upgrade_file_path(*app)));
+
+    EXPECT_TRUE(check_version(*app));
+    EXPECT_EQ(app->db.load_rows(read).column(0), model);
 }
