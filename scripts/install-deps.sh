@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs every Debian package that building, running and testing Plouvarine needs.
 # With --tests, also what only the tests use: a word processor that writes the
-# RTF our templates must read.
+# RTF our templates must read, and poppler to render printed PDF pages to pictures.
 set -euo pipefail
 packages=(
   build-essential cmake ninja-build ccache pkg-config
@@ -11,7 +11,7 @@ packages=(
   xvfb xauth
 )
 if [ "${1:-}" = "--tests" ]; then
-  packages+=(libreoffice-writer-nogui)
+  packages+=(libreoffice-writer-nogui poppler-utils)
 fi
 missing=()
 for p in "${packages[@]}"; do

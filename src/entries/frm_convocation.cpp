@@ -181,7 +181,7 @@ int FrmConvocation::cmd_pdf()
                 EcrireConvocation(a, tempo, num_, swimmer, choice);
                 const QString path = convocation_file(
                     folder, swimmer.nom + u' ' + swimmer.prenom + QStringLiteral(" - ") + competition, written);
-                if (!a.ui.write_pdf(path, QStringLiteral("Convocation"), tempo.rich.document())) {
+                if (!a.ui.write_pdf(path, QStringLiteral("Convocation"), tempo.rich.document(), tempo.rich.page_setup())) {
                     msg_erreur(a.ui, QStringLiteral("Impossible d'écrire le fichier ") + path);
                     break;
                 }
