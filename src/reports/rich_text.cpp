@@ -66,6 +66,12 @@ bool RichBox::SaveFile(const QString& path, QString* error) const
 void RichBox::copy_from(const RichBox& other)
 {
     copy_document(other.document_, document_);
+    copy_page_from(other);
+    select(0, 0);
+}
+
+void RichBox::copy_page_from(const RichBox& other)
+{
     copy_document(other.header_, header_);
     copy_document(other.footer_, footer_);
     has_header_ = other.has_header_;
@@ -74,7 +80,6 @@ void RichBox::copy_from(const RichBox& other)
     header_distance_ = other.header_distance_;
     footer_distance_ = other.footer_distance_;
     notes_ = other.notes_;
-    select(0, 0);
 }
 
 int RichBox::Find(const QString& text, int start)

@@ -43,8 +43,10 @@ public:
     bool LoadFile(const QString& path, QString* error = nullptr);
     // Saves the text as RTF (the rich-text exports of the reports).
     bool SaveFile(const QString& path, QString* error = nullptr) const;
-    // The text and formatting of `other` in place of this one's.
+    // The text and formatting of `other` in place of this one's, with its page.
     void copy_from(const RichBox& other);
+    // The page, header and footer of `other` in place of this one's.
+    void copy_page_from(const RichBox& other);
 
     // Selects the first occurrence of `text` at or after `start`, letters in
     // either case; gives its position, or -1 with the selection unchanged.
