@@ -135,6 +135,18 @@ TEST_F(RtfLayout, LibreOfficeTemplateKeepsLogoTableListHeaderAndFooterThroughARo
     EXPECT_EQ(list_with(back.document(), QStringLiteral("Bonnet")), std::pair(int(QTextListFormat::ListDisc), 2));
     EXPECT_EQ(back.header().toPlainText().trimmed(), QStringLiteral("En-tête du <NOM_CLUB>"));
     EXPECT_NEAR(back.page_layout().margins(QPageLayout::Millimeter).left(), 25, 0.5);
+
+    // The word processor's file cut anywhere: read up to the cut, never a failure.
+    QFile file(made.rtf);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray whole = file.readAll();
+    for (qsizetype cut = 6; cut < whole.size(); cut += whole.size() / 89) {
+        QTextDocument part, header, footer;
+        RtfExtras extras;
+        extras.header = &header;
+        extras.footer = &footer;
+        EXPECT_TRUE(read_rtf(whole.left(cut), part, nullptr, &extras)) << cut;
+    }
 }
 
 TEST_F(RtfLayout, PicturesInEveryFormWordWritesThemAndTheOnesThatCannotBeDrawn)
@@ -236,6 +248,12 @@ TEST_F(RtfLayout, WordTablesWithMergedCellsAlignmentAndTagsSurviveARoundTrip)
     EXPECT_GT(tables[0]->cellAt(0, 0).format().toTableCellFormat().bottomBorder(), 0);
     EXPECT_EQ(tables[0]->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
     EXPECT_TRUE(back.toPlainText().endsWith(QStringLiteral("Après")));
+
+    // Cut anywhere, a table gives what was read before the cut and never fails.
+    for (qsizetype cut = 6; cut < rtf.size(); cut += 3) {
+        QTextDocument part;
+        EXPECT_TRUE(read_rtf(rtf.left(cut), part)) << cut;
+    }
 }
 
 TEST_F(RtfLayout, ListsInWordsFormAndTheOlderFormAndCharacterAttributes)
@@ -312,8 +330,9 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
 {
     const QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\\paperw16838\\paperh11906"
                            "\\margl720\\margr720\\margt1080\\margb1080\\landscape\\sectd\\headery500\\footery400"
-                           "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>\\par}{\\footer Page\\par}"
-                           "{\\header second\\par}Corps\\par}";
+                           "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>{\\pict\\pngblip " +
+                           solid_png(4, 4, Qt::red).toHex() +
+                           "}\\par}{\\footer Page\\par}{\\header second\\par}Corps\\par}";
     RichBox rich;
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("paysage.rtf"));
@@ -323,7 +342,9 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
     file.close();
     ASSERT_TRUE(rich.LoadFile(path));
     EXPECT_EQ(rich.text(), QStringLiteral("Corps"));
-    EXPECT_EQ(rich.header().toPlainText(), QStringLiteral("Club <NOM_CLUB>"));
+    const QString header = QStringLiteral("Club <NOM_CLUB>") + QChar(QChar::ObjectReplacementCharacter);
+    EXPECT_EQ(rich.header().toPlainText(), header);
+    ASSERT_EQ(pictures_of(rich.header()).size(), 1u);
     EXPECT_EQ(rich.footer().toPlainText(), QStringLiteral("Page"));
     EXPECT_EQ(rich.page_layout().orientation(), QPageLayout::Landscape);
     EXPECT_EQ(rich.page_layout().pageSize().id(), QPageSize::A4);
@@ -333,14 +354,16 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
     // The convocation copies the template for each swimmer, page and all.
     RichBox copy;
     copy.copy_from(rich);
-    EXPECT_EQ(copy.header().toPlainText(), QStringLiteral("Club <NOM_CLUB>"));
+    EXPECT_EQ(copy.header().toPlainText(), header);
     EXPECT_EQ(copy.page_layout().orientation(), QPageLayout::Landscape);
 
     ASSERT_TRUE(copy.SaveFile(path));
     RichBox back;
     ASSERT_TRUE(back.LoadFile(path));
-    EXPECT_EQ(back.header().toPlainText(), QStringLiteral("Club <NOM_CLUB>"));
+    EXPECT_EQ(back.header().toPlainText(), header);
     EXPECT_TRUE(run_with(back.header(), QStringLiteral("Club")).bold);
+    ASSERT_EQ(pictures_of(back.header()).size(), 1u);
+    EXPECT_EQ(pictures_of(back.header())[0].bytes, pictures_of(rich.header())[0].bytes);
     EXPECT_EQ(back.footer().toPlainText(), QStringLiteral("Page"));
     EXPECT_EQ(back.page_layout().orientation(), QPageLayout::Landscape);
     EXPECT_NEAR(back.page_layout().margins(QPageLayout::Point).left(), 36, 0.01);
