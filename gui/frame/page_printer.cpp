@@ -30,8 +30,11 @@ void draw(QPainter& painter, QTextDocument& document, const QPointF& at, const Q
 {
     painter.save();
     painter.translate(at);
+    painter.setClipRect(clip);
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = clip;
+    // A dot inside the page: a line pushed to the next page still belongs to a
+    // block that began on this one, and would be drawn, out of sight, on both.
+    context.clip = clip.adjusted(0, 1, 0, -1);
     context.palette.setColor(QPalette::Text, Qt::black);
     document.documentLayout()->draw(&painter, context);
     painter.restore();

@@ -125,6 +125,28 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     for (const auto& [w, x, y] : words)
         named += w == QStringLiteral("Dauphins");
     EXPECT_EQ(named, 2);  // in the table and in the header
+
+    // A letter over several pages: the header and the footer on each, every
+    // line of the body once, none lost or doubled where a page ends.
+    rich.move_to_end();
+    for (int i = 1; i <= 150; ++i)
+        EcrireTexte(rich, QStringLiteral("\nLigne%1 du corps").arg(i));
+    ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), rich.page_setup()));
+    QProcess text;
+    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    ASSERT_TRUE(text.waitForFinished(60000));
+    QStringList pages = QString::fromUtf8(text.readAllStandardOutput()).split(QLatin1Char('\f'));
+    if (pages.last().trimmed().isEmpty())
+        pages.removeLast();
+    ASSERT_GE(pages.size(), 3);
+    QString body;
+    for (const QString& one : pages) {
+        EXPECT_TRUE(one.contains(QStringLiteral("En-tête du Dauphins")));
+        EXPECT_TRUE(one.contains(QStringLiteral("Pied de page du club")));
+        body += one;
+    }
+    for (int i = 1; i <= 150; ++i)
+        EXPECT_EQ(body.count(QStringLiteral("Ligne%1 ").arg(i)), 1) << i;
 }
 
 }  // namespace
