@@ -1,6 +1,7 @@
 #include "src/reports/rtf_reader.h"
 
 #include "src/reports/pictures.h"
+#include "src/reports/rtf_format.h"
 
 #include <QColor>
 #include <QImage>
@@ -177,6 +178,25 @@ struct FontEntry {
 };
 
 constexpr int kMaxDepth = 1000;
+
+// A document always opens with a paragraph: before a table that opens the
+// file, that empty paragraph takes no room on the page, and is not written back.
+void flatten_leading_block(QTextDocument& document)
+{
+    const QTextBlock first = document.begin();
+    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
+    if (first.length() != 1 || frames.isEmpty() || !qobject_cast<QTextTable*>(frames.first()) ||
+        frames.first()->firstPosition() > first.position() + 2)
+        return;
+    QTextBlockFormat format;
+    format.setLineHeight(0.01, QTextBlockFormat::FixedHeight);
+    format.setProperty(kLeadingBlock, true);
+    QTextCharFormat tiny;
+    tiny.setFontPointSize(1);
+    QTextCursor cursor(first);
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(tiny);
+}
 
 class Reader {
 public:
@@ -1329,6 +1349,13 @@ bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error, R
     Reader reader(data, document, extras);
     reader.run();
     QTextCursor(&document).endEditBlock();
+    // Once the edit is over: the document knows its tables only then.
+    flatten_leading_block(document);
+    if (extras) {
+        for (QTextDocument* part : {extras->header, extras->footer})
+            if (part)
+                flatten_leading_block(*part);
+    }
     return true;
 }
 

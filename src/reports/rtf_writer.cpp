@@ -1,6 +1,7 @@
 #include "src/reports/rtf_writer.h"
 
 #include "src/reports/pictures.h"
+#include "src/reports/rtf_format.h"
 
 #include <QBuffer>
 #include <QColor>
@@ -141,7 +142,7 @@ void Writer::frame(QTextFrame::iterator it, bool in_table, QByteArray last_end)
                      b.isValid() && b.position() <= child->lastPosition(); b = b.next())
                     blocks.push_back(b);
             }
-        } else if (it.currentBlock().isValid()) {
+        } else if (it.currentBlock().isValid() && !it.currentBlock().blockFormat().hasProperty(kLeadingBlock)) {
             blocks.push_back(it.currentBlock());
         }
     }

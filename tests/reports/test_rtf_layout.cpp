@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
+#include <QAbstractTextDocumentLayout>
 #include <QTemporaryDir>
 #include <QTextList>
 #include <QTextTable>
@@ -228,6 +229,8 @@ TEST_F(RtfLayout, WordTablesWithMergedCellsAlignmentAndTagsSurviveARoundTrip)
     EXPECT_EQ(table->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
     EXPECT_NEAR(table->format().columnWidthConstraints().at(1).rawValue(), 4000 / 15.0, 0.01);
     EXPECT_TRUE(rich.text().endsWith(QStringLiteral("Après")));
+    // The table opens the page: the paragraph a document keeps before it takes no room.
+    EXPECT_LE(rich.document().documentLayout()->blockBoundingRect(rich.document().begin()).height(), 2);
 
     // Tags in cells, one of them split over two runs, are replaced in place.
     EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<NAGEUR>"), QStringLiteral("Marie Le Goff")));
@@ -248,6 +251,7 @@ TEST_F(RtfLayout, WordTablesWithMergedCellsAlignmentAndTagsSurviveARoundTrip)
     EXPECT_GT(tables[0]->cellAt(0, 0).format().toTableCellFormat().bottomBorder(), 0);
     EXPECT_EQ(tables[0]->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
     EXPECT_TRUE(back.toPlainText().endsWith(QStringLiteral("Après")));
+    EXPECT_EQ(back.toPlainText(), rich.text());  // no paragraph added before the table
 
     // Cut anywhere, a table gives what was read before the cut and never fails.
     for (qsizetype cut = 6; cut < rtf.size(); cut += 3) {
