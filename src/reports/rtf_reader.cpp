@@ -1,29 +1,21 @@
 #include "src/reports/rtf_reader.h"
 
-#include "src/reports/pictures.h"
 #include "src/reports/rtf_format.h"
+#include "src/reports/rtf_reader_state.h"
 
-#include <QColor>
-#include <QImage>
-#include <QRegularExpression>
-#include <QUrl>
 #include <QFile>
-#include <QStringDecoder>
+#include <QRegularExpression>
 #include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
-#include <QTextList>
-#include <QTextTable>
+#include <QTextFrame>
 
 #include <algorithm>
 #include <cctype>
-#include <map>
-#include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace plouvarine {
+
+namespace rtf_detail {
 
 namespace {
 
@@ -80,212 +72,9 @@ bool is_underline_word(const std::string& w)
     return words.count(w) > 0;
 }
 
-enum class Dest { Text, Skip, FontTable, ColorTable, Picture, ListText, ListDef };
-
-// Pictures and tables are sized in the layout's unit, the 96th of an inch.
-constexpr double kTwipsPerUnit = 15.0;
-
-struct CharState {
-    int font = -1;         // -1: the default font
-    int half_points = 24;  // 12 pt
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    bool strike = false;
-    QTextCharFormat::VerticalAlignment script = QTextCharFormat::AlignNormal;
-    int color = 0;         // 0: automatic
-    bool operator==(const CharState&) const = default;
-};
-
-struct ParaState {
-    Qt::Alignment align = Qt::AlignLeft;
-    QList<QTextOption::Tab> tabs;
-    QTextOption::TabType next_tab = QTextOption::LeftTab;
-    int left = 0, right = 0, first = 0, before = 0, after = 0;  // twips
-    int line = 0;          // \sl: >0 at least, <0 exactly, in twips
-    bool line_multiple = false;
-    bool in_table = false;
-    // A list item: \ls (Word's and LibreOffice's lists) or \pn (the older form).
-    int ls = 0;
-    int level = 0;
-    bool pn = false;
-    QTextListFormat::Style pn_style = QTextListFormat::ListDisc;
-};
-
-// The picture being read.
-struct PictState {
-    enum Kind { Unknown, Png, Jpeg, Emf, Wmf, Other } kind = Unknown;
-    int w = 0, h = 0;          // pixels for PNG and JPEG
-    int goal_w = 0, goal_h = 0;  // twips
-    int scale_x = 100, scale_y = 100;
-    QByteArray hex;
-    QByteArray bin;
-};
-
-struct CellDef {
-    int right = 0;  // twips, from the row's left
-    int border[4] = {-1, -1, -1, -1};  // top, left, bottom, right: width in twips, -1 none
-    bool hmerge_first = false, hmerge = false;
-    bool vmerge_first = false, vmerge = false;
-    QTextCharFormat::VerticalAlignment valign = QTextCharFormat::AlignTop;
-    int shade = 0;  // colour index, 0 none
-};
-
-struct RowDef {
-    std::vector<CellDef> cells;
-    int gap = 108;  // half the space between cells, twips
-    int left = 0;
-    Qt::Alignment align = Qt::AlignLeft;
-};
-
-// Where the text goes: the body, the header or the footer, each with its own
-// paragraph in progress, table and lists.
-struct Sink {
-    explicit Sink(QTextDocument* document) : cursor(document) {}
-    QTextCursor cursor;
-    QString pending;
-    CharState pending_chr;
-    bool pending_par = false;
-    bool page_break_next = false;
-    bool page_break_here = false;
-    // The table being read.
-    QTextTable* table = nullptr;
-    std::vector<int> bounds;     // the right edge of each column, twips
-    std::vector<int> vmerge_top;  // per column, the row where a vertical merge began
-    int row = 0;
-    int cell = 0;
-    bool row_done = false;      // \row seen: the next cell opens a new row
-    std::vector<int> cell_columns;  // the first column of each cell of the row
-    std::vector<int> cell_ends;     // and its last
-    int table_left = 0;
-    bool cell_open = false;
-    // The lists met so far, by their \ls and level or their \pn form.
-    std::map<QString, QTextList*> lists;
-    QString last_list;
-};
-
-struct GroupState {
-    CharState chr;
-    ParaState para;
-    int uc = 1;
-    Dest dest = Dest::Text;
-    Sink* sink = nullptr;
-};
-
-struct FontEntry {
-    QString name;
-    int codepage = 0;
-};
-
 constexpr int kMaxDepth = 1000;
 
-// A document always opens with a paragraph: before a table that opens the
-// file, that empty paragraph takes no room on the page, and is not written back.
-void flatten_leading_block(QTextDocument& document)
-{
-    const QTextBlock first = document.begin();
-    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
-    if (first.length() != 1 || frames.isEmpty() || !qobject_cast<QTextTable*>(frames.first()) ||
-        frames.first()->firstPosition() > first.position() + 2)
-        return;
-    QTextBlockFormat format;
-    format.setLineHeight(0.01, QTextBlockFormat::FixedHeight);
-    format.setProperty(kLeadingBlock, true);
-    QTextCharFormat tiny;
-    tiny.setFontPointSize(1);
-    QTextCursor cursor(first);
-    cursor.setBlockFormat(format);
-    cursor.setBlockCharFormat(tiny);
-}
-
-class Reader {
-public:
-    Reader(const QByteArray& data, QTextDocument& document, RtfExtras* extras)
-        : in_(data), body_(&document), extras_(extras)
-    {
-        st_.sink = &body_;
-    }
-
-    void run();
-
-private:
-    void open_group();
-    void close_group();
-    void control();
-    void word(const std::string& name, bool has_param, int param);
-    void symbol(char c);
-    void plain_byte(unsigned char c);
-    void decoded_byte(unsigned char c);
-    void put(const QString& text);
-    void flush();
-    void close_open_paragraph();
-    void end_paragraph();
-    void materialize_paragraph();
-    QTextCharFormat char_format(const CharState& chr) const;
-    QTextBlockFormat block_format() const;
-    int codepage() const;
-    QChar decode(unsigned char byte);
-    bool skipping_fallback();
-    bool table_word(const std::string& w, bool has_param, int param);
-    bool page_word(const std::string& w, int param);
-    bool list_word(const std::string& w, int param);
-    void enter_part(const std::string& w);
-    void picture_word(const std::string& w, int param);
-    void finish_picture();
-    void ensure_cell();
-    void start_row();
-    void end_cell();
-    void end_row();
-    void end_table();
-    void format_row();
-    void set_column_widths();
-    void add_to_list();
-    void finish_page();
-
-    Sink& out() { return *st_.sink; }
-    const Sink& out() const { return *st_.sink; }
-
-    const QByteArray& in_;
-    qsizetype pos_ = 0;
-    Sink body_;
-    RtfExtras* extras_;
-    std::unique_ptr<Sink> header_;
-    std::unique_ptr<Sink> footer_;
-    std::vector<GroupState> stack_;
-    GroupState st_;
-    int overflow_ = 0;
-    bool group_start_ = false;
-    bool star_ = false;
-    bool done_ = false;
-
-    std::map<int, FontEntry> fonts_;
-    int deff_ = 0;
-    int ansicpg_ = 1252;
-    std::map<int, std::unique_ptr<QStringDecoder>> decoders_;
-    // Font table entry being read.
-    int font_num_ = 0;
-    int font_charset_cp_ = 0;
-    QString font_name_;
-    // Colour table entry being read.
-    QList<QColor> colors_;
-    int red_ = -1, green_ = -1, blue_ = -1;
-
-    int fallback_left_ = 0;
-
-    PictState pict_;
-    bool in_shppict_ = false;
-    bool shppict_drawn_ = false;   // the last \shppict gave a picture
-    bool shppict_noted_ = false;   // the last \shppict left a note
-    QString list_label_;           // the text of \listtext: tells bullets from numbers
-    RowDef row_def_;
-    CellDef cell_def_;
-    int border_side_ = -1;
-    // The page: document values, then the section's.
-    int paper_w_ = 0, paper_h_ = 0;
-    int margin_[4] = {-1, -1, -1, -1};  // left, top, right, bottom
-    bool landscape_ = false;
-    int header_y_ = 720, footer_y_ = 720;
-};
+}  // namespace
 
 void Reader::run()
 {
@@ -891,379 +680,6 @@ void Reader::add_to_list()
     list = o.cursor.createList(format);
 }
 
-bool Reader::page_word(const std::string& w, int param)
-{
-    static const std::map<std::string, int> margins = {
-        {"margl", 0}, {"margt", 1}, {"margr", 2}, {"margb", 3},
-        {"marglsxn", 0}, {"margtsxn", 1}, {"margrsxn", 2}, {"margbsxn", 3}};
-    if (w == "paperw" || w == "pgwsxn")
-        paper_w_ = param;
-    else if (w == "paperh" || w == "pghsxn")
-        paper_h_ = param;
-    else if (w == "landscape" || w == "lndscpsxn")
-        landscape_ = true;
-    else if (w == "headery")
-        header_y_ = param;
-    else if (w == "footery")
-        footer_y_ = param;
-    else if (const auto it = margins.find(w); it != margins.end())
-        margin_[it->second] = std::max(0, param);
-    else
-        return false;
-    return true;
-}
-
-void Reader::finish_page()
-{
-    if (!extras_)
-        return;
-    extras_->header_distance = header_y_ / 20.0;
-    extras_->footer_distance = footer_y_ / 20.0;
-    if (paper_w_ <= 0 || paper_h_ <= 0)
-        return;
-    // Word's margins when the file gives none.
-    const int fallback[4] = {1800, 1440, 1800, 1440};
-    double m[4];
-    for (int i = 0; i < 4; ++i)
-        m[i] = (margin_[i] < 0 ? fallback[i] : margin_[i]) / 20.0;
-    const QSizeF portrait(std::min(paper_w_, paper_h_) / 20.0, std::max(paper_w_, paper_h_) / 20.0);
-    const bool landscape = landscape_ || paper_w_ > paper_h_;
-    extras_->layout = QPageLayout(QPageSize(portrait, QPageSize::Point),
-                                  landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-                                  QMarginsF(m[0], m[1], m[2], m[3]), QPageLayout::Point);
-}
-
-void Reader::enter_part(const std::string& w)
-{
-    const bool header = w[0] == 'h';
-    std::unique_ptr<Sink>& part = header ? header_ : footer_;
-    QTextDocument* document = extras_ ? (header ? extras_->header : extras_->footer) : nullptr;
-    // The first header and footer of the document are the ones printed on every page.
-    if (!document || part || st_.dest != Dest::Text || st_.sink != &body_) {
-        st_.dest = Dest::Skip;
-        return;
-    }
-    part = std::make_unique<Sink>(document);
-    (header ? extras_->has_header : extras_->has_footer) = true;
-    st_.sink = part.get();
-    st_.para = ParaState();
-}
-
-void Reader::picture_word(const std::string& w, int param)
-{
-    if (w == "pngblip")
-        pict_.kind = PictState::Png;
-    else if (w == "jpegblip")
-        pict_.kind = PictState::Jpeg;
-    else if (w == "emfblip")
-        pict_.kind = PictState::Emf;
-    else if (w == "wmetafile")
-        pict_.kind = PictState::Wmf;
-    else if (w == "macpict" || w == "pmmetafile" || w == "dibitmap" || w == "wbitmap")
-        pict_.kind = PictState::Other;
-    else if (w == "picw")
-        pict_.w = param;
-    else if (w == "pich")
-        pict_.h = param;
-    else if (w == "picwgoal")
-        pict_.goal_w = param;
-    else if (w == "pichgoal")
-        pict_.goal_h = param;
-    else if (w == "picscalex" && param > 0)
-        pict_.scale_x = param;
-    else if (w == "picscaley" && param > 0)
-        pict_.scale_y = param;
-}
-
-void Reader::finish_picture()
-{
-    const bool stand_in = in_shppict_ && shppict_noted_;
-    const bool shape = in_shppict_ && !shppict_noted_;
-    const QByteArray bytes = pict_.bin.isEmpty() ? QByteArray::fromHex(pict_.hex) : pict_.bin;
-    QTextDocument* document = out().cursor.document();
-    const QString name = pict_.kind == PictState::Png || pict_.kind == PictState::Jpeg || pict_.kind == PictState::Unknown
-                             ? add_picture(*document, bytes)
-                             : QString();
-    if (name.isEmpty()) {
-        if (extras_ && !stand_in) {
-            static const char* const kinds[] = {"inconnu", "PNG", "JPEG", "EMF", "WMF", "inconnu"};
-            extras_->notes << QStringLiteral("Image au format %1 laissée de côté : elle ne sera pas imprimée.")
-                                  .arg(QLatin1String(kinds[pict_.kind]));
-        }
-        shppict_noted_ = shape;
-        if (!shape)
-            in_shppict_ = false;
-        return;
-    }
-    if (stand_in && extras_ && !extras_->notes.isEmpty())
-        extras_->notes.removeLast();  // the stand-in is drawn in its place
-    shppict_drawn_ = shape;
-    in_shppict_ = false;
-    shppict_noted_ = false;
-
-    // The goal size, else the picture's pixels, at its scale.
-    const QSize pixels = document->resource(QTextDocument::ImageResource, QUrl(name)).value<QImage>().size();
-    const int w = pict_.goal_w > 0 ? pict_.goal_w : (pict_.w > 0 ? pict_.w : pixels.width()) * int(kTwipsPerUnit);
-    const int h = pict_.goal_h > 0 ? pict_.goal_h : (pict_.h > 0 ? pict_.h : pixels.height()) * int(kTwipsPerUnit);
-    const double width = w * pict_.scale_x / 100.0;
-    const double height = h * pict_.scale_y / 100.0;
-    materialize_paragraph();
-    flush();
-    QTextImageFormat format;
-    format.merge(char_format(st_.chr));
-    format.setName(name);
-    if (width > 0 && height > 0) {
-        format.setWidth(width / kTwipsPerUnit);
-        format.setHeight(height / kTwipsPerUnit);
-    }
-    out().cursor.insertImage(format);
-}
-
-bool Reader::table_word(const std::string& w, bool has_param, int param)
-{
-    static const std::map<std::string, int> sides = {{"clbrdrt", 0}, {"clbrdrl", 1}, {"clbrdrb", 2}, {"clbrdrr", 3}};
-    if (w == "intbl") {
-        st_.para.in_table = true;
-    } else if (w == "itap") {
-        st_.para.in_table = param > 0;
-    } else if (w == "trowd") {
-        row_def_ = RowDef();
-        cell_def_ = CellDef();
-        border_side_ = -1;
-    } else if (w == "trgaph") {
-        row_def_.gap = std::max(0, param);
-    } else if (w == "trleft") {
-        row_def_.left = param;
-    } else if (w == "trql" || w == "trqc" || w == "trqr") {
-        row_def_.align = w == "trqc" ? Qt::AlignHCenter : w == "trqr" ? Qt::AlignRight : Qt::AlignLeft;
-    } else if (w == "cellx") {
-        cell_def_.right = param;
-        row_def_.cells.push_back(cell_def_);
-        cell_def_ = CellDef();
-        border_side_ = -1;
-    } else if (const auto it = sides.find(w); it != sides.end()) {
-        border_side_ = it->second;
-        cell_def_.border[border_side_] = 15;  // a plain line until \brdrw says
-    } else if (w.rfind("trbrdr", 0) == 0 || w == "brdrt" || w == "brdrl" || w == "brdrb" || w == "brdrr" ||
-               w == "box") {
-        border_side_ = -1;  // the row's or the paragraph's borders: not drawn
-    } else if (w == "brdrw") {
-        if (border_side_ >= 0 && has_param)
-            cell_def_.border[border_side_] = std::max(1, param);
-    } else if (w == "brdrnone" || w == "brdrnil" || w == "brdrtbl") {
-        if (border_side_ >= 0)
-            cell_def_.border[border_side_] = -1;
-    } else if (w == "clmgf") {
-        cell_def_.hmerge_first = true;
-    } else if (w == "clmrg") {
-        cell_def_.hmerge = true;
-    } else if (w == "clvmgf") {
-        cell_def_.vmerge_first = true;
-    } else if (w == "clvmrg") {
-        cell_def_.vmerge = true;
-    } else if (w == "clvertalt") {
-        cell_def_.valign = QTextCharFormat::AlignTop;
-    } else if (w == "clvertalc") {
-        cell_def_.valign = QTextCharFormat::AlignMiddle;
-    } else if (w == "clvertalb") {
-        cell_def_.valign = QTextCharFormat::AlignBottom;
-    } else if (w == "clcbpat") {
-        cell_def_.shade = param;
-    } else {
-        return false;
-    }
-    return true;
-}
-
-void Reader::ensure_cell()
-{
-    if (st_.dest != Dest::Text)
-        return;
-    Sink& o = out();
-    if (!st_.para.in_table) {
-        end_table();
-        return;
-    }
-    if (!o.table) {
-        flush();
-        QTextTableFormat format;
-        format.setBorder(0);
-        format.setBorderCollapse(true);
-        format.setCellSpacing(0);
-        format.setCellPadding(row_def_.gap / kTwipsPerUnit);
-        format.setAlignment(row_def_.align);
-        const int columns = std::max<int>(1, int(row_def_.cells.size()));
-        o.table = o.cursor.insertTable(1, columns, format);
-        o.bounds.clear();
-        for (const CellDef& cell : row_def_.cells)
-            o.bounds.push_back(std::max(cell.right, o.bounds.empty() ? row_def_.left : o.bounds.back()));
-        o.table_left = row_def_.left;
-        o.vmerge_top.assign(size_t(columns), 0);
-        o.row = 0;
-        o.row_done = false;
-        o.cell = 0;
-        o.cell_open = false;
-        start_row();
-        set_column_widths();
-    } else if (o.row_done) {
-        o.table->appendRows(1);
-        ++o.row;
-        o.row_done = false;
-        o.cell = 0;
-        o.cell_open = false;
-        start_row();
-    }
-    if (o.cell_open)
-        return;
-    // A cell beyond the row's definition takes the next column.
-    while (o.cell >= int(o.cell_columns.size())) {
-        const int next = o.cell_columns.empty() ? 0 : o.cell_ends.back() + 1;
-        o.cell_columns.push_back(next);
-        o.cell_ends.push_back(next);
-    }
-    const int column = o.cell_columns[size_t(o.cell)];
-    if (column >= o.table->columns()) {
-        o.table->appendColumns(column - o.table->columns() + 1);
-        o.vmerge_top.resize(size_t(o.table->columns()), 0);
-    }
-    o.cursor = o.table->cellAt(o.row, column).firstCursorPosition();
-    o.cell_open = true;
-    o.pending_par = false;
-}
-
-void Reader::start_row()
-{
-    // Each cell of the row definition to the columns of the table, by its
-    // right edge: a cell over several columns spans them.
-    Sink& o = out();
-    o.cell_columns.clear();
-    o.cell_ends.clear();
-    int next = 0;
-    for (const CellDef& cell : row_def_.cells) {
-        size_t end = 0;
-        while (end < o.bounds.size() && o.bounds[end] + 20 < cell.right)
-            ++end;
-        if (end == o.bounds.size()) {
-            o.bounds.push_back(cell.right);
-            o.table->appendColumns(std::max(0, int(o.bounds.size()) - o.table->columns()));
-            o.vmerge_top.resize(size_t(o.table->columns()), 0);
-            set_column_widths();
-        }
-        const int last = std::max(next, int(end));
-        o.cell_columns.push_back(next);
-        o.cell_ends.push_back(last);
-        next = last + 1;
-    }
-}
-
-void Reader::set_column_widths()
-{
-    Sink& o = out();
-    if (o.bounds.empty())
-        return;
-    QList<QTextLength> widths;
-    int left = o.table_left;
-    for (const int right : o.bounds) {
-        widths << QTextLength(QTextLength::FixedLength, std::max(1, right - left) / kTwipsPerUnit);
-        left = right;
-    }
-    while (widths.size() < o.table->columns())
-        widths << QTextLength();
-    QTextTableFormat format = o.table->format();
-    format.setColumnWidthConstraints(widths);
-    o.table->setFormat(format);
-}
-
-void Reader::end_cell()
-{
-    if (st_.dest != Dest::Text)
-        return;
-    if (!st_.para.in_table) {
-        put(QStringLiteral("\t"));  // a cell out of any table: kept apart by a tab
-        return;
-    }
-    ensure_cell();
-    Sink& o = out();
-    if (!o.pending_par) {
-        flush();
-        o.cursor.setBlockFormat(block_format());
-        if (o.cursor.block().length() == 1)
-            o.cursor.setBlockCharFormat(char_format(st_.chr));
-        add_to_list();
-    }
-    o.pending_par = false;
-    ++o.cell;
-    o.cell_open = false;
-}
-
-void Reader::end_row()
-{
-    Sink& o = out();
-    if (!o.table) {
-        end_paragraph();
-        return;
-    }
-    if (o.cell_open)
-        end_cell();
-    format_row();
-    o.row_done = true;
-}
-
-void Reader::format_row()
-{
-    Sink& o = out();
-    int merge_from = -1;
-    for (size_t i = 0; i < row_def_.cells.size() && i < o.cell_columns.size(); ++i) {
-        const CellDef& def = row_def_.cells[i];
-        const int first = o.cell_columns[i];
-        const int last = o.cell_ends[i];
-        if (last >= o.table->columns())
-            break;
-        QTextTableCell cell = o.table->cellAt(o.row, first);
-        QTextTableCellFormat format = cell.format().toTableCellFormat();
-        const auto border = [&](int side) {
-            return def.border[side] < 0 ? 0.0 : def.border[side] / kTwipsPerUnit;
-        };
-        format.setTopBorder(border(0));
-        format.setLeftBorder(border(1));
-        format.setBottomBorder(border(2));
-        format.setRightBorder(border(3));
-        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBorderBrush(QBrush(Qt::black));
-        format.setVerticalAlignment(def.valign);
-        if (def.shade > 0 && def.shade < colors_.size() && colors_.at(def.shade).isValid())
-            format.setBackground(colors_.at(def.shade));
-        cell.setFormat(format);
-        if (def.hmerge && merge_from >= 0)
-            o.table->mergeCells(o.row, merge_from, 1, last - merge_from + 1);
-        else if (last > first)
-            o.table->mergeCells(o.row, first, 1, last - first + 1);
-        if (!def.hmerge)
-            merge_from = def.hmerge_first ? first : -1;
-        if (def.vmerge_first)
-            o.vmerge_top[size_t(first)] = o.row;
-        if (def.vmerge) {
-            const int top = std::min(o.vmerge_top[size_t(first)], o.row);
-            o.table->mergeCells(top, first, o.row - top + 1, last - first + 1);
-        }
-    }
-}
-
-void Reader::end_table()
-{
-    Sink& o = out();
-    if (!o.table)
-        return;
-    flush();
-    QTextCursor after = o.table->lastCursorPosition();
-    after.movePosition(QTextCursor::NextBlock);
-    o.cursor = after;
-    // The paragraph after the table is the one that follows in the file.
-    o.cursor.setBlockCharFormat(char_format(st_.chr));
-    o.table = nullptr;
-    o.pending_par = false;
-}
-
 QTextCharFormat Reader::char_format(const CharState& chr) const
 {
     QTextCharFormat format;
@@ -1307,6 +723,31 @@ QTextBlockFormat Reader::block_format() const
     if (out().page_break_here)
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     return format;
+}
+
+}  // namespace rtf_detail
+
+namespace {
+
+using rtf_detail::Reader;
+
+// A document always opens with a paragraph: before a table that opens the
+// file, that empty paragraph takes no room on the page, and is not written back.
+void flatten_leading_block(QTextDocument& document)
+{
+    const QTextBlock first = document.begin();
+    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
+    if (first.length() != 1 || frames.isEmpty() || !qobject_cast<QTextTable*>(frames.first()) ||
+        frames.first()->firstPosition() > first.position() + 2)
+        return;
+    QTextBlockFormat format;
+    format.setLineHeight(0.01, QTextBlockFormat::FixedHeight);
+    format.setProperty(kLeadingBlock, true);
+    QTextCharFormat tiny;
+    tiny.setFontPointSize(1);
+    QTextCursor cursor(first);
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(tiny);
 }
 
 bool check_header(const QByteArray& data, QString* error)
