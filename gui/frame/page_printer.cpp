@@ -60,17 +60,30 @@ void print_pages(QPagedPaintDevice& device, const QTextDocument& document, const
     const qreal width = std::max<qreal>(1, sheet.width() - (margins.left() + margins.right()) * dots_per_mm);
     const qreal pt = device.logicalDpiY() / 72.0;
 
-    std::unique_ptr<QTextDocument> header = page.header ? laid_out(*page.header, device, width) : nullptr;
-    std::unique_ptr<QTextDocument> footer = page.footer ? laid_out(*page.footer, device, width) : nullptr;
+    const auto lay = [&](const QTextDocument* part) {
+        return part ? laid_out(*part, device, width) : nullptr;
+    };
+    // The first page's own header and footer, when the template has them,
+    // else the same as every page's.
+    std::unique_ptr<QTextDocument> parts[2][2] = {
+        {lay(page.header), lay(page.footer)},
+        {page.first_page_differs ? lay(page.first_header) : lay(page.header),
+         page.first_page_differs ? lay(page.first_footer) : lay(page.footer)}};
     const qreal header_top = page.header_distance * pt;
-    const qreal header_bottom = header ? header_top + header->size().height() : 0;
-    const qreal footer_height = footer ? footer->size().height() : 0;
-    const qreal footer_top = sheet.height() - page.footer_distance * pt - footer_height;
-    // The body keeps clear of the header and the footer even where the
-    // template's margins are narrower than they are tall.
-    const qreal top = std::max(margins.top() * dots_per_mm, header ? header_bottom + 6 * pt : 0);
+    qreal header_bottom = 0;
+    qreal footer_top = sheet.height();
+    for (const auto& pair : parts) {
+        if (pair[0])
+            header_bottom = std::max(header_bottom, header_top + pair[0]->size().height() + 6 * pt);
+        if (pair[1])
+            footer_top = std::min(footer_top, sheet.height() - page.footer_distance * pt - pair[1]->size().height());
+    }
+    // The body keeps clear of the headers and the footers even where the
+    // template's margins are narrower than they are tall; every page has the
+    // same height, for the body is cut into pages before it is drawn.
+    const qreal top = std::max(margins.top() * dots_per_mm, header_bottom);
     const qreal bottom = std::min(sheet.height() - margins.bottom() * dots_per_mm,
-                                  footer ? footer_top - 6 * pt : sheet.height());
+                                  footer_top < sheet.height() ? footer_top - 6 * pt : sheet.height());
     const qreal height = std::max<qreal>(pt * 72, bottom - top);
 
     std::unique_ptr<QTextDocument> body = laid_out(document, device, width);
@@ -81,10 +94,12 @@ void print_pages(QPagedPaintDevice& device, const QTextDocument& document, const
             device.newPage();
         const QRectF slice(0, i * height, width, height);
         draw(painter, *body, QPointF(left, top - slice.top()), slice);
+        const auto& [header, footer] = parts[i == 0 ? 1 : 0];
         if (header)
             draw(painter, *header, QPointF(left, header_top), QRectF(QPointF(0, 0), header->size()));
         if (footer)
-            draw(painter, *footer, QPointF(left, footer_top), QRectF(QPointF(0, 0), footer->size()));
+            draw(painter, *footer, QPointF(left, sheet.height() - page.footer_distance * pt - footer->size().height()),
+                 QRectF(QPointF(0, 0), footer->size()));
     }
 }
 

@@ -14,6 +14,10 @@ struct PageSetup {
     // Drawn at the top and at the bottom of every page, when given.
     const QTextDocument* header = nullptr;
     const QTextDocument* footer = nullptr;
+    // With `first_page_differs`, the first page has these instead (none when null).
+    bool first_page_differs = false;
+    const QTextDocument* first_header = nullptr;
+    const QTextDocument* first_footer = nullptr;
     // From the page's top edge to the header, and from the page's bottom edge
     // to the footer's last line, in points.
     qreal header_distance = 36;

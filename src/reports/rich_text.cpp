@@ -34,6 +34,9 @@ PageSetup RichBox::page_setup() const
     page.layout = layout_;
     page.header = has_header_ ? &header_ : nullptr;
     page.footer = has_footer_ ? &footer_ : nullptr;
+    page.first_page_differs = first_page_differs_;
+    page.first_header = first_page_differs_ && !first_header_.isEmpty() ? &first_header_ : nullptr;
+    page.first_footer = first_page_differs_ && !first_footer_.isEmpty() ? &first_footer_ : nullptr;
     page.header_distance = header_distance_;
     page.footer_distance = footer_distance_;
     return page;
@@ -45,10 +48,13 @@ bool RichBox::LoadFile(const QString& path, QString* error)
     RtfExtras extras;
     extras.header = &header_;
     extras.footer = &footer_;
+    extras.first_header = &first_header_;
+    extras.first_footer = &first_footer_;
     if (!load_rtf_file(path, document_, error, &extras))
         return false;
     has_header_ = extras.has_header;
     has_footer_ = extras.has_footer;
+    first_page_differs_ = extras.first_page_differs;
     layout_ = extras.layout;
     header_distance_ = extras.header_distance;
     footer_distance_ = extras.footer_distance;
@@ -74,6 +80,9 @@ void RichBox::copy_page_from(const RichBox& other)
 {
     copy_document(other.header_, header_);
     copy_document(other.footer_, footer_);
+    copy_document(other.first_header_, first_header_);
+    copy_document(other.first_footer_, first_footer_);
+    first_page_differs_ = other.first_page_differs_;
     has_header_ = other.has_header_;
     has_footer_ = other.has_footer_;
     layout_ = other.layout_;
@@ -248,7 +257,7 @@ void RemplacerBaliseEnTete(RichBox& rich, const QString& tag, const QString& tex
 {
     if (tag.isEmpty())
         return;
-    for (QTextDocument* part : {&rich.header(), &rich.footer()}) {
+    for (QTextDocument* part : {&rich.header(), &rich.footer(), &rich.first_header(), &rich.first_footer()}) {
         for (QTextCursor found = part->find(tag); !found.isNull(); found = part->find(tag, found)) {
             QTextCursor first(part);
             first.setPosition(found.selectionStart() + 1);

@@ -32,6 +32,8 @@ public:
     // The header and footer printed on every page, and the page itself.
     QTextDocument& header() { return header_; }
     QTextDocument& footer() { return footer_; }
+    QTextDocument& first_header() { return first_header_; }
+    QTextDocument& first_footer() { return first_footer_; }
     const QPageLayout& page_layout() const { return layout_; }
     // What printing needs of the page: its layout, the header and the footer.
     PageSetup page_setup() const;
@@ -68,8 +70,11 @@ private:
     QTextDocument document_;
     QTextDocument header_;
     QTextDocument footer_;
+    QTextDocument first_header_;
+    QTextDocument first_footer_;
     bool has_header_ = false;
     bool has_footer_ = false;
+    bool first_page_differs_ = false;
     QPageLayout layout_;
     qreal header_distance_ = 36;
     qreal footer_distance_ = 36;

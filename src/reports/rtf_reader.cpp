@@ -46,7 +46,8 @@ int charset_codepage(int charset)
 const std::set<std::string>& skipped_destinations()
 {
     static const std::set<std::string> names = {
-        "info", "stylesheet", "object", "headerl", "headerf", "footerl", "footerf", "footnote", "pntext", "fldinst", "xe", "tc", "txe", "bkmkstart", "bkmkend",
+        "info", "stylesheet", "object", "headerl", "footerl", "footnote", "pntext", "fldinst", "xe", "tc", "txe",
+        "bkmkstart", "bkmkend",
         "filetbl", "revtbl", "listtable", "listoverridetable", "rsidtbl", "generator", "pntxta", "pntxtb",
         "themedata", "colorschememapping", "datastore", "latentstyles", "xmlnstbl", "mmathPr", "userprops",
         "docvar", "pgdsctbl", "comment", "annotation", "atnid", "atnauthor", "operator",
@@ -311,7 +312,7 @@ void Reader::word(const std::string& w, bool has_param, int param)
             stack_.back().para = st_.para;
         return;
     }
-    if (w == "header" || w == "headerr" || w == "footer" || w == "footerr") {
+    if (w == "header" || w == "headerr" || w == "footer" || w == "footerr" || w == "headerf" || w == "footerf") {
         enter_part(w);
         return;
     }
@@ -776,12 +777,14 @@ bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error, R
         return false;
     document.clear();
     if (extras) {
-        for (QTextDocument* part : {extras->header, extras->footer})
+        for (QTextDocument* part : extras->parts())
             if (part)
                 part->clear();
         RtfExtras fresh;
         fresh.header = extras->header;
         fresh.footer = extras->footer;
+        fresh.first_header = extras->first_header;
+        fresh.first_footer = extras->first_footer;
         *extras = fresh;
     }
     // One edit block: the document lays itself out once at the end instead of
@@ -793,7 +796,7 @@ bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error, R
     // Once the edit is over: the document knows its tables only then.
     flatten_leading_block(document);
     if (extras) {
-        for (QTextDocument* part : {extras->header, extras->footer})
+        for (QTextDocument* part : extras->parts())
             if (part)
                 flatten_leading_block(*part);
     }

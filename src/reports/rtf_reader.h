@@ -16,6 +16,7 @@
 #include "src/base/page_setup.h"
 
 #include <QByteArray>
+#include <array>
 #include <QString>
 #include <QStringList>
 
@@ -30,6 +31,11 @@ struct RtfExtras {
     QTextDocument* footer = nullptr;
     bool has_header = false;
     bool has_footer = false;
+    // The first page's own header and footer (\titlepg, \headerf, \footerf).
+    QTextDocument* first_header = nullptr;
+    QTextDocument* first_footer = nullptr;
+    bool first_page_differs = false;
+    std::array<QTextDocument*, 4> parts() const { return {header, footer, first_header, first_footer}; }
     // The page; invalid when the file gives no paper size.
     QPageLayout layout;
     qreal header_distance = 36;  // points

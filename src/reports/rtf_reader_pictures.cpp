@@ -24,6 +24,8 @@ bool Reader::page_word(const std::string& w, int param)
         paper_h_ = param;
     else if (w == "landscape" || w == "lndscpsxn")
         landscape_ = true;
+    else if (w == "titlepg")
+        title_page_ = true;
     else if (w == "headery")
         header_y_ = param;
     else if (w == "footery")
@@ -39,6 +41,7 @@ void Reader::finish_page()
 {
     if (!extras_)
         return;
+    extras_->first_page_differs = title_page_;
     extras_->header_distance = header_y_ / 20.0;
     extras_->footer_distance = footer_y_ / 20.0;
     if (paper_w_ <= 0 || paper_h_ <= 0)
@@ -57,16 +60,22 @@ void Reader::finish_page()
 
 void Reader::enter_part(const std::string& w)
 {
-    const bool header = w[0] == 'h';
-    std::unique_ptr<Sink>& part = header ? header_ : footer_;
-    QTextDocument* document = extras_ ? (header ? extras_->header : extras_->footer) : nullptr;
-    // The first header and footer of the document are the ones printed on every page.
+    // 0 and 1 the header and footer of every page, 2 and 3 those of the first
+    // page, which stand only with \titlepg.
+    const bool first = w.back() == 'f';
+    const int index = (w[0] == 'h' ? 0 : 1) + (first ? 2 : 0);
+    std::unique_ptr<Sink>& part = parts_[size_t(index)];
+    QTextDocument* document = extras_ ? extras_->parts()[size_t(index)] : nullptr;
+    // The first of each in the file is the one printed.
     if (!document || part || st_.dest != Dest::Text || st_.sink != &body_) {
         st_.dest = Dest::Skip;
         return;
     }
     part = std::make_unique<Sink>(document);
-    (header ? extras_->has_header : extras_->has_footer) = true;
+    if (index == 0)
+        extras_->has_header = true;
+    else if (index == 1)
+        extras_->has_footer = true;
     st_.sink = part.get();
     st_.para = ParaState();
 }

@@ -15,6 +15,7 @@
 #include <QTextOption>
 #include <QTextTable>
 
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -170,8 +171,7 @@ private:
     qsizetype pos_ = 0;
     Sink body_;
     RtfExtras* extras_;
-    std::unique_ptr<Sink> header_;
-    std::unique_ptr<Sink> footer_;
+    std::array<std::unique_ptr<Sink>, 4> parts_;  // header, footer, first page's header and footer
     std::vector<GroupState> stack_;
     GroupState st_;
     int overflow_ = 0;
@@ -205,6 +205,7 @@ private:
     int paper_w_ = 0, paper_h_ = 0;
     int margin_[4] = {-1, -1, -1, -1};  // left, top, right, bottom
     bool landscape_ = false;
+    bool title_page_ = false;
     int header_y_ = 720, footer_y_ = 720;
 };
 

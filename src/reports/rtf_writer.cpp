@@ -394,6 +394,11 @@ QByteArray Writer::run(const PageSetup* page)
                  QByteArray::number(twips(page->footer_distance)) + "\n";
         part("header", page->header);
         part("footer", page->footer);
+        if (page->first_page_differs) {
+            body_ += "\\titlepg\n";
+            part("headerf", page->first_header);
+            part("footerf", page->first_footer);
+        }
     }
     frame(doc_->rootFrame()->begin(), false);
     QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";

@@ -147,6 +147,22 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     }
     for (int i = 1; i <= 150; ++i)
         EXPECT_EQ(body.count(QStringLiteral("Ligne%1 ").arg(i)), 1) << i;
+
+    // A first page of its own: its header there, no footer there, the others after.
+    PageSetup first_page = rich.page_setup();
+    QTextDocument letterhead;
+    letterhead.setPlainText(QStringLiteral("Papier à en-tête"));
+    first_page.first_page_differs = true;
+    first_page.first_header = &letterhead;
+    ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), first_page));
+    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    ASSERT_TRUE(text.waitForFinished(60000));
+    pages = QString::fromUtf8(text.readAllStandardOutput()).split(QLatin1Char('\f'));
+    ASSERT_GE(pages.size(), 3);
+    EXPECT_TRUE(pages[0].contains(QStringLiteral("Papier à en-tête")));
+    EXPECT_FALSE(pages[0].contains(QStringLiteral("En-tête du")) || pages[0].contains(QStringLiteral("Pied de page")));
+    EXPECT_TRUE(pages[1].contains(QStringLiteral("En-tête du")) && pages[1].contains(QStringLiteral("Pied de page")));
+    EXPECT_FALSE(pages[1].contains(QStringLiteral("Papier")));
 }
 
 }  // namespace

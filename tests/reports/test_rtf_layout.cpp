@@ -336,7 +336,8 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
                            "\\margl720\\margr720\\margt1080\\margb1080\\landscape\\sectd\\headery500\\footery400"
                            "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>{\\pict\\pngblip " +
                            solid_png(4, 4, Qt::red).toHex() +
-                           "}\\par}{\\footer Page\\par}{\\header second\\par}Corps\\par}";
+                           "}\\par}{\\footer Page\\par}{\\header second\\par}\\titlepg{\\headerf Premi\\'e8re <NOM_CLUB>\\par}"
+                           "Corps\\par}";
     RichBox rich;
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("paysage.rtf"));
@@ -354,6 +355,15 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
     EXPECT_EQ(rich.page_layout().pageSize().id(), QPageSize::A4);
     EXPECT_NEAR(rich.page_layout().margins(QPageLayout::Point).top(), 54, 0.01);
     EXPECT_NEAR(rich.page_setup().header_distance, 25, 0.01);
+    // The first page's own header; no first-page footer: none on that page.
+    EXPECT_TRUE(rich.page_setup().first_page_differs);
+    ASSERT_TRUE(rich.page_setup().first_header);
+    EXPECT_EQ(rich.page_setup().first_header->toPlainText(), QStringLiteral("Première <NOM_CLUB>"));
+    EXPECT_FALSE(rich.page_setup().first_footer);
+    RemplacerBaliseEnTete(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("CN Brest"));
+    EXPECT_EQ(rich.first_header().toPlainText(), QStringLiteral("Première CN Brest"));
+    EXPECT_EQ(rich.header().toPlainText(), QStringLiteral("Club CN Brest") + QChar(QChar::ObjectReplacementCharacter));
+    RemplacerBaliseEnTete(rich, QStringLiteral("CN Brest"), QStringLiteral("<NOM_CLUB>"));
 
     // The convocation copies the template for each swimmer, page and all.
     RichBox copy;
@@ -372,6 +382,8 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
     EXPECT_EQ(back.page_layout().orientation(), QPageLayout::Landscape);
     EXPECT_NEAR(back.page_layout().margins(QPageLayout::Point).left(), 36, 0.01);
     EXPECT_NEAR(back.page_setup().footer_distance, 20, 0.01);
+    ASSERT_TRUE(back.page_setup().first_page_differs && back.page_setup().first_header);
+    EXPECT_EQ(back.page_setup().first_header->toPlainText(), QStringLiteral("Première <NOM_CLUB>"));
 }
 
 }  // namespace
