@@ -112,9 +112,9 @@ void Reader::finish_picture()
     const bool shape = in_shppict_ && !shppict_noted_;
     const QByteArray bytes = pict_.bin.isEmpty() ? QByteArray::fromHex(pict_.hex) : pict_.bin;
     QTextDocument* document = out().cursor.document();
-    const QString name = pict_.kind == PictState::Png || pict_.kind == PictState::Jpeg || pict_.kind == PictState::Unknown
-                             ? add_picture(*document, bytes)
-                             : QString();
+    const bool drawable = pict_.kind == PictState::Png || pict_.kind == PictState::Jpeg ||
+                          pict_.kind == PictState::Unknown;
+    const QString name = drawable ? add_picture(*document, bytes) : QString();
     if (name.isEmpty()) {
         if (extras_ && !stand_in) {
             static const char* const kinds[] = {"inconnu", "PNG", "JPEG", "EMF", "WMF", "inconnu"};

@@ -336,8 +336,8 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
                            "\\margl720\\margr720\\margt1080\\margb1080\\landscape\\sectd\\headery500\\footery400"
                            "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>{\\pict\\pngblip " +
                            solid_png(4, 4, Qt::red).toHex() +
-                           "}\\par}{\\footer Page\\par}{\\header second\\par}\\titlepg{\\headerf Premi\\'e8re <NOM_CLUB>\\par}"
-                           "Corps\\par}";
+                           "}\\par}{\\footer Page\\par}{\\header second\\par}"
+                           "\\titlepg{\\headerf Premi\\'e8re <NOM_CLUB>\\par}Corps\\par}";
     RichBox rich;
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("paysage.rtf"));
