@@ -163,6 +163,21 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     EXPECT_FALSE(pages[0].contains(QStringLiteral("En-tête du")) || pages[0].contains(QStringLiteral("Pied de page")));
     EXPECT_TRUE(pages[1].contains(QStringLiteral("En-tête du")) && pages[1].contains(QStringLiteral("Pied de page")));
     EXPECT_FALSE(pages[1].contains(QStringLiteral("Papier")));
+
+    // A landscape template prints on landscape sheets, at its own left margin.
+    PageSetup landscape = rich.page_setup();
+    landscape.layout = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(40, 30, 40, 30),
+                                   QPageLayout::Millimeter);
+    ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), landscape));
+    render.start(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QString::number(kDpi), QStringLiteral("-png"),
+                                              QStringLiteral("-singlefile"), pdf, dir.filePath(QStringLiteral("wide"))});
+    ASSERT_TRUE(render.waitForFinished(60000));
+    const QImage wide(dir.filePath(QStringLiteral("wide.png")));
+    EXPECT_NEAR(wide.width(), cm(29.7), 2);
+    EXPECT_NEAR(wide.height(), cm(21), 2);
+    const auto first_words = words_of(pdf);
+    ASSERT_FALSE(first_words.empty());
+    EXPECT_NEAR(std::get<1>(first_words.front()), cm(4), 2);  // the header's first word
 }
 
 }  // namespace
