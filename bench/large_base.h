@@ -31,8 +31,11 @@ public:
     void pop_wait_cursor() override {}
     void show_modal(View& view) override { view.close(); }
     void show_window(std::unique_ptr<View> view) override { view->close(); }
-    bool print_document(const QString&, const QTextDocument&) override { return false; }
-    bool write_pdf(const QString&, const QString&, const QTextDocument&) override { return false; }
+    bool print_document(const QString&, const QTextDocument&, const PageSetup&) override { return false; }
+    bool write_pdf(const QString&, const QString&, const QTextDocument&, const PageSetup&) override
+    {
+        return false;
+    }
     bool open_document(const QString&) override { return false; }
     bool progress(const QString&, int, int) override { return true; }
     void progress_end() override {}

@@ -1,5 +1,6 @@
 #include "gui/frame/qt_services.h"
 
+#include "gui/frame/page_printer.h"
 #include "gui/frame/report_window.h"
 #include "src/frame/view.h"
 #include "gui/frame/view_window.h"
@@ -154,14 +155,14 @@ bool QtServices::bring_to_front(const QString& name)
     return false;
 }
 
-bool QtServices::print_document(const QString& title, const QTextDocument& document)
+bool QtServices::print_document(const QString& title, const QTextDocument& document, const PageSetup& page)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
     QPrintPreviewDialog preview(&printer, parent());
     preview.setWindowTitle(title);
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                     [&document](QPrinter* p) { document.print(p); });
+                     [&document, &page](QPrinter* p) { print_pages(*p, document, page); });
     return preview.exec() == QDialog::Accepted;
 }
 
@@ -169,13 +170,14 @@ QtServices::QtServices(std::function<QWidget*()> parent) : parent_(std::move(par
 
 QtServices::~QtServices() = default;
 
-bool QtServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document)
+bool QtServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document,
+                           const PageSetup& page)
 {
     {
         QPdfWriter pdf(path);
         pdf.setTitle(title);
         pdf.setCreator(QStringLiteral("Plouvarine"));
-        document.print(&pdf);
+        print_pages(pdf, document, page);
     }
     return QFileInfo(path).size() > 0;
 }

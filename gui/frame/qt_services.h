@@ -27,8 +27,9 @@ public:
     void pop_wait_cursor() override;
     void show_modal(View& view) override;
     void show_window(std::unique_ptr<View> view) override;
-    bool print_document(const QString& title, const QTextDocument& document) override;
-    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    bool print_document(const QString& title, const QTextDocument& document, const PageSetup& page) override;
+    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document,
+                   const PageSetup& page) override;
     bool open_document(const QString& path) override;
     bool progress(const QString& caption, int done, int total) override;
     void progress_end() override;

@@ -3,6 +3,8 @@
 // folder dialogs, the status bar, the wait cursor. The Qt application implements
 // it with real dialogs; the tests implement it with scripted answers.
 
+#include "src/base/page_setup.h"
+
 #include <QString>
 #include <exception>
 #include <memory>
@@ -72,12 +74,14 @@ public:
     // Puts in front the modal window named `name`, if one of show_modal is
     // shown; true when one was. Child windows are the main window's to raise.
     virtual bool bring_to_front(const QString& name) { return false; }
-    // Prints `document` under `title`: the printer choice, with a preview and
-    // PDF output. False when the person cancels.
-    virtual bool print_document(const QString& title, const QTextDocument& document) = 0;
+    // Prints `document` under `title` on the pages of `page`: the printer
+    // choice, with a preview and PDF output. False when the person cancels.
+    virtual bool print_document(const QString& title, const QTextDocument& document,
+                                const PageSetup& page = PageSetup()) = 0;
     // Writes `document` under `title` as the PDF file `path`, with no dialog.
     // False when the file could not be written.
-    virtual bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) = 0;
+    virtual bool write_pdf(const QString& path, const QString& title, const QTextDocument& document,
+                           const PageSetup& page = PageSetup()) = 0;
     // The progress of a run of `total` steps, `done` of them over, under
     // `caption`; false once the person has asked to stop. progress_end takes
     // the progress away.

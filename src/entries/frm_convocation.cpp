@@ -181,7 +181,8 @@ int FrmConvocation::cmd_pdf()
                 EcrireConvocation(a, tempo, num_, swimmer, choice);
                 const QString path = convocation_file(
                     folder, swimmer.nom + u' ' + swimmer.prenom + QStringLiteral(" - ") + competition, written);
-                if (!a.ui.write_pdf(path, QStringLiteral("Convocation"), tempo.rich.document())) {
+                if (!a.ui.write_pdf(path, QStringLiteral("Convocation"), tempo.rich.document(),
+                                    tempo.rich.page_setup())) {
                     msg_erreur(a.ui, QStringLiteral("Impossible d'écrire le fichier ") + path);
                     break;
                 }
@@ -218,7 +219,9 @@ bool FrmConvocation::cmd1()
                                       swimmers[i].prenom);
                 EcrireConvocation(a, tempo, num_, swimmers[i], choice);
                 run.move_to_end();
-                if (i > 0)
+                if (i == 0)
+                    run.copy_page_from(tempo.rich);  // the template's page, header and footer
+                else
                     run.cursor().insertBlock();
                 const int start = run.cursor().position();
                 EcrireRich(run, tempo.rich);

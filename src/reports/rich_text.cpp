@@ -1,5 +1,6 @@
 #include "src/reports/rich_text.h"
 
+#include "src/reports/pictures.h"
 #include "src/reports/rtf_reader.h"
 #include "src/reports/rtf_writer.h"
 #include "src/base/services.h"
@@ -13,28 +14,81 @@ namespace plouvarine {
 
 RichBox::RichBox() : cursor_(&document_) {}
 
+namespace {
+
+void copy_document(const QTextDocument& from, QTextDocument& to)
+{
+    to.clear();
+    copy_pictures(from, to);
+    QTextCursor(&to).insertFragment(QTextDocumentFragment(&from));
+    QTextCursor first(&to);
+    first.setBlockFormat(from.begin().blockFormat());
+    first.setBlockCharFormat(from.begin().charFormat());
+}
+
+}  // namespace
+
+PageSetup RichBox::page_setup() const
+{
+    PageSetup page;
+    page.layout = layout_;
+    page.header = has_header_ ? &header_ : nullptr;
+    page.footer = has_footer_ ? &footer_ : nullptr;
+    page.first_page_differs = first_page_differs_;
+    page.first_header = first_page_differs_ && !first_header_.isEmpty() ? &first_header_ : nullptr;
+    page.first_footer = first_page_differs_ && !first_footer_.isEmpty() ? &first_footer_ : nullptr;
+    page.header_distance = header_distance_;
+    page.footer_distance = footer_distance_;
+    return page;
+}
+
 bool RichBox::LoadFile(const QString& path, QString* error)
 {
     // The text is replaced only once the file is known to be RTF.
-    if (!load_rtf_file(path, document_, error))
+    RtfExtras extras;
+    extras.header = &header_;
+    extras.footer = &footer_;
+    extras.first_header = &first_header_;
+    extras.first_footer = &first_footer_;
+    if (!load_rtf_file(path, document_, error, &extras))
         return false;
+    has_header_ = extras.has_header;
+    has_footer_ = extras.has_footer;
+    first_page_differs_ = extras.first_page_differs;
+    layout_ = extras.layout;
+    header_distance_ = extras.header_distance;
+    footer_distance_ = extras.footer_distance;
+    notes_ = extras.notes;
     select(0, 0);
     return true;
 }
 
 bool RichBox::SaveFile(const QString& path, QString* error) const
 {
-    return save_rtf_file(document_, path, error);
+    const PageSetup page = page_setup();
+    return save_rtf_file(document_, path, error, &page);
 }
 
 void RichBox::copy_from(const RichBox& other)
 {
-    document_.clear();
-    QTextCursor(&document_).insertFragment(QTextDocumentFragment(&other.document_));
-    QTextCursor first(&document_);
-    first.setBlockFormat(other.document_.begin().blockFormat());
-    first.setBlockCharFormat(other.document_.begin().charFormat());
+    copy_document(other.document_, document_);
+    copy_page_from(other);
     select(0, 0);
+}
+
+void RichBox::copy_page_from(const RichBox& other)
+{
+    copy_document(other.header_, header_);
+    copy_document(other.footer_, footer_);
+    copy_document(other.first_header_, first_header_);
+    copy_document(other.first_footer_, first_footer_);
+    first_page_differs_ = other.first_page_differs_;
+    has_header_ = other.has_header_;
+    has_footer_ = other.has_footer_;
+    layout_ = other.layout_;
+    header_distance_ = other.header_distance_;
+    footer_distance_ = other.footer_distance_;
+    notes_ = other.notes_;
 }
 
 int RichBox::Find(const QString& text, int start)
@@ -185,6 +239,7 @@ void EcrireRich(RichBox& rich, const RichBox& other)
     QTextCursor& cursor = rich.cursor();
     cursor.beginEditBlock();
     cursor.removeSelectedText();
+    copy_pictures(other.document(), rich.document());
     cursor.setBlockFormat(other.document().begin().blockFormat());
     cursor.insertFragment(QTextDocumentFragment(&other.document()));
     cursor.endEditBlock();
@@ -198,6 +253,19 @@ bool RemplacerBalise(RichBox& rich, const QString& tag, const QString& text, int
     return true;
 }
 
+void RemplacerBaliseEnTete(RichBox& rich, const QString& tag, const QString& text)
+{
+    if (tag.isEmpty())
+        return;
+    for (QTextDocument* part : {&rich.header(), &rich.footer(), &rich.first_header(), &rich.first_footer()}) {
+        for (QTextCursor found = part->find(tag); !found.isNull(); found = part->find(tag, found)) {
+            QTextCursor first(part);
+            first.setPosition(found.selectionStart() + 1);
+            found.insertText(text, first.charFormat());
+        }
+    }
+}
+
 void LirePosition(const RichBox& rich, int& start, int& length)
 {
     const QTextCursor& cursor = rich.cursor();
@@ -208,7 +276,7 @@ void LirePosition(const RichBox& rich, int& start, int& length)
 bool ImprimerRich(Services& ui, RichBox& rich, const QString& document_name)
 {
     rich.select_all();
-    return ui.print_document(document_name, rich.document());
+    return ui.print_document(document_name, rich.document(), rich.page_setup());
 }
 
 }  // namespace plouvarine

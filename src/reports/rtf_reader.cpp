@@ -1,21 +1,21 @@
 #include "src/reports/rtf_reader.h"
 
-#include <QColor>
+#include "src/reports/rtf_format.h"
+#include "src/reports/rtf_reader_state.h"
+
 #include <QFile>
-#include <QStringDecoder>
+#include <QRegularExpression>
 #include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
 
 #include <algorithm>
 #include <cctype>
-#include <map>
-#include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace plouvarine {
+
+namespace rtf_detail {
 
 namespace {
 
@@ -46,11 +46,11 @@ int charset_codepage(int charset)
 const std::set<std::string>& skipped_destinations()
 {
     static const std::set<std::string> names = {
-        "info", "stylesheet", "pict", "object", "header", "headerl", "headerr", "headerf", "footer",
-        "footerl", "footerr", "footerf", "footnote", "fldinst", "xe", "tc", "txe", "bkmkstart", "bkmkend",
+        "info", "stylesheet", "object", "headerl", "footerl", "footnote", "pntext", "fldinst", "xe", "tc", "txe",
+        "bkmkstart", "bkmkend",
         "filetbl", "revtbl", "listtable", "listoverridetable", "rsidtbl", "generator", "pntxta", "pntxtb",
         "themedata", "colorschememapping", "datastore", "latentstyles", "xmlnstbl", "mmathPr", "userprops",
-        "docvar", "pgdsctbl", "comment", "annotation", "atnid", "atnauthor", "nonshppict", "operator",
+        "docvar", "pgdsctbl", "comment", "annotation", "atnid", "atnauthor", "operator",
         "author", "title", "subject", "keywords", "doccomm", "company", "fchars", "lchars",
         "wgrffmtfilter", "pnseclvl", "template", "printim", "creatim", "revtim", "buptim"};
     return names;
@@ -73,93 +73,9 @@ bool is_underline_word(const std::string& w)
     return words.count(w) > 0;
 }
 
-enum class Dest { Text, Skip, FontTable, ColorTable };
-
-struct CharState {
-    int font = -1;         // -1: the default font
-    int half_points = 24;  // 12 pt
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    int color = 0;         // 0: automatic
-    bool operator==(const CharState&) const = default;
-};
-
-struct ParaState {
-    Qt::Alignment align = Qt::AlignLeft;
-    QList<QTextOption::Tab> tabs;
-    QTextOption::TabType next_tab = QTextOption::LeftTab;
-    int left = 0, right = 0, first = 0, before = 0, after = 0;  // twips
-};
-
-struct GroupState {
-    CharState chr;
-    ParaState para;
-    int uc = 1;
-    Dest dest = Dest::Text;
-};
-
-struct FontEntry {
-    QString name;
-    int codepage = 0;
-};
-
 constexpr int kMaxDepth = 1000;
 
-class Reader {
-public:
-    Reader(const QByteArray& data, QTextCursor& cursor) : in_(data), cursor_(cursor) {}
-
-    void run();
-
-private:
-    void open_group();
-    void close_group();
-    void control();
-    void word(const std::string& name, bool has_param, int param);
-    void symbol(char c);
-    void plain_byte(unsigned char c);
-    void decoded_byte(unsigned char c);
-    void put(const QString& text);
-    void flush();
-    void close_open_paragraph();
-    void end_paragraph();
-    void materialize_paragraph();
-    QTextCharFormat char_format(const CharState& chr) const;
-    QTextBlockFormat block_format() const;
-    int codepage() const;
-    QChar decode(unsigned char byte);
-    bool skipping_fallback();
-
-    const QByteArray& in_;
-    qsizetype pos_ = 0;
-    QTextCursor& cursor_;
-    std::vector<GroupState> stack_;
-    GroupState st_;
-    int overflow_ = 0;
-    bool group_start_ = false;
-    bool star_ = false;
-    bool done_ = false;
-
-    std::map<int, FontEntry> fonts_;
-    int deff_ = 0;
-    int ansicpg_ = 1252;
-    std::map<int, std::unique_ptr<QStringDecoder>> decoders_;
-    // Font table entry being read.
-    int font_num_ = 0;
-    int font_charset_cp_ = 0;
-    QString font_name_;
-    // Colour table entry being read.
-    QList<QColor> colors_;
-    int red_ = -1, green_ = -1, blue_ = -1;
-
-    QString pending_;
-    CharState pending_chr_;
-    int fallback_left_ = 0;
-    bool pending_par_ = false;
-    bool page_break_next_ = false;
-    bool page_break_here_ = false;
-};
+}  // namespace
 
 void Reader::run()
 {
@@ -185,13 +101,15 @@ void Reader::run()
     }
     if (!done_)
         close_open_paragraph();  // a truncated document: keep what was read
+    end_table();
+    finish_page();
 }
 
 void Reader::close_open_paragraph()
 {
     flush();
-    if (!pending_par_ && st_.dest == Dest::Text)
-        cursor_.setBlockFormat(block_format());
+    if (!out().pending_par && st_.dest == Dest::Text && !out().table)
+        out().cursor.setBlockFormat(block_format());
 }
 
 void Reader::open_group()
@@ -221,6 +139,13 @@ void Reader::close_group()
     }
     if (stack_.size() == 1)
         close_open_paragraph();
+    if (st_.dest == Dest::Picture && stack_.back().dest != Dest::Picture)
+        finish_picture();
+    if (st_.sink != stack_.back().sink) {
+        // The end of a header or footer: its last paragraph and table close.
+        close_open_paragraph();
+        end_table();
+    }
     if (st_.dest == Dest::FontTable && !font_name_.trimmed().isEmpty())
         fonts_[font_num_] = {font_name_.trimmed(), font_charset_cp_};
     if (st_.dest == Dest::FontTable)
@@ -274,8 +199,11 @@ void Reader::control()
     param = std::clamp(negative ? -param : param, -2147483647LL, 2147483647LL);
 
     if (name == "bin") {
-        // Binary data: skipped whatever the destination.
-        pos_ = std::min<qsizetype>(in_.size(), pos_ + std::max<long long>(0, param));
+        // Binary data: a picture's, or skipped.
+        const qsizetype end = std::min<qsizetype>(in_.size(), pos_ + std::max<long long>(0, param));
+        if (st_.dest == Dest::Picture)
+            pict_.bin += in_.mid(pos_, end - pos_);
+        pos_ = end;
         return;
     }
     if (skipping_fallback())
@@ -342,6 +270,52 @@ void Reader::word(const std::string& w, bool has_param, int param)
 
     if (st_.dest == Dest::Skip)
         return;
+    if (st_.dest == Dest::Picture) {
+        // The groups inside a picture (its properties, its id) hold no data.
+        if (at_start)
+            st_.dest = Dest::Skip;
+        else
+            picture_word(w, param);
+        return;
+    }
+    if (st_.dest == Dest::ListDef) {
+        list_word(w, param);
+        return;
+    }
+    if (w == "pict") {
+        st_.dest = st_.dest == Dest::Text ? Dest::Picture : Dest::Skip;
+        pict_ = PictState();
+        return;
+    }
+    if (w == "shppict") {
+        in_shppict_ = true;
+        shppict_drawn_ = shppict_noted_ = false;
+        return;
+    }
+    if (w == "nonshppict") {
+        // The stand-in that older readers draw: wanted only when the picture
+        // proper could not be drawn.
+        if (shppict_drawn_ || !shppict_noted_)
+            st_.dest = Dest::Skip;
+        return;
+    }
+    if (w == "listtext") {
+        st_.dest = st_.dest == Dest::Text ? Dest::ListText : Dest::Skip;
+        list_label_.clear();
+        return;
+    }
+    if (w == "pn" && st_.dest == Dest::Text) {
+        st_.dest = Dest::ListDef;
+        st_.para.pn = true;
+        st_.para.pn_style = QTextListFormat::ListDecimal;
+        if (!stack_.empty())
+            stack_.back().para = st_.para;
+        return;
+    }
+    if (w == "header" || w == "headerr" || w == "footer" || w == "footerr" || w == "headerf" || w == "footerf") {
+        enter_part(w);
+        return;
+    }
     if (w == "fonttbl") {
         st_.dest = Dest::FontTable;
         font_name_.clear();
@@ -392,7 +366,11 @@ void Reader::word(const std::string& w, bool has_param, int param)
     } else if (w == "uc") {
         st_.uc = std::clamp(param, 0, 10);
     } else if (w == "u") {
-        put(QString(QChar(char16_t(param < 0 ? param + 65536 : param))));
+        const QChar c(char16_t(param < 0 ? param + 65536 : param));
+        if (st_.dest == Dest::ListText)
+            list_label_ += c;
+        else
+            put(QString(c));
         fallback_left_ = st_.uc;
     }
     // Character attributes.
@@ -411,12 +389,22 @@ void Reader::word(const std::string& w, bool has_param, int param)
         st_.chr.underline = !has_param || param != 0;
     } else if (w == "ulnone") {
         st_.chr.underline = false;
+    } else if (w == "strike" || w == "striked") {
+        st_.chr.strike = !has_param || param != 0;
+    } else if (w == "super") {
+        st_.chr.script = QTextCharFormat::AlignSuperScript;
+    } else if (w == "sub") {
+        st_.chr.script = QTextCharFormat::AlignSubScript;
+    } else if (w == "nosupersub") {
+        st_.chr.script = QTextCharFormat::AlignNormal;
     } else if (w == "cf") {
         st_.chr.color = param;
     }
     // Paragraph attributes.
     else if (w == "pard") {
         st_.para = ParaState();
+        list_label_.clear();
+    } else if (table_word(w, has_param, param) || page_word(w, param) || list_word(w, param)) {
     } else if (w == "ql") {
         st_.para.align = Qt::AlignLeft;
     } else if (w == "qc") {
@@ -447,18 +435,26 @@ void Reader::word(const std::string& w, bool has_param, int param)
         st_.para.before = param;
     } else if (w == "sa") {
         st_.para.after = param;
+    } else if (w == "sl") {
+        st_.para.line = param;
+    } else if (w == "slmult") {
+        st_.para.line_multiple = param != 0;
     }
     // Body text.
-    else if (w == "par" || w == "sect" || w == "row") {
+    else if (w == "par" || w == "sect" || w == "nestrow") {
         end_paragraph();
+    } else if (w == "cell") {
+        end_cell();
+    } else if (w == "row") {
+        end_row();
     } else if (w == "page") {
         // A break right after a paragraph mark starts no empty paragraph.
-        if (!pending_par_)
+        if (!out().pending_par)
             end_paragraph();
-        page_break_next_ = true;
+        out().page_break_next = true;
     } else if (w == "line") {
         put(QString(QChar::LineSeparator));
-    } else if (w == "tab" || w == "cell" || w == "nestcell") {
+    } else if (w == "tab" || w == "nestcell") {
         put(QStringLiteral("\t"));
     } else {
         const auto it = symbol_words().find(w);
@@ -482,10 +478,19 @@ void Reader::plain_byte(unsigned char c)
         }
         return;
     }
+    if (st_.dest == Dest::Picture) {
+        if (std::isxdigit(c))
+            pict_.hex += char(c);
+        return;
+    }
     if (c < 0x20)
         return;
     if (c >= 0x80) {
         decoded_byte(c);
+        return;
+    }
+    if (st_.dest == Dest::ListText) {
+        list_label_ += QChar(c);
         return;
     }
     if (st_.dest == Dest::FontTable) {
@@ -506,6 +511,8 @@ void Reader::decoded_byte(unsigned char c)
 {
     if (st_.dest == Dest::FontTable)
         font_name_ += decode(c);
+    else if (st_.dest == Dest::ListText)
+        list_label_ += decode(c);
     else if (st_.dest == Dest::Text)
         put(QString(decode(c)));
 }
@@ -539,18 +546,20 @@ void Reader::put(const QString& text)
     if (st_.dest != Dest::Text)
         return;
     materialize_paragraph();
-    if (!pending_.isEmpty() && !(pending_chr_ == st_.chr))
+    Sink& o = out();
+    if (!o.pending.isEmpty() && !(o.pending_chr == st_.chr))
         flush();
-    pending_chr_ = st_.chr;
-    pending_ += text;
+    o.pending_chr = st_.chr;
+    o.pending += text;
 }
 
 void Reader::flush()
 {
-    if (pending_.isEmpty())
+    Sink& o = out();
+    if (o.pending.isEmpty())
         return;
-    cursor_.insertText(pending_, char_format(pending_chr_));
-    pending_.clear();
+    o.cursor.insertText(o.pending, char_format(o.pending_chr));
+    o.pending.clear();
 }
 
 void Reader::end_paragraph()
@@ -559,24 +568,117 @@ void Reader::end_paragraph()
         return;
     materialize_paragraph();
     flush();
-    cursor_.setBlockFormat(block_format());
+    Sink& o = out();
+    o.cursor.setBlockFormat(block_format());
     // An empty paragraph keeps the format of its mark: text typed there takes it.
-    if (cursor_.block().length() == 1)
-        cursor_.setBlockCharFormat(char_format(st_.chr));
+    if (o.cursor.block().length() == 1)
+        o.cursor.setBlockCharFormat(char_format(st_.chr));
+    add_to_list();
     // The new paragraph is made when something follows: a last \par closes the
     // last paragraph and opens none.
-    pending_par_ = true;
-    page_break_here_ = false;
+    o.pending_par = true;
+    o.page_break_here = false;
 }
 
 void Reader::materialize_paragraph()
 {
-    if (!pending_par_)
+    ensure_cell();
+    Sink& o = out();
+    if (!o.pending_par)
         return;
-    pending_par_ = false;
-    page_break_here_ = page_break_next_;
-    page_break_next_ = false;
-    cursor_.insertBlock(block_format(), char_format(st_.chr));
+    o.pending_par = false;
+    o.page_break_here = o.page_break_next;
+    o.page_break_next = false;
+    o.cursor.insertBlock(block_format(), char_format(st_.chr));
+}
+
+QTextListFormat::Style label_style(const QString& label)
+{
+    QString text = label;
+    text.remove(QLatin1Char('\t'));
+    text = text.trimmed();
+    static const QRegularExpression decimal(QStringLiteral("^\\d+[.)]?$"));
+    static const QRegularExpression roman(QStringLiteral("^[ivxlc]{2,}[.)]?$"));
+    static const QRegularExpression upper_roman(QStringLiteral("^[IVXLC]{2,}[.)]?$"));
+    static const QRegularExpression lower(QStringLiteral("^[a-z][.)]$"));
+    static const QRegularExpression upper(QStringLiteral("^[A-Z][.)]$"));
+    if (decimal.match(text).hasMatch())
+        return QTextListFormat::ListDecimal;
+    if (roman.match(text).hasMatch())
+        return QTextListFormat::ListLowerRoman;
+    if (upper_roman.match(text).hasMatch())
+        return QTextListFormat::ListUpperRoman;
+    if (lower.match(text).hasMatch())
+        return QTextListFormat::ListLowerAlpha;
+    if (upper.match(text).hasMatch())
+        return QTextListFormat::ListUpperAlpha;
+    if (text == QLatin1String("o"))
+        return QTextListFormat::ListCircle;
+    if (text == QString(QChar(0x25AA)) || text == QString(QChar(0x25A0)) || text == QString(QChar(0xA7)))
+        return QTextListFormat::ListSquare;
+    return QTextListFormat::ListDisc;
+}
+
+bool Reader::list_word(const std::string& w, int param)
+{
+    ParaState& p = st_.para;
+    if (st_.dest == Dest::ListDef) {
+        if (w == "pnlvlblt")
+            p.pn_style = QTextListFormat::ListDisc;
+        else if (w == "pnlvlbody" || w == "pndec")
+            p.pn_style = QTextListFormat::ListDecimal;
+        else if (w == "pnlcltr")
+            p.pn_style = QTextListFormat::ListLowerAlpha;
+        else if (w == "pnucltr")
+            p.pn_style = QTextListFormat::ListUpperAlpha;
+        else if (w == "pnlcrm")
+            p.pn_style = QTextListFormat::ListLowerRoman;
+        else if (w == "pnucrm")
+            p.pn_style = QTextListFormat::ListUpperRoman;
+        else if (w == "pnlvl")
+            p.level = std::clamp(param - 1, 0, 8);
+        else
+            return false;
+        // The definition belongs to the paragraph around the group.
+        if (!stack_.empty())
+            stack_.back().para = p;
+        return true;
+    }
+    if (w == "ls")
+        p.ls = param;
+    else if (w == "ilvl")
+        p.level = std::clamp(param, 0, 8);
+    else
+        return false;
+    return true;
+}
+
+void Reader::add_to_list()
+{
+    const ParaState& p = st_.para;
+    Sink& o = out();
+    if (p.ls <= 0 && !p.pn) {
+        o.last_list.clear();
+        return;
+    }
+    const QTextListFormat::Style style = p.pn ? p.pn_style : label_style(list_label_);
+    QString key = (p.pn ? QStringLiteral("pn") : QStringLiteral("ls%1").arg(p.ls)) + QStringLiteral(":%1").arg(p.level);
+    if (p.pn) {
+        // The older form has no list number: a list is the paragraphs in a row.
+        key += QStringLiteral(":%1").arg(int(style));
+        if (o.last_list != key)
+            o.lists.erase(key);
+    }
+    o.last_list = key;
+    QTextList*& list = o.lists[key];
+    if (list && list->format().style() == style) {
+        list->add(o.cursor.block());
+        return;
+    }
+    QTextListFormat format;
+    format.setStyle(style);
+    format.setIndent(p.level + 1);
+    list = o.cursor.createList(format);
 }
 
 QTextCharFormat Reader::char_format(const CharState& chr) const
@@ -589,6 +691,9 @@ QTextCharFormat Reader::char_format(const CharState& chr) const
     format.setFontWeight(chr.bold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(chr.italic);
     format.setFontUnderline(chr.underline);
+    format.setFontStrikeOut(chr.strike);
+    if (chr.script != QTextCharFormat::AlignNormal)
+        format.setVerticalAlignment(chr.script);
     if (chr.color > 0 && chr.color < colors_.size() && colors_.at(chr.color).isValid())
         format.setForeground(colors_.at(chr.color));
     return format;
@@ -605,9 +710,45 @@ QTextBlockFormat Reader::block_format() const
     format.setTextIndent(p.first / 20.0);
     format.setTopMargin(p.before / 20.0);
     format.setBottomMargin(p.after / 20.0);
-    if (page_break_here_)
+    if (p.line > 0 && p.line_multiple)
+        format.setLineHeight(p.line * 100.0 / 240, QTextBlockFormat::ProportionalHeight);
+    else if (p.line > 0)
+        format.setLineHeight(p.line / 20.0, QTextBlockFormat::MinimumHeight);
+    else if (p.line < 0)
+        format.setLineHeight(-p.line / 20.0, QTextBlockFormat::FixedHeight);
+    if (p.ls > 0 || p.pn) {
+        // The list draws the label: the indent goes to the list.
+        format.setLeftMargin(0);
+        format.setTextIndent(0);
+    }
+    if (out().page_break_here)
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     return format;
+}
+
+}  // namespace rtf_detail
+
+namespace {
+
+using rtf_detail::Reader;
+
+// A document always opens with a paragraph: before a table that opens the
+// file, that empty paragraph takes no room on the page, and is not written back.
+void flatten_leading_block(QTextDocument& document)
+{
+    const QTextBlock first = document.begin();
+    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
+    if (first.length() != 1 || frames.isEmpty() || !qobject_cast<QTextTable*>(frames.first()) ||
+        frames.first()->firstPosition() > first.position() + 2)
+        return;
+    QTextBlockFormat format;
+    format.setLineHeight(0.01, QTextBlockFormat::FixedHeight);
+    format.setProperty(kLeadingBlock, true);
+    QTextCharFormat tiny;
+    tiny.setFontPointSize(1);
+    QTextCursor cursor(first);
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(tiny);
 }
 
 bool check_header(const QByteArray& data, QString* error)
@@ -630,22 +771,39 @@ bool check_header(const QByteArray& data, QString* error)
 
 }  // namespace
 
-bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error)
+bool read_rtf(const QByteArray& data, QTextDocument& document, QString* error, RtfExtras* extras)
 {
     if (!check_header(data, error))
         return false;
     document.clear();
-    QTextCursor cursor(&document);
+    if (extras) {
+        for (QTextDocument* part : extras->parts())
+            if (part)
+                part->clear();
+        RtfExtras fresh;
+        fresh.header = extras->header;
+        fresh.footer = extras->footer;
+        fresh.first_header = extras->first_header;
+        fresh.first_footer = extras->first_footer;
+        *extras = fresh;
+    }
     // One edit block: the document lays itself out once at the end instead of
     // after each run of text, which made large templates quadratic.
-    cursor.beginEditBlock();
-    Reader reader(data, cursor);
+    QTextCursor(&document).beginEditBlock();
+    Reader reader(data, document, extras);
     reader.run();
-    cursor.endEditBlock();
+    QTextCursor(&document).endEditBlock();
+    // Once the edit is over: the document knows its tables only then.
+    flatten_leading_block(document);
+    if (extras) {
+        for (QTextDocument* part : extras->parts())
+            if (part)
+                flatten_leading_block(*part);
+    }
     return true;
 }
 
-bool load_rtf_file(const QString& path, QTextDocument& document, QString* error)
+bool load_rtf_file(const QString& path, QTextDocument& document, QString* error, RtfExtras* extras)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -653,7 +811,7 @@ bool load_rtf_file(const QString& path, QTextDocument& document, QString* error)
             *error = file.errorString();
         return false;
     }
-    return read_rtf(file.readAll(), document, error);
+    return read_rtf(file.readAll(), document, error, extras);
 }
 
 }  // namespace plouvarine

@@ -71,17 +71,30 @@ bool ChargerModele(AppContext& app, const QString& path, RichBox& rich, const QS
         ok = build_template(app, path, kind, &error);
     if (ok)
         ok = rich.LoadFile(path, &error);
-    if (!ok)
+    if (!ok) {
         msg_erreur(app.ui, QStringLiteral("Erreur lors du chargement du modèle ") + kind);
-    return ok;
+        return false;
+    }
+    // What the template holds that cannot be printed is told, and the report goes on.
+    if (!rich.load_notes().isEmpty()) {
+        std::vector<ReportLine> lines;
+        for (const QString& note : rich.load_notes())
+            lines.push_back({note, false});
+        app.ui.show_report(QStringLiteral("Chargement du modèle ") + kind, lines);
+    }
+    return true;
 }
 
 void EcrireTagsProfil(AppContext& app, RichBox& rich)
 {
     status_text(app.ui, QStringLiteral("Impression information profil utilisateur"));
-    RemplacerBalise(rich, tags::kNomClub, app.state.club_name);
-    RemplacerBalise(rich, tags::kCodeClub, app.state.club_code);
-    RemplacerBalise(rich, tags::kDateJour, date_longue(app.clock.today()));
+    const std::pair<QString, QString> values[] = {{tags::kNomClub, app.state.club_name},
+                                                  {tags::kCodeClub, app.state.club_code},
+                                                  {tags::kDateJour, date_longue(app.clock.today())}};
+    for (const auto& [tag, text] : values) {
+        RemplacerBalise(rich, tag, text);
+        RemplacerBaliseEnTete(rich, tag, text);
+    }
 }
 
 QString date_longue(const QDate& date)
@@ -129,10 +142,14 @@ std::optional<CompetitionInfo> lire_competition(AppContext& app, const QString& 
 void EcrireTagsCompetition(AppContext& app, RichBox& rich, const CompetitionInfo& info)
 {
     status_text(app.ui, QStringLiteral("Ecriture informations sur la compétition"));
-    RemplacerBalise(rich, tags::kNomCompet, info.nom);
-    RemplacerBalise(rich, tags::kDateCompet, date_compet_text(info.debut, info.fin));
-    RemplacerBalise(rich, tags::kLieuCompet, info.lieu);
-    RemplacerBalise(rich, tags::kBassin, info.longueur);
+    const std::pair<QString, QString> values[] = {{tags::kNomCompet, info.nom},
+                                                  {tags::kDateCompet, date_compet_text(info.debut, info.fin)},
+                                                  {tags::kLieuCompet, info.lieu},
+                                                  {tags::kBassin, info.longueur}};
+    for (const auto& [tag, text] : values) {
+        RemplacerBalise(rich, tag, text);
+        RemplacerBaliseEnTete(rich, tag, text);
+    }
     if (!info.with_pool)
         return;
     // The sentinel pool "Null" stands for no pool: its tags vanish.

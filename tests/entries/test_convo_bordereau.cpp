@@ -11,6 +11,7 @@
 #include "src/reports/template_builder.h"
 #include "src/reports/templates.h"
 #include "support/golden.h"
+#include "support/office_template.h"
 #include "support/pdf_pages.h"
 #include "entries_test_base.h"
 
@@ -306,6 +307,19 @@ TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
     ASSERT_TRUE(view->cmd1());
     EXPECT_EQ(ui.printed.back().text.count(QStringLiteral("Convocation\n")), 2);
     EXPECT_TRUE(ui.printed.back().html.contains(QStringLiteral("page-break-before:always")));
+
+    // The club's letterhead: its logo in each letter, its header filled for every page.
+    const QByteArray logo = plouvarine::testing::solid_png(8, 4, Qt::darkBlue).toHex();
+    QFile letterhead(template_path(*app, QStringLiteral("convo")));
+    ASSERT_TRUE(letterhead.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    letterhead.write("{\\rtf1\\ansi{\\header {\\pict\\pngblip " + logo + "} <NOM_CLUB>\\par}{\\pict\\pngblip"
+                     "\\picwgoal600\\pichgoal300 " + logo + "}Convocation\\par <NAGEUR>\\par}");
+    letterhead.close();
+    ASSERT_TRUE(view->cmd1());
+    EXPECT_EQ(ui.printed.back().text.count(QStringLiteral("Convocation\n")), 2);
+    EXPECT_EQ(ui.printed.back().html.count(QStringLiteral("<img src=\"picture:")), 2);
+    EXPECT_TRUE(ui.printed.back().header.contains(app->state.club_name));
+    EXPECT_FALSE(ui.printed.back().header.contains(QLatin1Char('<')));
 
     // A damaged template: named, and nothing printed.
     QFile damaged(template_path(*app, QStringLiteral("convo")));

@@ -271,6 +271,31 @@ TEST_F(ReportTemplates, ProfileAndCompetitionTagsFromTheBase)
     EXPECT_EQ(date_compet_text(QStringLiteral("20261115"), QStringLiteral("20261115")), QStringLiteral("15/11 - 15/11/2026"));
 }
 
+TEST_F(ReportTemplates, AMetafileLogoIsToldAndLeftOutAndTheHeaderIsFilledAndPrinted)
+{
+    connect(make_base());
+    app->state.club_name = QStringLiteral("CN Brest");
+    const QString path = template_path(*app, QStringLiteral("rptlic"));
+    ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
+    ASSERT_TRUE(write_bytes(path, "{\\rtf1\\ansi{\\header Licences du <NOM_CLUB>\\par}{\\footer <NOM_CLUB>, "
+                                  "<NOM_CLUB>\\par}{\\pict\\wmetafile8\\picwgoal600\\pichgoal300 01000900}"
+                                  "Liste de <NOM_CLUB>\\par}"));
+    ReportJob job;
+    job.kind = QStringLiteral("rptlic");
+    job.title = QStringLiteral("Licences");
+    ASSERT_TRUE(imprimer_rapport(*app, job));
+    ASSERT_EQ(ui.reports.size(), 1u);
+    EXPECT_EQ(ui.reports.at(0).title, QStringLiteral("Chargement du modèle rptlic"));
+    ASSERT_EQ(ui.reports.at(0).lines.size(), 1u);
+    EXPECT_TRUE(ui.reports.at(0).lines.at(0).text.contains(QStringLiteral("WMF")));
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ui.printed.size(), 1u);
+    EXPECT_EQ(ui.printed.at(0).text, QStringLiteral("Liste de CN Brest"));
+    // Printed on every page, the header and the footer have all their tags filled.
+    EXPECT_EQ(ui.printed.at(0).header, QStringLiteral("Licences du CN Brest"));
+    EXPECT_EQ(ui.printed.at(0).footer, QStringLiteral("CN Brest, CN Brest"));
+}
+
 TEST_F(ReportTemplates, PrintsAFilledReportToPdfAndNothingHalfFilled)
 {
     connect(make_base());

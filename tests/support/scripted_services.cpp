@@ -113,11 +113,13 @@ void ScriptedServices::drop_windows()
     windows.clear();
 }
 
-bool ScriptedServices::print_document(const QString& title, const QTextDocument& document)
+bool ScriptedServices::print_document(const QString& title, const QTextDocument& document, const PageSetup& page)
 {
     if (!print_answer)
         return false;
-    printed.push_back({title, document.toPlainText(), document.toHtml(), write_rtf(document)});
+    printed.push_back({title, document.toPlainText(), document.toHtml(), write_rtf(document),
+                       page.header ? page.header->toPlainText() : QString(),
+                       page.footer ? page.footer->toPlainText() : QString()});
     if (!print_pdf.isEmpty()) {
         QPdfWriter pdf(print_pdf);
         pdf.setTitle(title);
@@ -132,7 +134,8 @@ bool ScriptedServices::open_document(const QString& path)
     return open_answer;
 }
 
-bool ScriptedServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document)
+bool ScriptedServices::write_pdf(const QString& path, const QString& title, const QTextDocument& document,
+                                 const PageSetup&)
 {
     {
         QPdfWriter pdf(path);

@@ -63,6 +63,8 @@ public:
         QString text;  // the document's plain text
         QString html;
         QByteArray rtf;  // the document as the report would be saved
+        QString header;  // the plain text of the page's header and footer
+        QString footer;
     };
     std::vector<Printed> printed;
     bool print_answer = true;
@@ -77,9 +79,10 @@ public:
     void pop_wait_cursor() override;
     void show_modal(View& view) override;
     void show_window(std::unique_ptr<View> view) override;
-    bool print_document(const QString& title, const QTextDocument& document) override;
+    bool print_document(const QString& title, const QTextDocument& document, const PageSetup& page) override;
     // Writes a real PDF and records its path in `pdfs`.
-    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document) override;
+    bool write_pdf(const QString& path, const QString& title, const QTextDocument& document,
+                   const PageSetup& page) override;
     // The documents opened, in order; `open_answer` false: no program could.
     QStringList opened_documents;
     bool open_answer = true;
