@@ -84,6 +84,22 @@ std::optional<int> select_row(QItemSelectionModel& selection, const QString& tex
     return row;
 }
 
+QStandardItem* fixed_cell(const QString& text)
+{
+    auto* item = new QStandardItem(text);
+    item->setEditable(false);
+    return item;
+}
+
+QList<QStandardItem*> fixed_row(const QStringList& cells)
+{
+    QList<QStandardItem*> row;
+    row.reserve(cells.size());
+    for (const QString& text : cells)
+        row << fixed_cell(text);
+    return row;
+}
+
 std::optional<int> row_after_removal(int removed_row, int row_count)
 {
     if (row_count <= 0)

@@ -16,6 +16,7 @@
 
 class QAbstractItemModel;
 class QItemSelectionModel;
+class QStandardItem;
 class QStandardItemModel;
 
 namespace plouvarine {
@@ -51,6 +52,10 @@ std::optional<int> select_row(QItemSelectionModel& selection, const QString& tex
 std::optional<int> row_after_removal(int removed_row, int row_count);
 // Selects that row (or clears the selection on an empty list).
 std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_row);
+
+// A cell that cannot be edited in place, and a row of such cells.
+QStandardItem* fixed_cell(const QString& text);
+QList<QStandardItem*> fixed_row(const QStringList& cells);
 
 // The marking of a deletion list: the selected rows (or the current row when
 // none is selected) leave the list; the row after them is selected. Gives their

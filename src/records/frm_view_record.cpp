@@ -21,20 +21,13 @@ namespace {
 
 const QString kErreurLors = QStringLiteral("Une erreur s'est produite lors de ");
 
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
-
 // One row of lsvRecords: the label, the name, the time, the date, the place,
 // and the relay swimmers when shown.
 void add_record_row(QStandardItemModel& list, int kind, const QStringList& cells, int columns)
 {
     QList<QStandardItem*> items;
     for (int c = 0; c < columns; ++c)
-        items << cell(cells.value(c));
+        items << fixed_cell(cells.value(c));
     items[0]->setData(kind, FrmViewRecord::kKindRole);
     if (kind == FrmViewRecord::Title) {
         QFont bold = items[1]->font();
@@ -71,7 +64,7 @@ void FrmViewRecord::charge_nages()
     nages_.clear();
     nages_.setHorizontalHeaderLabels({QStringLiteral("Epreuves")});
     for (int r = 0; r < rows.size(); ++r) {
-        QStandardItem* item = cell(rows.value(r, 1));
+        QStandardItem* item = fixed_cell(rows.value(r, 1));
         item->setCheckable(true);
         item->setCheckState(Qt::Unchecked);
         item->setData(rows.value(r, 0), kKeyRole);

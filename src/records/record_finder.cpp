@@ -5,6 +5,7 @@
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 #include <QHash>
 #include <algorithm>
@@ -241,16 +242,10 @@ void FrmChercheRecord::charge()
                                      QStringLiteral("Bassin"), QStringLiteral("Tps"), QStringLiteral("Date"),
                                      QStringLiteral("Lieu"), QStringLiteral("Record actuel")});
     for (const RecordProposal& p : proposals_) {
-        QList<QStandardItem*> items;
-        for (const QString& text :
-             {(p.entry.nom + u' ' + p.entry.prenom).trimmed(), p.epreuve, p.entry.libelle,
-              QString::number(p.entry.bassin), affiche_temps(QString::number(p.entry.tps, 'f', 4)),
-              DateLongue(p.entry.date), p.entry.lieu, p.record_tps.isEmpty() ? QString() : affiche_temps(p.record_tps)}) {
-            auto* item = new QStandardItem(text);
-            item->setEditable(false);
-            items << item;
-        }
-        list_.appendRow(items);
+        list_.appendRow(fixed_row(
+            {(p.entry.nom + u' ' + p.entry.prenom).trimmed(), p.epreuve, p.entry.libelle,
+             QString::number(p.entry.bassin), affiche_temps(QString::number(p.entry.tps, 'f', 4)),
+             DateLongue(p.entry.date), p.entry.lieu, p.record_tps.isEmpty() ? QString() : affiche_temps(p.record_tps)}));
     }
     selected = proposals_.empty() ? -1 : 0;
     changed();

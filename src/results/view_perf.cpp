@@ -174,11 +174,8 @@ void FrmViewPerf::add_row(const QStringList& cells, const QString& key, const QS
 {
     QList<QStandardItem*> items;
     items.reserve(perfs_.columnCount());
-    for (int c = 0; c < perfs_.columnCount(); ++c) {
-        auto* item = new QStandardItem(c < cells.size() ? cells[c] : QString());
-        item->setEditable(false);
-        items << item;
-    }
+    for (int c = 0; c < perfs_.columnCount(); ++c)
+        items << fixed_cell(c < cells.size() ? cells[c] : QString());
     if (!key.isEmpty())
         items[0]->setData(key, kKeyRole);
     if (!num.isEmpty())

@@ -7,6 +7,7 @@
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
 #include "src/frame/list_export.h"
+#include "src/frame/list_helpers.h"
 #include "src/frame/menu_state.h"
 #include "src/results/results_export.h"
 
@@ -27,13 +28,6 @@ constexpr int kInterCount = 14;
 QString on_table(QString text, const QString& table)
 {
     return text.replace(kTable, table);
-}
-
-QStandardItem* fixed_item(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 // A day yyyymmdd as "d/mm/yyyy"; empty when it is no date.
@@ -96,9 +90,9 @@ void FrmViewResult::charge_competitions()
         QStringLiteral("ORDER BY Rcomp.Debut DESC"));
     compets_.removeRows(0, compets_.rowCount());
     for (int r = 0; r < rows.size(); ++r) {
-        QList<QStandardItem*> items{fixed_item(rows.value(r, 1)), fixed_item(rows.value(r, 2)),
-                                    fixed_item(rows.value(r, 5)),
-                                    fixed_item(date_courte(rows.value(r, 3)))};
+        QList<QStandardItem*> items{fixed_cell(rows.value(r, 1)), fixed_cell(rows.value(r, 2)),
+                                    fixed_cell(rows.value(r, 5)),
+                                    fixed_cell(date_courte(rows.value(r, 3)))};
         items[0]->setData(rows.value(r, 0).trimmed(), kAutoNumRole);
         compets_.appendRow(items);
     }
@@ -131,8 +125,8 @@ void FrmViewResult::click_compet(int row)
             QString day;
             if (start.isValid())
                 day = date_courte(start.addDays(rows.value(r, 1).toInt() - 1).toString(QStringLiteral("yyyyMMdd")));
-            QList<QStandardItem*> items{fixed_item(rows.value(r, 0)), fixed_item(rows.value(r, 3)), fixed_item(day),
-                                        fixed_item(rows.value(r, 2))};
+            QList<QStandardItem*> items{fixed_cell(rows.value(r, 0)), fixed_cell(rows.value(r, 3)), fixed_cell(day),
+                                        fixed_cell(rows.value(r, 2))};
             items[0]->setCheckable(true);
             items[0]->setCheckState(chk_all_ ? Qt::Checked : Qt::Unchecked);
             items[0]->setData(rows.value(r, 4).toInt(), kNbNageursRole);
@@ -231,7 +225,7 @@ void FrmViewResult::add_row(const QStringList& cells)
     QList<QStandardItem*> items;
     items.reserve(cells.size());
     for (const QString& text : cells)
-        items << fixed_item(text);
+        items << fixed_cell(text);
     results_.appendRow(items);
 }
 

@@ -5,6 +5,7 @@
 #include "src/base/utils_time.h"
 #include "src/entries/frm_engag.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 #include <stdexcept>
 
@@ -15,13 +16,6 @@ namespace {
 FrmEngag* entry_window(AppContext& app)
 {
     return dynamic_cast<FrmEngag*>(app.windows.instance(QString(FrmEngag::kName)));
-}
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 }  // namespace
@@ -40,7 +34,7 @@ void FrmCalTps::cmd_Ajout()
     try {
         const QString sum = ajoute_temps(total_, text_to_double(typed));
         total_ = text_to_double(sum);
-        histo_.appendRow({cell(typed), cell(sum)});
+        histo_.appendRow({fixed_cell(typed), fixed_cell(sum)});
         histo_selection_.setCurrentIndex(histo_.index(histo_.rowCount() - 1, 0),
                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         txt_tps_ajout.clear();
