@@ -50,6 +50,19 @@ struct Swim {
 
 int year_of(const QString& date) { return date.left(4).toInt(); }
 
+// The swim of row `r` of a history read whose first columns are the event,
+// the pool, the time, the date and the place, as both tables keep them.
+Swim swim_of(const Rows& rows, int r)
+{
+    Swim s;
+    s.code = rows.value(r, 0).toInt();
+    s.bassin = rows.value(r, 1).toInt();
+    s.tps = rows.value(r, 2).toDouble();
+    s.date = rows.value(r, 3);
+    s.lieu = rows.value(r, 4);
+    return s;
+}
+
 std::vector<Band> read_bands(AppContext& app)
 {
     const Rows rows = app.db.load_rows(
@@ -93,12 +106,7 @@ std::vector<Swim> read_individual(AppContext& app)
         QStringLiteral(" AND Liffn.Tps > 0 AND Liffn.Tps < 91 AND Liffn.Tps_inter = false"));
     std::vector<Swim> swims;
     for (int r = 0; r < rows.size(); ++r) {
-        Swim s;
-        s.code = rows.value(r, 0).toInt();
-        s.bassin = rows.value(r, 1).toInt();
-        s.tps = rows.value(r, 2).toDouble();
-        s.date = rows.value(r, 3);
-        s.lieu = rows.value(r, 4);
+        Swim s = swim_of(rows, r);
         s.age = rows.value(r, 5).toInt();
         if (s.age <= 0 && !rows.value(r, 8).isEmpty())
             s.age = year_of(s.date) - year_of(rows.value(r, 8));
@@ -145,12 +153,7 @@ std::vector<Swim> read_relays(AppContext& app)
                         {people.value(r, 1) + u' ' + people.value(r, 2), people.value(r, 3)});
     std::vector<Swim> swims;
     for (int r = 0; r < rows.size(); ++r) {
-        Swim s;
-        s.code = rows.value(r, 0).toInt();
-        s.bassin = rows.value(r, 1).toInt();
-        s.tps = rows.value(r, 2).toDouble();
-        s.date = rows.value(r, 3);
-        s.lieu = rows.value(r, 4);
+        Swim s = swim_of(rows, r);
         s.sexe = sexe_categorie(rows.value(r, 5));
         s.epreuve = rows.value(r, 6);
         s.nom = app.state.club_name;
