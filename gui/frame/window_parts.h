@@ -104,7 +104,9 @@ private:
     }
 };
 
-inline QPushButton* add_button(QHBoxLayout* row, const QString& name, const QString& caption,
+// A command button at the end of `row`, a row or a column of buttons; taking
+// the focus does not make it the default button.
+inline QPushButton* add_button(QBoxLayout* row, const QString& name, const QString& caption,
                                std::function<void()> action)
 {
     auto* button = new QPushButton(caption);
