@@ -10,6 +10,7 @@
 
 #include <QDate>
 #include <QItemSelectionModel>
+#include <QSet>
 #include <QStandardItemModel>
 #include <QStringList>
 
@@ -140,6 +141,8 @@ private:
     void apply_loaded(const LoadedProg& loaded);
     void finish();
     int code_of(int row) const;
+    // The event codes of the list's rows: those a programme source may fill.
+    QSet<int> listed_codes() const;
     void model_days(int count);
     void offer_meet(const LenexProgramme& meet);
     void load_days();

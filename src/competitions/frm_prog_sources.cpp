@@ -151,9 +151,7 @@ void FrmProg::charger_pcomp(const QString& path)
         status_text(a.ui, QStringLiteral("Récupération des données du programme"));
         const std::vector<PcompLine> lines = lire_pcomp(lire_lignes(read_bytes(pcomp)));
         const PcompDays days = jours_pcomp(lines);
-        QSet<int> known;
-        for (int row = 0; row < nage_.rowCount(); ++row)
-            known.insert(code_of(row));
+        const QSet<int> known = listed_codes();
         // Everything is read: now the array changes.
         std::vector<PcompLine> unknown;
         std::vector<int> unknown_days;
@@ -207,9 +205,7 @@ void FrmProg::charger_lenex(const QString& path)
         const bool empty = std::none_of(tab_.begin(), tab_.end(), [](const ProgSlot& s) { return s.JourCourse > 0; });
         if (empty && !modele_)
             offer_meet(meet);
-        QSet<int> known;
-        for (int row = 0; row < nage_.rowCount(); ++row)
-            known.insert(code_of(row));
+        const QSet<int> known = listed_codes();
         QStringList missing = meet.sans_code;
         TabProg tab{};
         for (const LenexProgramme::Item& item : meet.items) {
