@@ -1,5 +1,6 @@
 #include "src/records/frm_view_record.h"
 
+#include "src/base/files.h"
 #include "src/base/services.h"
 #include "src/base/sql_text.h"
 #include "src/base/utils_date.h"
@@ -256,9 +257,8 @@ bool FrmViewRecord::exporter()
     if (path.isEmpty())
         return false;
     // A name typed bare is a text file; ".rtf" asks for the report.
+    path = with_ending(path, {QStringLiteral(".txt"), QStringLiteral(".rtf")});
     const bool rtf = path.endsWith(QStringLiteral(".rtf"), Qt::CaseInsensitive);
-    if (!rtf && !path.endsWith(QStringLiteral(".txt"), Qt::CaseInsensitive))
-        path += QStringLiteral(".txt");
     try {
         if (rtf) {
             TempoRapport tempo;
