@@ -183,9 +183,7 @@ FrmProg* OuvrirProg(AppContext& app, const QString& mode, const QString& key, bo
     prog->setListeNage();
     if (load_model_prog)
         prog->loadModeleProg();
-    FrmProg* shown = prog.get();
-    app.ui.show_window(std::move(prog));
-    return shown;
+    return show_child(app.ui, std::move(prog));
 }
 
 }  // namespace plouvarine

@@ -248,9 +248,7 @@ FrmConvocation* OuvrirConvocation(AppContext& app, const QString& num, const QSt
     if (!view->register_window(caller.isEmpty() ? QString(WindowRegistry::kMainWindow) : caller))
         return nullptr;
     view->SetListe();
-    FrmConvocation* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -446,9 +446,7 @@ FrmEngag* OuvrirEngag(AppContext& app, const QString& mode, const QString& key, 
         return nullptr;
     engag->SetAccessControleForModele();
     engag->Remplir_Info_Engag();
-    FrmEngag* shown = engag.get();
-    app.ui.show_window(std::move(engag));
-    return shown;
+    return show_child(app.ui, std::move(engag));
 }
 
 void EngagerCompetition(AppContext& app, const QString& compet, const QString& caller)

@@ -508,9 +508,7 @@ FrmEngagRelais* OuvrirEngagRelais(AppContext& app, const QString& mode, const QS
                                  locks_on({QStringLiteral("mnuCompetModif"), QStringLiteral("mnuCompetSuppr")})))
         return nullptr;
     relais->RemplirInfo();
-    FrmEngagRelais* shown = relais.get();
-    app.ui.show_window(std::move(relais));
-    return shown;
+    return show_child(app.ui, std::move(relais));
 }
 
 void install_relay_handoff()

@@ -546,9 +546,7 @@ FrmViewRecord* OuvrirRecords(AppContext& app)
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    FrmViewRecord* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 void install_record_commands(AppContext& app)

@@ -229,9 +229,7 @@ DetCategorieRecordClub* OuvrirCategoriesRecord(AppContext& app, const QString& c
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    DetCategorieRecordClub* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -187,9 +187,7 @@ FrmAjoutPerf* OuvrirAjoutPerf(AppContext& app)
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    FrmAjoutPerf* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -135,9 +135,7 @@ PerfProgressionView* OuvrirProgression(AppContext& app, const ProgressionChoice&
     if (!view->register_window(caller))
         return nullptr;
     view->load();
-    PerfProgressionView* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

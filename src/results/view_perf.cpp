@@ -422,9 +422,7 @@ FrmViewPerf* OuvrirViewPerf(AppContext& app)
                    &e);
         return nullptr;
     }
-    FrmViewPerf* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -485,9 +485,7 @@ FrmViewResult* OuvrirResultats(AppContext& app)
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QString(), &e);
     }
-    FrmViewResult* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

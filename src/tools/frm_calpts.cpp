@@ -141,9 +141,7 @@ FrmCalpts* OuvrirCalculPoints(AppContext& app)
     if (!view->register_window(QString(WindowRegistry::kMainWindow)))
         return nullptr;
     view->load_events();
-    FrmCalpts* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

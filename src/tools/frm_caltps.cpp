@@ -95,9 +95,7 @@ FrmCalTps* OuvrirCalculTemps(AppContext& app)
     const QString caller = entry_window(app) ? QString(FrmEngag::kName) : QString(WindowRegistry::kMainWindow);
     if (!view->register_window(caller))
         return nullptr;
-    FrmCalTps* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

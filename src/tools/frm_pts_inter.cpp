@@ -181,9 +181,7 @@ FrmPtsInter* OuvrirPointsEquipes(AppContext& app)
     if (!view->register_window(QString(WindowRegistry::kMainWindow)))
         return nullptr;
     view->load_competitions();
-    FrmPtsInter* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine
