@@ -35,8 +35,7 @@ void FrmCalpts::load_events()
     for (int r = 0; r < rows.size(); ++r)
         nage_.appendRow({fixed_cell(rows.value(r, 0)), fixed_cell(rows.value(r, 1))});
     if (nage_.rowCount() > 0)
-        nage_selection_.setCurrentIndex(nage_.index(0, 0),
-                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        select_row_at(nage_selection_, 0);
     changed();
 }
 
@@ -50,7 +49,7 @@ void FrmCalpts::select_event(int row)
 {
     if (row < 0 || row >= nage_.rowCount())
         return;
-    nage_selection_.setCurrentIndex(nage_.index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    select_row_at(nage_selection_, row);
     clear_all();
 }
 

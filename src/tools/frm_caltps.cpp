@@ -35,8 +35,7 @@ void FrmCalTps::cmd_Ajout()
         const QString sum = ajoute_temps(total_, text_to_double(typed));
         total_ = text_to_double(sum);
         histo_.appendRow({fixed_cell(typed), fixed_cell(sum)});
-        histo_selection_.setCurrentIndex(histo_.index(histo_.rowCount() - 1, 0),
-                                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        select_row_at(histo_selection_, histo_.rowCount() - 1);
         txt_tps_ajout.clear();
     } catch (const std::overflow_error& e) {
         msg_erreur(app().ui, QString(), &e);
@@ -54,9 +53,7 @@ void FrmCalTps::cmd_Suppr()
     // Each row holds the total after it; the rows below keep theirs, as the
     // list showed them, and the total is that of the last row left.
     total_ = row > 0 ? text_to_double(histo_.item(row - 1, 1)->text()) : 0;
-    if (histo_.rowCount() > 0)
-        histo_selection_.setCurrentIndex(histo_.index(std::min(row, histo_.rowCount() - 1), 0),
-                                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    select_last_row(histo_selection_, row);
     changed();
 }
 

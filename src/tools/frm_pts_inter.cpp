@@ -36,8 +36,7 @@ void FrmPtsInter::load_competitions()
     for (int r = 0; r < rows.size(); ++r)
         compet_.appendRow({fixed_cell(rows.value(r, 1)), fixed_cell(rows.value(r, 2)), fixed_cell(rows.value(r, 0))});
     if (compet_.rowCount() > 0)
-        compet_selection_.setCurrentIndex(compet_.index(0, 0),
-                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        select_row_at(compet_selection_, 0);
     changed();
 }
 
