@@ -62,6 +62,10 @@ QList<QStandardItem*> fixed_row(const QStringList& cells);
 // keys, in the order the rows stood from the bottom up.
 QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection);
 
+// Ticks or unticks the first item of row `row`, and tells whether it is
+// ticked; a row outside the list is left alone and is not ticked.
+void check_row(QAbstractItemModel& model, int row, bool value);
+bool is_checked(const QAbstractItemModel& model, int row);
 // Ticks or unticks the first item of every row.
 void check_all(QAbstractItemModel& model, bool value);
 // The number of ticked rows.

@@ -79,8 +79,7 @@ void FrmViewRecord::charge_nages()
 
 void FrmViewRecord::set_checked(int row, bool on)
 {
-    if (QStandardItem* item = nages_.item(row, 0))
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_row(nages_, row, on);
 }
 
 void FrmViewRecord::cmd_view(int index)

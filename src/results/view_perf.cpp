@@ -87,14 +87,12 @@ void FrmViewPerf::charge_nageurs()
 
 void FrmViewPerf::set_checked(int row, bool on)
 {
-    if (QStandardItem* item = nageurs_.item(row, 0))
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_row(nageurs_, row, on);
 }
 
 bool FrmViewPerf::checked(int row) const
 {
-    const QStandardItem* item = nageurs_.item(row, 0);
-    return item && item->checkState() == Qt::Checked;
+    return is_checked(nageurs_, row);
 }
 
 void FrmViewPerf::flip_selected()

@@ -149,21 +149,18 @@ void FrmViewResult::set_chk_all(bool on)
 {
     chk_all_ = on;
     if (on)
-        for (int r = 0; r < nages_.rowCount(); ++r)
-            nages_.item(r, 0)->setCheckState(Qt::Checked);
+        check_all(nages_, true);
     changed();
 }
 
 void FrmViewResult::set_ticked(int row, bool on)
 {
-    if (QStandardItem* item = nages_.item(row, 0))
-        item->setCheckState(on || chk_all_ ? Qt::Checked : Qt::Unchecked);
+    check_row(nages_, row, on || chk_all_);
 }
 
 bool FrmViewResult::ticked(int row) const
 {
-    const QStandardItem* item = nages_.item(row, 0);
-    return item && item->checkState() == Qt::Checked;
+    return is_checked(nages_, row);
 }
 
 void FrmViewResult::set_options(const ResultOptions& options)
