@@ -143,6 +143,9 @@ private:
     int code_of(int row) const;
     // The event codes of the list's rows: those a programme source may fill.
     QSet<int> listed_codes() const;
+    // The open dialog of a programme source: the chosen existing file, or the
+    // empty text on cancel.
+    QString choose_source(const QString& title, const QString& filter);
     void model_days(int count);
     void offer_meet(const LenexProgramme& meet);
     void load_days();

@@ -122,13 +122,19 @@ void FrmProg::model_days(int count)
     SetListeFromText();
 }
 
-void FrmProg::Cmd_charger()
+QString FrmProg::choose_source(const QString& title, const QString& filter)
 {
     FileDialogRequest request;
-    request.title = QStringLiteral("Sélection Fichier Pcomp.txt");
-    request.filter = QStringLiteral("Fichier Programme (Pcomp.txt)|Pcomp.txt");
+    request.title = title;
+    request.filter = filter;
     request.must_exist = true;
-    const QString path = app().ui.file_dialog(request);
+    return app().ui.file_dialog(request);
+}
+
+void FrmProg::Cmd_charger()
+{
+    const QString path = choose_source(QStringLiteral("Sélection Fichier Pcomp.txt"),
+                                       QStringLiteral("Fichier Programme (Pcomp.txt)|Pcomp.txt"));
     if (!path.isEmpty())
         charger_pcomp(path);
 }
@@ -186,11 +192,8 @@ void FrmProg::charger_pcomp(const QString& path)
 
 void FrmProg::Cmd_lenex()
 {
-    FileDialogRequest request;
-    request.title = QStringLiteral("Sélection d'un fichier Lenex");
-    request.filter = QStringLiteral("Fichier Lenex (*.lef;*.lxf)|*.lef;*.lxf");
-    request.must_exist = true;
-    const QString path = app().ui.file_dialog(request);
+    const QString path = choose_source(QStringLiteral("Sélection d'un fichier Lenex"),
+                                       QStringLiteral("Fichier Lenex (*.lef;*.lxf)|*.lef;*.lxf"));
     if (!path.isEmpty())
         charger_lenex(path);
 }
