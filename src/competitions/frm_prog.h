@@ -13,6 +13,7 @@
 #include <QSet>
 #include <QStandardItemModel>
 #include <QStringList>
+#include <functional>
 
 namespace plouvarine {
 
@@ -146,6 +147,9 @@ private:
     // The open dialog of a programme source: the chosen existing file, or the
     // empty text on cancel.
     QString choose_source(const QString& title, const QString& filter);
+    // Runs `read` on a fresh work folder for the source's copies, tells its
+    // failure, then drops the folder and shows the list again.
+    void read_in_work_folder(const std::function<void(const QString& work)>& read);
     void model_days(int count);
     void offer_meet(const LenexProgramme& meet);
     void load_days();
