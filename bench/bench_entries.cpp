@@ -11,8 +11,6 @@
 #include "src/frame/access.h"
 #include "src/frame/app_context.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 using namespace plouvarine;
@@ -22,28 +20,16 @@ namespace {
 
 // One large base for the entry benchmarks, made on first use, with a
 // profile, a competition and 500 entries of 100 swimmers.
-struct EntriesPlace {
-    EntriesPlace()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
-        plouvarine::bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), base);
-    }
-    QTemporaryDir dir;
-    QString base = dir.filePath(QStringLiteral("entries.mdb"));
-};
-
-EntriesPlace& place()
+bench::LargePlace& place()
 {
-    static EntriesPlace p;
+    static bench::LargePlace p(QStringLiteral("entries.mdb"));
     return p;
 }
 
 struct App {
     App() : app(ui, place().dir.path())
     {
-        app.state.base_path = place().base;
-        app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
-        connect_base(app);
+        bench::open_large_base(app, place());
         app.state.profile_num = QStringLiteral("1");
         app.state.club_code = app.db.load_rows(QStringLiteral("select Code_club from Licence where Num = 1")).first();
         compet = app.db.append_row(QStringLiteral("Rcomp"),

@@ -8,8 +8,6 @@
 #include "src/frame/app_context.h"
 #include "src/results/view_perf.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 using namespace plouvarine;
@@ -17,30 +15,20 @@ using plouvarine::bench::SilentServices;
 
 namespace {
 
-struct PerfPlace {
-    PerfPlace()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
+bench::LargePlace& place()
+{
+    static bench::LargePlace p(QStringLiteral("perf.mdb"), [] {
         bench::LargeBaseSize size;
         size.clubs = 40;  // 20,000 licences: 500 a club
-        bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), base, size);
-    }
-    QTemporaryDir dir;
-    QString base = dir.filePath(QStringLiteral("perf.mdb"));
-};
-
-PerfPlace& place()
-{
-    static PerfPlace p;
+        return size;
+    }());
     return p;
 }
 
 struct App {
     App() : app(ui, place().dir.path())
     {
-        app.state.base_path = place().base;
-        app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
-        connect_base(app);
+        bench::open_large_base(app, place());
         app.state.club_code = app.db.load_rows(QStringLiteral("select Code_club from Licence where Num = 1")).first();
         view = std::make_unique<FrmViewPerf>(app);
         view->charge_nageurs();  // best per event, all seasons: the defaults

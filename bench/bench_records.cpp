@@ -11,8 +11,6 @@
 #include "src/records/record_categories.h"
 #include "src/records/record_finder.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
 using namespace plouvarine;
@@ -20,19 +18,9 @@ using plouvarine::bench::SilentServices;
 
 namespace {
 
-struct RecordsPlace {
-    RecordsPlace()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
-        plouvarine::bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), base);
-    }
-    QTemporaryDir dir;
-    QString base = dir.filePath(QStringLiteral("records.mdb"));
-};
-
-RecordsPlace& place()
+bench::LargePlace& place()
 {
-    static RecordsPlace p;
+    static bench::LargePlace p(QStringLiteral("records.mdb"));
     return p;
 }
 
@@ -40,9 +28,7 @@ RecordsPlace& place()
 struct App {
     App() : app(ui, place().dir.path())
     {
-        app.state.base_path = place().base;
-        app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
-        connect_base(app);
+        bench::open_large_base(app, place());
         app.state.club_code = app.db.load_rows(QStringLiteral("select Code_club from Licence where Num = 1")).first();
         app.state.club_name = QStringLiteral("Bench");
         app.db.exec_sql(QStringLiteral("DELETE FROM RecordClub"));

@@ -8,8 +8,6 @@
 #include "src/frame/access.h"
 #include "src/frame/app_context.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <chrono>
 
@@ -17,19 +15,9 @@ using namespace plouvarine;
 
 namespace {
 
-struct RelayBase {
-    RelayBase()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
-        plouvarine::bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), path);
-    }
-    QTemporaryDir dir;
-    QString path = dir.filePath(QStringLiteral("relays.mdb"));
-};
-
-RelayBase& relay_base()
+plouvarine::bench::LargePlace& relay_base()
 {
-    static RelayBase base;
+    static plouvarine::bench::LargePlace base(QStringLiteral("relays.mdb"));
     return base;
 }
 
@@ -37,7 +25,7 @@ void BM_RelayTimeMedley4x100(benchmark::State& state)
 {
     plouvarine::bench::SilentServices ui;
     AppContext app(ui, relay_base().dir.path());
-    app.state.base_path = relay_base().path;
+    app.state.base_path = relay_base().base;
     connect_base(app);
     app.clock.set_today(QDate(2025, 3, 10));
     const int longueur = int(state.range(0));

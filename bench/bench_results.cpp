@@ -15,7 +15,6 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <sqlite3.h>
@@ -117,15 +116,8 @@ int lay_meet(const QString& path)
     return swims;
 }
 
-struct ResultsPlace {
-    ResultsPlace()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
-        plouvarine::bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), base);
-        swims = lay_meet(base);
-    }
-    QTemporaryDir dir;
-    QString base = dir.filePath(QStringLiteral("results.mdb"));
+struct ResultsPlace : plouvarine::bench::LargePlace {
+    ResultsPlace() : LargePlace(QStringLiteral("results.mdb")) { swims = lay_meet(base); }
     int swims = 0;
 };
 
@@ -143,9 +135,7 @@ struct App {
         static char* argv[] = {name, nullptr};
         if (!QCoreApplication::instance())
             new QGuiApplication(argc, argv);
-        app.state.base_path = place().base;
-        app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
-        connect_base(app);
+        plouvarine::bench::open_large_base(app, place());
         app.state.club_code = app.db.load_rows(QStringLiteral("select Code_club from Licence where Num = 1")).first();
         view = std::make_unique<FrmViewResult>(app);
         view->charge_competitions();

@@ -15,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <chrono>
 
@@ -25,23 +24,17 @@ using plouvarine::bench::SilentServices;
 namespace {
 
 // One application folder and one large base for the whole run.
-struct Workplace {
-    Workplace()
-    {
-        QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
-        plouvarine::bench::generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), large);
-    }
+struct Workplace : plouvarine::bench::LargePlace {
+    Workplace() : LargePlace(QStringLiteral("large_source.mdb")) {}
     // A fresh copy of the large base, so that each benchmark starts alike.
     QString copy(const QString& name) const
     {
         const QString path = dir.filePath(name);
         QFile::remove(path);
         QFile::remove(path + QStringLiteral(".sav"));
-        QFile::copy(large, path);
+        QFile::copy(base, path);
         return path;
     }
-    QTemporaryDir dir;
-    QString large = dir.filePath(QStringLiteral("large_source.mdb"));
 };
 
 Workplace& workplace()

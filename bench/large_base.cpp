@@ -1,5 +1,7 @@
 #include "large_base.h"
 
+#include "src/frame/access.h"
+#include "src/frame/app_context.h"
 #include "src/store/database.h"
 
 #include <QFile>
@@ -120,6 +122,19 @@ void generate_large_base(const QString& model, const QString& path, const LargeB
     }
     exec(db, "COMMIT");
     sqlite3_close(db);
+}
+
+LargePlace::LargePlace(const QString& name, const LargeBaseSize& size) : base(dir.filePath(name))
+{
+    QFile::copy(QStringLiteral(PLOUVARINE_MODEL_FILE), dir.filePath(QStringLiteral("modele_base.sav")));
+    generate_large_base(QStringLiteral(PLOUVARINE_MODEL_FILE), base, size);
+}
+
+void open_large_base(AppContext& app, const LargePlace& place)
+{
+    app.state.base_path = place.base;
+    app.state.model_path = app.app_file(QStringLiteral("modele_base.sav"));
+    connect_base(app);
 }
 
 }  // namespace plouvarine::bench

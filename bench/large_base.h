@@ -5,7 +5,12 @@
 #include "src/base/services.h"
 #include "src/frame/view.h"
 
+namespace plouvarine {
+class AppContext;
+}
+
 #include <QString>
+#include <QTemporaryDir>
 
 namespace plouvarine::bench {
 
@@ -18,6 +23,18 @@ struct LargeBaseSize {
 
 // Writes the large base at `path` (replacing it) from the model base.
 void generate_large_base(const QString& model, const QString& path, const LargeBaseSize& size = {});
+
+// An application folder holding a copy of the model base, and the large base
+// `name` generated in it: one for a benchmark file's whole run.
+struct LargePlace {
+    explicit LargePlace(const QString& name, const LargeBaseSize& size = {});
+    QTemporaryDir dir;
+    QString base;
+};
+
+// Opens the place's base in `app`, made on the place's folder, with the
+// place's model base.
+void open_large_base(AppContext& app, const LargePlace& place);
 
 // Services that answer every question with its default and show nothing.
 class SilentServices : public Services {

@@ -28,11 +28,6 @@ QLineEdit* field(QWidget* parent, const char* name)
     return e;
 }
 
-void digits_only(QLineEdit* e)
-{
-    e->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), e));
-}
-
 QTreeView* list(QWidget* parent, const char* name, QAbstractItemModel* model)
 {
     auto* t = new QTreeView(parent);

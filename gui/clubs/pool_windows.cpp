@@ -11,7 +11,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -101,8 +100,7 @@ public:
         nom_ = line("txt_nom");
         adresse_ = line("txt_adresse");
         code_postal_ = line("txt_code_postal");
-        code_postal_->setValidator(
-            new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), code_postal_));
+        digits_only(code_postal_);
         ville_ = line("txt_ville");
         couloirs_ = new QComboBox(this);
         couloirs_->setObjectName(QStringLiteral("Cb_couloir"));

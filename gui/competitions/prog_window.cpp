@@ -9,7 +9,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace plouvarine::gui {
@@ -173,7 +172,7 @@ private:
         auto* edit = new QLineEdit;
         edit->setObjectName(name);
         edit->setMaxLength(length);
-        edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+        digits_only(edit);
         return edit;
     }
 

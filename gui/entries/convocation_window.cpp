@@ -8,7 +8,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeView>
@@ -103,7 +102,7 @@ public:
             date_[i]->setObjectName(QStringLiteral("txt_description_%1").arg(i));
             date_[i]->setMaxLength(widths[i]);
             date_[i]->setFixedWidth(date_[i]->fontMetrics().horizontalAdvance(QString(widths[i] + 1, u'0')) + 12);
-            date_[i]->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), date_[i]));
+            digits_only(date_[i]);
             connect(date_[i], &QLineEdit::textEdited, this, [this, i](const QString& t) { view_.txt_description[i] = t; });
             date_row->addWidget(date_[i]);
             if (i < 2)

@@ -11,7 +11,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -72,8 +71,7 @@ public:
             counts_[k]->setObjectName(QStringLiteral("txt_nb_equipe_%1").arg(k));
             counts_[k]->setMaxLength(2);
             counts_[k]->setFixedWidth(counts_[k]->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
-            counts_[k]->setValidator(
-                new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), counts_[k]));
+            digits_only(counts_[k]);
             connect(counts_[k], &QLineEdit::textEdited, this, [this, k](const QString& t) { view_.txt_nb_equipe[k] = t; });
             top->addWidget(counts_[k]);
         }

@@ -9,7 +9,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QRegularExpressionValidator>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -102,8 +101,7 @@ private:
         nb_equipe_ = new QLineEdit;
         nb_equipe_->setObjectName(QStringLiteral("txt_nb_equipe"));
         nb_equipe_->setMaxLength(3);
-        nb_equipe_->setValidator(
-            new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), nb_equipe_));
+        digits_only(nb_equipe_);
         connect(nb_equipe_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.set_nb_equipe(t); });
         side->addWidget(nb_equipe_);
         side->addStretch(1);

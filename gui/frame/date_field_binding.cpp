@@ -1,8 +1,9 @@
 #include "gui/frame/date_field_binding.h"
 
+#include "gui/frame/window_parts.h"
+
 #include <QEvent>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 namespace plouvarine::gui {
 
@@ -75,7 +76,7 @@ DateTriple make_date_triple(const QString& prefix, int base, std::function<void(
         edit->setMaxLength(k == 2 ? 4 : 2);
         // Wide enough for its digits, no more: the three read as one date.
         edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000")) * (k == 2 ? 2 : 1) + 12);
-        edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+        digits_only(edit);
         QObject::connect(edit, &QLineEdit::textChanged, edit,
                          [changed, index](const QString& text) { changed(index, text); });
         triple.fields[size_t(k)] = edit;

@@ -1,7 +1,7 @@
 #pragma once
 // Pieces every window shares: a report-style list bound to a view's model and
-// selection, the row of command buttons, a field written without echo, and the
-// registration of a window class for its view.
+// selection, the row of command buttons, a field written without echo, a
+// digit-only field, and the registration of a window class for its view.
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -11,6 +11,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -102,7 +104,9 @@ private:
     }
 };
 
-inline QPushButton* add_button(QHBoxLayout* row, const QString& name, const QString& caption,
+// A command button at the end of `row`, a row or a column of buttons; taking
+// the focus does not make it the default button.
+inline QPushButton* add_button(QBoxLayout* row, const QString& name, const QString& caption,
                                std::function<void()> action)
 {
     auto* button = new QPushButton(caption);
@@ -120,6 +124,12 @@ inline void set_text(QLineEdit* edit, const QString& text)
         return;
     const QSignalBlocker block(edit);
     edit->setText(text);
+}
+
+// Lets only the digits "0" to "9" be typed in the field.
+inline void digits_only(QLineEdit* edit)
+{
+    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
 }
 
 // Ticks the option `id` of the group without telling anyone; an id the group

@@ -18,7 +18,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -234,7 +233,7 @@ private:
         auto* edit = new QLineEdit;
         edit->setObjectName(QStringLiteral("text1_%1").arg(index));
         if (digits)
-            edit->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+            digits_only(edit);
         if (max_length > 0)
             edit->setMaxLength(max_length);
         connect(edit, &QLineEdit::textEdited, this,

@@ -15,7 +15,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -77,7 +76,7 @@ public:
         const char* captions[] = {"Age mini :", "Age maxi :"};
         for (int i = 0; i < 2; ++i) {
             age_[i] = field(QStringLiteral("txt_age_%1").arg(i), 3);
-            age_[i]->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), age_[i]));
+            digits_only(age_[i]);
             connect(age_[i], &QLineEdit::textEdited, this, [this, i](const QString& t) { view_.txt_age[size_t(i)] = t; });
             form->addRow(QString::fromUtf8(captions[i]), age_[i]);
         }

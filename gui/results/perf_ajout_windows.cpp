@@ -269,18 +269,10 @@ public:
         top->addWidget(licences_, 3);
         auto* moves = new QVBoxLayout;
         moves->addStretch(1);
-        const auto button = [&](const QString& name, const QString& caption, std::function<void()> action) {
-            auto* b = new QPushButton(caption);
-            b->setObjectName(name);
-            b->setAutoDefault(false);
-            connect(b, &QPushButton::clicked, this, [action = std::move(action)] { action(); });
-            moves->addWidget(b);
-            return b;
-        };
-        add_ = button(QStringLiteral("Cmd_add_0"), QStringLiteral(">"), [this] { view_.cmd_add(0); });
-        remove_ = button(QStringLiteral("Cmd_add_1"), QStringLiteral("<"), [this] { view_.cmd_add(1); });
-        plus_ = button(QStringLiteral("cmd_plus"), QStringLiteral("Monter"), [this] { view_.cmd_plus(); });
-        moins_ = button(QStringLiteral("cmd_moins"), QStringLiteral("Descendre"), [this] { view_.cmd_moins(); });
+        add_ = add_button(moves, QStringLiteral("Cmd_add_0"), QStringLiteral(">"), [this] { view_.cmd_add(0); });
+        remove_ = add_button(moves, QStringLiteral("Cmd_add_1"), QStringLiteral("<"), [this] { view_.cmd_add(1); });
+        plus_ = add_button(moves, QStringLiteral("cmd_plus"), QStringLiteral("Monter"), [this] { view_.cmd_plus(); });
+        moins_ = add_button(moves, QStringLiteral("cmd_moins"), QStringLiteral("Descendre"), [this] { view_.cmd_moins(); });
         moves->addStretch(1);
         top->addLayout(moves);
         compo_ = new BoundList(QStringLiteral("lsv_compo_relais"), view_.lsv_compo_relais(), view_.compo_selection(), this);

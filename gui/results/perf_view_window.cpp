@@ -8,7 +8,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace plouvarine::gui {
@@ -145,7 +144,7 @@ private:
         txt_nb_perf_->setObjectName(QStringLiteral("txt_nb_perf"));
         txt_nb_perf_->setMaxLength(3);
         txt_nb_perf_->setFixedWidth(48);
-        txt_nb_perf_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txt_nb_perf_));
+        digits_only(txt_nb_perf_);
         connect(txt_nb_perf_, &QLineEdit::textEdited, this,
                 [this](const QString& t) { view_.edited_options().txt_nb_perf = t; });
         custom->addWidget(txt_nb_perf_);

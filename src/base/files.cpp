@@ -67,6 +67,14 @@ QString unique_name(const QString& path, const QString& folder)
     }
 }
 
+QString with_ending(const QString& path, const QStringList& endings)
+{
+    for (const QString& ending : endings)
+        if (path.endsWith(ending, Qt::CaseInsensitive))
+            return path;
+    return endings.isEmpty() ? path : path + endings.first();
+}
+
 QString unique_folder(const QString& name, const QString& folder)
 {
     QString candidate = path_join(folder, name);

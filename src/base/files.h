@@ -7,6 +7,7 @@
 // result (a boolean, an empty text or an error text); none of them throws.
 
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 #include <optional>
 
@@ -18,6 +19,11 @@ QString path_join(const QString& folder, const QString& name);
 QString file_name(const QString& path);
 // The folder of a file, with a final "/" when `with_slash` is true.
 QString parent_folder(const QString& path, bool with_slash);
+
+// The path as typed when it ends with one of `endings` (".png"), without
+// regard to case; else with the first of them added: a name typed bare in a
+// save dialog takes the first kind of file the dialog offers.
+QString with_ending(const QString& path, const QStringList& endings);
 
 // The name of `path` in `folder` if nothing of that name is there; else the
 // stem followed by a counter from 0, a point and the extension, the first one

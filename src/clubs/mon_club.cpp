@@ -3,6 +3,7 @@
 #include "src/clubs/utils_club.h"
 #include "src/frame/status_lines.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/clubs/licence_fees.h"
@@ -30,24 +31,13 @@ QString club_condition(const QString& code)
     return QStringLiteral("Code_federal = ") + quote_sql(code);
 }
 
-QList<QStandardItem*> row_of(const QStringList& cells)
-{
-    QList<QStandardItem*> row;
-    for (const QString& c : cells) {
-        auto* item = new QStandardItem(c);
-        item->setEditable(false);
-        row << item;
-    }
-    return row;
-}
-
 void put_row(QStandardItemModel& model, const QStringList& cells, int selected_row)
 {
     if (selected_row >= 0 && selected_row < model.rowCount()) {
         for (int c = 0; c < cells.size(); ++c)
             model.item(selected_row, c)->setText(cells[c]);
     } else {
-        model.appendRow(row_of(cells));
+        model.appendRow(fixed_row(cells));
     }
 }
 
@@ -183,7 +173,7 @@ void OwnClubView::load_officers()
                                       quote_sql(club_code_) + QStringLiteral(" and suppr = false ") +
                                       QStringLiteral("ORDER BY Fonction, Nom"));
     for (int i = 0; i < r.size(); ++i)
-        roles_.appendRow(row_of({r.value(i, 0), r.value(i, 1), r.value(i, 2), r.value(i, 3), r.value(i, 4)}));
+        roles_.appendRow(fixed_row({r.value(i, 0), r.value(i, 1), r.value(i, 2), r.value(i, 3), r.value(i, 4)}));
 }
 
 void OwnClubView::load_activities()
@@ -209,7 +199,7 @@ void OwnClubView::load_fees()
                                       QStringLiteral("WHERE ") + club_condition(club_code_) + QStringLiteral(" ") +
                                       QStringLiteral("ORDER BY Intitule"));
     for (int i = 0; i < r.size(); ++i)
-        fees_.appendRow(row_of({r.value(i, 0), amount_text(text_to_double(r.value(i, 1)))}));
+        fees_.appendRow(fixed_row({r.value(i, 0), amount_text(text_to_double(r.value(i, 1)))}));
 }
 
 Officer OwnClubView::officer_at(int row) const
@@ -256,7 +246,7 @@ void OwnClubView::show_responsables()
 {
     responsables_.removeRows(0, responsables_.rowCount());
     for (const QString& name : activities_.value(chosen_activity_))
-        responsables_.appendRow(row_of({name}));
+        responsables_.appendRow(fixed_row({name}));
 }
 
 void OwnClubView::add_activity(const QString& activity)

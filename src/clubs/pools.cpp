@@ -317,9 +317,7 @@ PoolListView* OuvreListePiscines(AppContext& app, const QString& keyword, const 
     list->set_title(title);
     list->set_ok_caption(ok_caption);
     list->set_liste();
-    PoolListView* shown = list.get();
-    app.ui.show_window(std::move(list));
-    return shown;
+    return show_child(app.ui, std::move(list));
 }
 
 void OuvreDetailPiscine(AppContext& app, const QString& mode)

@@ -59,6 +59,14 @@ int FrmProg::code_of(int row) const
     return item ? item->text().toInt() : -1;
 }
 
+QSet<int> FrmProg::listed_codes() const
+{
+    QSet<int> codes;
+    for (int row = 0; row < nage_.rowCount(); ++row)
+        codes.insert(code_of(row));
+    return codes;
+}
+
 void FrmProg::setVisibleControlModele()
 {
     if (mode_ == keyword::kView && modele_) {

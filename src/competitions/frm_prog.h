@@ -10,8 +10,10 @@
 
 #include <QDate>
 #include <QItemSelectionModel>
+#include <QSet>
 #include <QStandardItemModel>
 #include <QStringList>
+#include <functional>
 
 namespace plouvarine {
 
@@ -140,6 +142,14 @@ private:
     void apply_loaded(const LoadedProg& loaded);
     void finish();
     int code_of(int row) const;
+    // The event codes of the list's rows: those a programme source may fill.
+    QSet<int> listed_codes() const;
+    // The open dialog of a programme source: the chosen existing file, or the
+    // empty text on cancel.
+    QString choose_source(const QString& title, const QString& filter);
+    // Runs `read` on a fresh work folder for the source's copies, tells its
+    // failure, then drops the folder and shows the list again.
+    void read_in_work_folder(const std::function<void(const QString& work)>& read);
     void model_days(int count);
     void offer_meet(const LenexProgramme& meet);
     void load_days();

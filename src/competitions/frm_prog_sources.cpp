@@ -122,13 +122,35 @@ void FrmProg::model_days(int count)
     SetListeFromText();
 }
 
-void FrmProg::Cmd_charger()
+QString FrmProg::choose_source(const QString& title, const QString& filter)
 {
     FileDialogRequest request;
-    request.title = QStringLiteral("Sélection Fichier Pcomp.txt");
-    request.filter = QStringLiteral("Fichier Programme (Pcomp.txt)|Pcomp.txt");
+    request.title = title;
+    request.filter = filter;
     request.must_exist = true;
-    const QString path = app().ui.file_dialog(request);
+    return app().ui.file_dialog(request);
+}
+
+void FrmProg::read_in_work_folder(const std::function<void(const QString& work)>& read)
+{
+    AppContext& a = app();
+    const QString work = unique_folder(QStringLiteral("tmpProg"), a.tempo_dir());
+    try {
+        read(work);
+    } catch (const SourceError& e) {
+        msg_erreur(a.ui, kErreurRecuperation + QLatin1Char('\n') + e.text());
+    } catch (const std::exception& e) {
+        msg_erreur(a.ui, kErreurRecuperation, &e);
+    }
+    delete_folder(work);
+    status_text(a.ui, QString());
+    RefreshListeNage();
+}
+
+void FrmProg::Cmd_charger()
+{
+    const QString path = choose_source(QStringLiteral("Sélection Fichier Pcomp.txt"),
+                                       QStringLiteral("Fichier Programme (Pcomp.txt)|Pcomp.txt"));
     if (!path.isEmpty())
         charger_pcomp(path);
 }
@@ -143,17 +165,14 @@ void FrmProg::charger_pcomp(const QString& path)
     // The organiser's files are read from a copy: the originals may lie on a
     // medium that goes away while the message is on screen.
     status_text(a.ui, QStringLiteral("Copie du fichier dans répertoire temporaire"));
-    const QString work = unique_folder(QStringLiteral("tmpProg"), a.tempo_dir());
-    try {
+    read_in_work_folder([&](const QString& work) {
         const QString pcomp = copie_temporaire(path, work);
         const QString beside = path_join(QFileInfo(path).absolutePath(), QStringLiteral("nage.txt"));
         const QString nage = QFileInfo::exists(beside) ? copie_temporaire(beside, work) : QString();
         status_text(a.ui, QStringLiteral("Récupération des données du programme"));
         const std::vector<PcompLine> lines = lire_pcomp(lire_lignes(read_bytes(pcomp)));
         const PcompDays days = jours_pcomp(lines);
-        QSet<int> known;
-        for (int row = 0; row < nage_.rowCount(); ++row)
-            known.insert(code_of(row));
+        const QSet<int> known = listed_codes();
         // Everything is read: now the array changes.
         std::vector<PcompLine> unknown;
         std::vector<int> unknown_days;
@@ -176,23 +195,13 @@ void FrmProg::charger_pcomp(const QString& path)
                 nage_lines = lire_lignes(read_bytes(nage));
             msg_erreur(a.ui, message_codes_inconnus(unknown, unknown_days, nage.isEmpty() ? nullptr : &nage_lines));
         }
-    } catch (const SourceError& e) {
-        msg_erreur(a.ui, kErreurRecuperation + QLatin1Char('\n') + e.text());
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, kErreurRecuperation, &e);
-    }
-    delete_folder(work);
-    status_text(a.ui, QString());
-    RefreshListeNage();
+    });
 }
 
 void FrmProg::Cmd_lenex()
 {
-    FileDialogRequest request;
-    request.title = QStringLiteral("Sélection d'un fichier Lenex");
-    request.filter = QStringLiteral("Fichier Lenex (*.lef;*.lxf)|*.lef;*.lxf");
-    request.must_exist = true;
-    const QString path = app().ui.file_dialog(request);
+    const QString path = choose_source(QStringLiteral("Sélection d'un fichier Lenex"),
+                                       QStringLiteral("Fichier Lenex (*.lef;*.lxf)|*.lef;*.lxf"));
     if (!path.isEmpty())
         charger_lenex(path);
 }
@@ -201,15 +210,12 @@ void FrmProg::charger_lenex(const QString& path)
 {
     AppContext& a = app();
     status_text(a.ui, QStringLiteral("Récupération des données du programme"));
-    const QString work = unique_folder(QStringLiteral("tmpProg"), a.tempo_dir());
-    try {
+    read_in_work_folder([&](const QString& work) {
         const LenexProgramme meet = lire_fichier_lenex(path, work);
         const bool empty = std::none_of(tab_.begin(), tab_.end(), [](const ProgSlot& s) { return s.JourCourse > 0; });
         if (empty && !modele_)
             offer_meet(meet);
-        QSet<int> known;
-        for (int row = 0; row < nage_.rowCount(); ++row)
-            known.insert(code_of(row));
+        const QSet<int> known = listed_codes();
         QStringList missing = meet.sans_code;
         TabProg tab{};
         for (const LenexProgramme::Item& item : meet.items) {
@@ -225,14 +231,7 @@ void FrmProg::charger_lenex(const QString& path)
         if (!missing.isEmpty())
             msg_erreur(a.ui, QStringLiteral("Des épreuves du fichier Lenex n'ont pas de code nage : \n") +
                                  missing.join(QLatin1Char('\n')));
-    } catch (const SourceError& e) {
-        msg_erreur(a.ui, kErreurRecuperation + QLatin1Char('\n') + e.text());
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, kErreurRecuperation, &e);
-    }
-    delete_folder(work);
-    status_text(a.ui, QString());
-    RefreshListeNage();
+    });
 }
 
 // A competition whose programme is still empty may take the meet's name,

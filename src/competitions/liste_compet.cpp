@@ -15,13 +15,6 @@ namespace plouvarine {
 
 namespace {
 
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
-
 bool is_entry_mode(const QString& mode)
 {
     return mode == keyword::kChoixPourEngagements || mode == keyword::kChoixPourEngagementsRelais ||
@@ -103,13 +96,13 @@ void FrmListeCompet::load(const QString& sql)
     list_.setHorizontalHeaderLabels(headers);
     const Rows rows = app().db.load_rows(sql);
     for (int r = 0; r < rows.size(); ++r) {
-        auto* num = cell(rows.value(r, 1));
+        auto* num = fixed_cell(rows.value(r, 1));
         num->setData(rows.value(r, 0), kKeyRole);
         const QString dates = DateLongue(rows.value(r, 3), QStringLiteral("d/mm")) + QStringLiteral(" - ") +
                               DateLongue(rows.value(r, 4), QString::fromLatin1(kFormatDateCourte));
-        QList<QStandardItem*> line{num, cell(rows.value(r, 2)), cell(rows.value(r, 5)), cell(dates)};
+        QList<QStandardItem*> line{num, fixed_cell(rows.value(r, 2)), fixed_cell(rows.value(r, 5)), fixed_cell(dates)};
         if (mode_ == keyword::kImporRes)
-            line << cell(QString());
+            line << fixed_cell(QString());
         list_.appendRow(line);
     }
     if (mode_ == keyword::kImporRes)

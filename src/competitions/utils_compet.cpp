@@ -150,9 +150,7 @@ FrmListeCompet* OuvrirListeCompet(AppContext& app, const QString& mode, const QS
                                FrmListeCompet::locks_for(mode)))
         return nullptr;
     list->set_liste(title, sql);
-    FrmListeCompet* shown = list.get();
-    app.ui.show_window(std::move(list));
-    return shown;
+    return show_child(app.ui, std::move(list));
 }
 
 bool run_competition_command(AppContext& app, const QString& command)

@@ -2,6 +2,7 @@
 
 #include "src/competitions/frm_prog.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 #include "src/frame/menu_state.h"
 #include "src/base/sql_text.h"
 
@@ -11,13 +12,6 @@
 namespace plouvarine {
 
 namespace {
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
 
 qint16 small(const QString& text)
 {
@@ -150,7 +144,7 @@ void ChargerListeProg(Database& db, QStandardItemModel& list, const QString& tab
                                         from_where + QStringLiteral("AND ") + t + QStringLiteral(".Num_ordre = 0 ") +
                                         QStringLiteral("ORDER BY ") + t + QStringLiteral(".Code_epreuve"));
     for (int r = 0; r < unordered.size(); ++r)
-        list.appendRow({cell(unordered.value(r, 0)), cell(unordered.value(r, 1))});
+        list.appendRow({fixed_cell(unordered.value(r, 0)), fixed_cell(unordered.value(r, 1))});
 
     const Rows ordered = db.load_rows(
         QStringLiteral("SELECT Nage.Libelle, ") + t + QStringLiteral(".JourCourse, ") + t +
@@ -163,12 +157,12 @@ void ChargerListeProg(Database& db, QStandardItemModel& list, const QString& tab
         const QString day = ordered.value(r, 1);
         if (r == 0 || day != day_seen) {
             day_seen = day;
-            list.appendRow({cell(QString()), cell(QString())});
-            list.appendRow({cell(heading(day.toInt())), cell(QString())});
+            list.appendRow({fixed_cell(QString()), fixed_cell(QString())});
+            list.appendRow({fixed_cell(heading(day.toInt())), fixed_cell(QString())});
         }
         const QString description = DescriptionEpreuve(ordered.value(r, 3).toInt(), ordered.value(r, 4).toInt(),
                                                        ordered.value(r, 5));
-        list.appendRow({cell(ordered.value(r, 0) + QLatin1Char(' ') + description), cell(ordered.value(r, 2))});
+        list.appendRow({fixed_cell(ordered.value(r, 0) + QLatin1Char(' ') + description), fixed_cell(ordered.value(r, 2))});
     }
 }
 
@@ -189,9 +183,7 @@ FrmProg* OuvrirProg(AppContext& app, const QString& mode, const QString& key, bo
     prog->setListeNage();
     if (load_model_prog)
         prog->loadModeleProg();
-    FrmProg* shown = prog.get();
-    app.ui.show_window(std::move(prog));
-    return shown;
+    return show_child(app.ui, std::move(prog));
 }
 
 }  // namespace plouvarine

@@ -5,6 +5,7 @@
 #include "src/base/utils_date.h"
 #include "src/entries/convo_bordereau.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 #include "src/reports/templates.h"
 
 #include <QDir>
@@ -65,22 +66,19 @@ void FrmConvocation::set_chk_all(bool on)
 {
     status_text(app().ui, QStringLiteral("Sélection de tous les engagés"));
     chk_all_ = on;
-    for (int r = 0; r < nageurs_.rowCount(); ++r)
-        nageurs_.item(r, 0)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_all(nageurs_, on);
     status_text(app().ui, QString());
     changed();
 }
 
 void FrmConvocation::set_checked(int row, bool on)
 {
-    if (QStandardItem* item = nageurs_.item(row, 0))
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_row(nageurs_, row, on);
 }
 
 bool FrmConvocation::checked(int row) const
 {
-    const QStandardItem* item = nageurs_.item(row, 0);
-    return item && item->checkState() == Qt::Checked;
+    return is_checked(nageurs_, row);
 }
 
 void FrmConvocation::cmd_text(int index)
@@ -251,9 +249,7 @@ FrmConvocation* OuvrirConvocation(AppContext& app, const QString& num, const QSt
     if (!view->register_window(caller.isEmpty() ? QString(WindowRegistry::kMainWindow) : caller))
         return nullptr;
     view->SetListe();
-    FrmConvocation* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

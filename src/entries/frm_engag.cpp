@@ -53,6 +53,17 @@ void FrmEngag::show_counts(const TeamCounts& counts)
     txt_nb_equipe[2] = QString::number(counts.mixte);
 }
 
+void FrmEngag::show_teams_again()
+{
+    try {
+        show_counts(read_counts(app(), scope_));
+    } catch (const std::exception& e) {
+        msg_erreur(app().ui, QString(), &e);
+    }
+    team_index_ = -1;
+    set_team(0);
+}
+
 void FrmEngag::cmd_def_team()
 {
     if (!def_team_enabled())
@@ -63,13 +74,7 @@ void FrmEngag::cmd_def_team()
     const TeamCounts typed{count_from_field(txt_nb_equipe[0]), count_from_field(txt_nb_equipe[1]),
                            count_from_field(txt_nb_equipe[2])};
     apply_counts(a, scope_, typed);
-    try {
-        show_counts(read_counts(a, scope_));
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, QString(), &e);
-    }
-    team_index_ = -1;
-    set_team(0);
+    show_teams_again();
 }
 
 void FrmEngag::SetAccessControleForModele()
@@ -369,13 +374,7 @@ void FrmEngag::appliquer_modele(const QString& num, const QString& name)
     status_text(a.ui, QStringLiteral("Récupération des données du modèle ") + name);
     AppliquerModele(a, num, key_);
     status_text(a.ui, QString());
-    try {
-        show_counts(read_counts(a, scope_));
-    } catch (const std::exception& e) {
-        msg_erreur(a.ui, QString(), &e);
-    }
-    team_index_ = -1;
-    set_team(0);
+    show_teams_again();
 }
 
 void FrmEngag::cmd_annuler()
@@ -447,9 +446,7 @@ FrmEngag* OuvrirEngag(AppContext& app, const QString& mode, const QString& key, 
         return nullptr;
     engag->SetAccessControleForModele();
     engag->Remplir_Info_Engag();
-    FrmEngag* shown = engag.get();
-    app.ui.show_window(std::move(engag));
-    return shown;
+    return show_child(app.ui, std::move(engag));
 }
 
 void EngagerCompetition(AppContext& app, const QString& compet, const QString& caller)

@@ -126,6 +126,8 @@ public:
 
 private:
     void show_counts(const TeamCounts& counts);
+    // The team counts read again from the base, and the first team shown.
+    void show_teams_again();
     void fill_lists();
     void on_swimmer(int row);
     void PurgeInfoEngagementNageur();

@@ -15,13 +15,6 @@ namespace plouvarine {
 
 namespace {
 
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
-
 std::optional<int> current_row(const QItemSelectionModel& selection)
 {
     const QModelIndex index = selection.currentIndex();
@@ -143,7 +136,7 @@ void FrmEngagRelais::load_events()
         count.nb_equipe_ori = at < 0 ? 0 : stored.value(int(at), 1).toInt();
         count.nb_equipe = count.nb_equipe_ori;
         info_.push_back(count);
-        events_.appendRow({cell(events.value(r, 1)), cell(QString::number(count.nb_equipe))});
+        events_.appendRow({fixed_cell(events.value(r, 1)), fixed_cell(QString::number(count.nb_equipe))});
         set_row_key(events_, r, count.code);
     }
     events_selection_.clearSelection();
@@ -285,7 +278,7 @@ void FrmEngagRelais::set_relay_event(int index)
     if (relay_event_index_ >= 0) {
         const RelayEvent& event = relay_events_[size_t(relay_event_index_)];
         for (int n = 1; n <= event.count; ++n) {
-            numbers_.appendRow(cell(QStringLiteral("Relais ") + QString::number(n)));
+            numbers_.appendRow(fixed_cell(QStringLiteral("Relais ") + QString::number(n)));
             set_row_key(numbers_, n - 1, QString::number(n));
         }
     }
@@ -339,7 +332,7 @@ void FrmEngagRelais::select_relay(int number)
                 continue;  // deleted since: the place shows nothing
             QList<QStandardItem*> items;
             for (int c = 0; c < swimmer.column_count(); ++c)
-                items << cell(swimmer.value(0, c));
+                items << fixed_cell(swimmer.value(0, c));
             composition_list_.appendRow(items);
             set_row_key(composition_list_, composition_list_.rowCount() - 1, num);
         }
@@ -515,9 +508,7 @@ FrmEngagRelais* OuvrirEngagRelais(AppContext& app, const QString& mode, const QS
                                  locks_on({QStringLiteral("mnuCompetModif"), QStringLiteral("mnuCompetSuppr")})))
         return nullptr;
     relais->RemplirInfo();
-    FrmEngagRelais* shown = relais.get();
-    app.ui.show_window(std::move(relais));
-    return shown;
+    return show_child(app.ui, std::move(relais));
 }
 
 void install_relay_handoff()

@@ -369,9 +369,7 @@ FrmListeModele* OuvrirListeModele(AppContext& app, const QString& kind, const QS
     list->set_title(title);
     list->set_action_caption(caption);
     list->set_liste();
-    FrmListeModele* shown = list.get();
-    app.ui.show_window(std::move(list));
-    return shown;
+    return show_child(app.ui, std::move(list));
 }
 
 // ---------------------------------------------------------------- commands

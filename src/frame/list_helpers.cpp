@@ -26,11 +26,6 @@ bool holds(const QString& value, const QString& text, bool whole, bool partial)
     return value.compare(text, Qt::CaseInsensitive) == 0;
 }
 
-bool is_checked(const QAbstractItemModel& model, int row)
-{
-    return model.data(model.index(row, 0), Qt::CheckStateRole).toInt() == Qt::Checked;
-}
-
 }  // namespace
 
 QString row_key(const QAbstractItemModel& model, int row)
@@ -84,6 +79,22 @@ std::optional<int> select_row(QItemSelectionModel& selection, const QString& tex
     return row;
 }
 
+QStandardItem* fixed_cell(const QString& text)
+{
+    auto* item = new QStandardItem(text);
+    item->setEditable(false);
+    return item;
+}
+
+QList<QStandardItem*> fixed_row(const QStringList& cells)
+{
+    QList<QStandardItem*> row;
+    row.reserve(cells.size());
+    for (const QString& text : cells)
+        row << fixed_cell(text);
+    return row;
+}
+
 std::optional<int> row_after_removal(int removed_row, int row_count)
 {
     if (row_count <= 0)
@@ -99,10 +110,20 @@ std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_r
     return row;
 }
 
+void check_row(QAbstractItemModel& model, int row, bool value)
+{
+    model.setData(model.index(row, 0), value ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+}
+
+bool is_checked(const QAbstractItemModel& model, int row)
+{
+    return model.data(model.index(row, 0), Qt::CheckStateRole).toInt() == Qt::Checked;
+}
+
 void check_all(QAbstractItemModel& model, bool value)
 {
     for (int row = 0; row < model.rowCount(); ++row)
-        model.setData(model.index(row, 0), value ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+        check_row(model, row, value);
 }
 
 int count_checked(const QAbstractItemModel& model)

@@ -16,6 +16,7 @@
 
 class QAbstractItemModel;
 class QItemSelectionModel;
+class QStandardItem;
 class QStandardItemModel;
 
 namespace plouvarine {
@@ -52,11 +53,19 @@ std::optional<int> row_after_removal(int removed_row, int row_count);
 // Selects that row (or clears the selection on an empty list).
 std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_row);
 
+// A cell that cannot be edited in place, and a row of such cells.
+QStandardItem* fixed_cell(const QString& text);
+QList<QStandardItem*> fixed_row(const QStringList& cells);
+
 // The marking of a deletion list: the selected rows (or the current row when
 // none is selected) leave the list; the row after them is selected. Gives their
 // keys, in the order the rows stood from the bottom up.
 QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection);
 
+// Ticks or unticks the first item of row `row`, and tells whether it is
+// ticked; a row outside the list is left alone and is not ticked.
+void check_row(QAbstractItemModel& model, int row, bool value);
+bool is_checked(const QAbstractItemModel& model, int row);
 // Ticks or unticks the first item of every row.
 void check_all(QAbstractItemModel& model, bool value);
 // The number of ticked rows.

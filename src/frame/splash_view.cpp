@@ -2,6 +2,7 @@
 
 #include "src/frame/app_context.h"
 #include "src/frame/app_state.h"
+#include "src/frame/list_helpers.h"
 #include "src/base/text.h"
 
 #include <QList>
@@ -16,13 +17,6 @@ QString application_version()
     return QStringLiteral("%1.%2.%3").arg(QString::number(PLOUVARINE_VERSION_MAJOR),
                                           QString::number(PLOUVARINE_VERSION_MINOR),
                                           QString::number(PLOUVARINE_VERSION_PATCH));
-}
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 }  // namespace
@@ -45,7 +39,7 @@ void SplashView::load_components(const AppContext& app)
     list_.setColumnCount(2);
     list_.setHorizontalHeaderLabels({QStringLiteral("dll"), QStringLiteral("Version")});
     for (const ComponentRow& row : components_)
-        list_.appendRow(QList<QStandardItem*>{cell(row.file), cell(row.version)});
+        list_.appendRow(QList<QStandardItem*>{fixed_cell(row.file), fixed_cell(row.version)});
 }
 
 void SplashView::load_base_version(AppContext& app)

@@ -7,11 +7,13 @@
 // ends it with close(). While registered, the window counts in busy_count and
 // holds its menu locks; close() and the destructor give them back once.
 
+#include "src/base/services.h"
 #include "src/frame/change_notifier.h"
 #include "src/frame/window_registry.h"
 
 #include <QString>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace plouvarine {
@@ -67,5 +69,15 @@ private:
     std::vector<ChangeNotifier::Subscription> follows_;
     bool closed_ = false;
 };
+
+// Hands `view` to the services as a child window of the main window and gives
+// it back to the command that opened it; the window owns it from now on.
+template <typename V>
+V* show_child(Services& ui, std::unique_ptr<V> view)
+{
+    V* shown = view.get();
+    ui.show_window(std::move(view));
+    return shown;
+}
 
 }  // namespace plouvarine

@@ -1,5 +1,6 @@
 #include "src/records/frm_view_record.h"
 
+#include "src/base/files.h"
 #include "src/base/services.h"
 #include "src/base/sql_text.h"
 #include "src/base/utils_date.h"
@@ -21,20 +22,13 @@ namespace {
 
 const QString kErreurLors = QStringLiteral("Une erreur s'est produite lors de ");
 
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
-
 // One row of lsvRecords: the label, the name, the time, the date, the place,
 // and the relay swimmers when shown.
 void add_record_row(QStandardItemModel& list, int kind, const QStringList& cells, int columns)
 {
     QList<QStandardItem*> items;
     for (int c = 0; c < columns; ++c)
-        items << cell(cells.value(c));
+        items << fixed_cell(cells.value(c));
     items[0]->setData(kind, FrmViewRecord::kKindRole);
     if (kind == FrmViewRecord::Title) {
         QFont bold = items[1]->font();
@@ -71,7 +65,7 @@ void FrmViewRecord::charge_nages()
     nages_.clear();
     nages_.setHorizontalHeaderLabels({QStringLiteral("Epreuves")});
     for (int r = 0; r < rows.size(); ++r) {
-        QStandardItem* item = cell(rows.value(r, 1));
+        QStandardItem* item = fixed_cell(rows.value(r, 1));
         item->setCheckable(true);
         item->setCheckState(Qt::Unchecked);
         item->setData(rows.value(r, 0), kKeyRole);
@@ -85,8 +79,7 @@ void FrmViewRecord::charge_nages()
 
 void FrmViewRecord::set_checked(int row, bool on)
 {
-    if (QStandardItem* item = nages_.item(row, 0))
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_row(nages_, row, on);
 }
 
 void FrmViewRecord::cmd_view(int index)
@@ -263,9 +256,8 @@ bool FrmViewRecord::exporter()
     if (path.isEmpty())
         return false;
     // A name typed bare is a text file; ".rtf" asks for the report.
+    path = with_ending(path, {QStringLiteral(".txt"), QStringLiteral(".rtf")});
     const bool rtf = path.endsWith(QStringLiteral(".rtf"), Qt::CaseInsensitive);
-    if (!rtf && !path.endsWith(QStringLiteral(".txt"), Qt::CaseInsensitive))
-        path += QStringLiteral(".txt");
     try {
         if (rtf) {
             TempoRapport tempo;
@@ -553,9 +545,7 @@ FrmViewRecord* OuvrirRecords(AppContext& app)
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    FrmViewRecord* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 void install_record_commands(AppContext& app)

@@ -3,19 +3,9 @@
 #include "src/base/services.h"
 #include "src/base/sql_text.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 namespace plouvarine {
-
-namespace {
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
-
-}  // namespace
 
 const QStringList& DetCategorieRecordClub::sexes()
 {
@@ -46,7 +36,7 @@ void DetCategorieRecordClub::charge()
                                          QStringLiteral(" ") + QStringLiteral("ORDER BY Age_inf, Sexe"));
     list_.removeRows(0, list_.rowCount());
     for (int r = 0; r < rows.size(); ++r)
-        list_.appendRow({cell(rows.value(r, 0)), cell(rows.value(r, 1)), cell(rows.value(r, 2)), cell(rows.value(r, 3))});
+        list_.appendRow({fixed_cell(rows.value(r, 0)), fixed_cell(rows.value(r, 1)), fixed_cell(rows.value(r, 2)), fixed_cell(rows.value(r, 3))});
     selected_ = -1;
     changed();
 }
@@ -118,8 +108,8 @@ int DetCategorieRecordClub::position_categorie(int age_inf, const QString& sexe)
 void DetCategorieRecordClub::insert_line(const CategorieRecord& band)
 {
     const int at = position_categorie(band.age_inf, band.sexe);
-    list_.insertRow(at, {cell(band.libelle), cell(QString::number(band.age_inf)), cell(QString::number(band.age_sup)),
-                         cell(band.sexe)});
+    list_.insertRow(at, {fixed_cell(band.libelle), fixed_cell(QString::number(band.age_inf)), fixed_cell(QString::number(band.age_sup)),
+                         fixed_cell(band.sexe)});
     selected_ = at;
 }
 
@@ -239,9 +229,7 @@ DetCategorieRecordClub* OuvrirCategoriesRecord(AppContext& app, const QString& c
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    DetCategorieRecordClub* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -5,6 +5,7 @@
 #include "src/base/utils_date.h"
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 #include <QHash>
 #include <algorithm>
@@ -49,6 +50,19 @@ struct Swim {
 
 int year_of(const QString& date) { return date.left(4).toInt(); }
 
+// The swim of row `r` of a history read whose first columns are the event,
+// the pool, the time, the date and the place, as both tables keep them.
+Swim swim_of(const Rows& rows, int r)
+{
+    Swim s;
+    s.code = rows.value(r, 0).toInt();
+    s.bassin = rows.value(r, 1).toInt();
+    s.tps = rows.value(r, 2).toDouble();
+    s.date = rows.value(r, 3);
+    s.lieu = rows.value(r, 4);
+    return s;
+}
+
 std::vector<Band> read_bands(AppContext& app)
 {
     const Rows rows = app.db.load_rows(
@@ -92,12 +106,7 @@ std::vector<Swim> read_individual(AppContext& app)
         QStringLiteral(" AND Liffn.Tps > 0 AND Liffn.Tps < 91 AND Liffn.Tps_inter = false"));
     std::vector<Swim> swims;
     for (int r = 0; r < rows.size(); ++r) {
-        Swim s;
-        s.code = rows.value(r, 0).toInt();
-        s.bassin = rows.value(r, 1).toInt();
-        s.tps = rows.value(r, 2).toDouble();
-        s.date = rows.value(r, 3);
-        s.lieu = rows.value(r, 4);
+        Swim s = swim_of(rows, r);
         s.age = rows.value(r, 5).toInt();
         if (s.age <= 0 && !rows.value(r, 8).isEmpty())
             s.age = year_of(s.date) - year_of(rows.value(r, 8));
@@ -144,12 +153,7 @@ std::vector<Swim> read_relays(AppContext& app)
                         {people.value(r, 1) + u' ' + people.value(r, 2), people.value(r, 3)});
     std::vector<Swim> swims;
     for (int r = 0; r < rows.size(); ++r) {
-        Swim s;
-        s.code = rows.value(r, 0).toInt();
-        s.bassin = rows.value(r, 1).toInt();
-        s.tps = rows.value(r, 2).toDouble();
-        s.date = rows.value(r, 3);
-        s.lieu = rows.value(r, 4);
+        Swim s = swim_of(rows, r);
         s.sexe = sexe_categorie(rows.value(r, 5));
         s.epreuve = rows.value(r, 6);
         s.nom = app.state.club_name;
@@ -241,16 +245,10 @@ void FrmChercheRecord::charge()
                                      QStringLiteral("Bassin"), QStringLiteral("Tps"), QStringLiteral("Date"),
                                      QStringLiteral("Lieu"), QStringLiteral("Record actuel")});
     for (const RecordProposal& p : proposals_) {
-        QList<QStandardItem*> items;
-        for (const QString& text :
-             {(p.entry.nom + u' ' + p.entry.prenom).trimmed(), p.epreuve, p.entry.libelle,
-              QString::number(p.entry.bassin), affiche_temps(QString::number(p.entry.tps, 'f', 4)),
-              DateLongue(p.entry.date), p.entry.lieu, p.record_tps.isEmpty() ? QString() : affiche_temps(p.record_tps)}) {
-            auto* item = new QStandardItem(text);
-            item->setEditable(false);
-            items << item;
-        }
-        list_.appendRow(items);
+        list_.appendRow(fixed_row(
+            {(p.entry.nom + u' ' + p.entry.prenom).trimmed(), p.epreuve, p.entry.libelle,
+             QString::number(p.entry.bassin), affiche_temps(QString::number(p.entry.tps, 'f', 4)),
+             DateLongue(p.entry.date), p.entry.lieu, p.record_tps.isEmpty() ? QString() : affiche_temps(p.record_tps)}));
     }
     selected = proposals_.empty() ? -1 : 0;
     changed();

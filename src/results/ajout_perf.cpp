@@ -17,12 +17,7 @@ AjoutPerfForm::AjoutPerfForm(AppContext& app, const QString& name)
 
 void append_perf_row(QStandardItemModel& model, const QStringList& cells, const QString& key)
 {
-    QList<QStandardItem*> items;
-    for (const QString& text : cells) {
-        auto* item = new QStandardItem(text);
-        item->setEditable(false);
-        items << item;
-    }
+    QList<QStandardItem*> items = fixed_row(cells);
     items[0]->setData(key, kKeyRole);
     model.appendRow(items);
 }
@@ -192,9 +187,7 @@ FrmAjoutPerf* OuvrirAjoutPerf(AppContext& app)
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    FrmAjoutPerf* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

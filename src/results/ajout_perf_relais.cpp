@@ -163,9 +163,7 @@ FrmAjoutPerfRelais* OuvrirAjoutPerfRelais(AppContext& app)
         msg_erreur(app.ui, QString(), &e);
         return nullptr;
     }
-    FrmAjoutPerfRelais* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

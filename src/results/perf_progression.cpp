@@ -111,11 +111,8 @@ QString PerfProgressionView::choose_file()
     request.save = true;
     request.confirm_overwrite = true;
     // A name typed with neither ending is a picture.
-    QString path = app().ui.file_dialog(request);
-    if (!path.isEmpty() && !path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) &&
-        !path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
-        path += QStringLiteral(".png");
-    return path;
+    const QString path = app().ui.file_dialog(request);
+    return path.isEmpty() ? path : with_ending(path, {QStringLiteral(".png"), QStringLiteral(".pdf")});
 }
 
 bool PerfProgressionView::save(const QString& path, const QByteArray& data)
@@ -138,9 +135,7 @@ PerfProgressionView* OuvrirProgression(AppContext& app, const ProgressionChoice&
     if (!view->register_window(caller))
         return nullptr;
     view->load();
-    PerfProgressionView* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

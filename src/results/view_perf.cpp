@@ -87,14 +87,12 @@ void FrmViewPerf::charge_nageurs()
 
 void FrmViewPerf::set_checked(int row, bool on)
 {
-    if (QStandardItem* item = nageurs_.item(row, 0))
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    check_row(nageurs_, row, on);
 }
 
 bool FrmViewPerf::checked(int row) const
 {
-    const QStandardItem* item = nageurs_.item(row, 0);
-    return item && item->checkState() == Qt::Checked;
+    return is_checked(nageurs_, row);
 }
 
 void FrmViewPerf::flip_selected()
@@ -174,11 +172,8 @@ void FrmViewPerf::add_row(const QStringList& cells, const QString& key, const QS
 {
     QList<QStandardItem*> items;
     items.reserve(perfs_.columnCount());
-    for (int c = 0; c < perfs_.columnCount(); ++c) {
-        auto* item = new QStandardItem(c < cells.size() ? cells[c] : QString());
-        item->setEditable(false);
-        items << item;
-    }
+    for (int c = 0; c < perfs_.columnCount(); ++c)
+        items << fixed_cell(c < cells.size() ? cells[c] : QString());
     if (!key.isEmpty())
         items[0]->setData(key, kKeyRole);
     if (!num.isEmpty())
@@ -425,9 +420,7 @@ FrmViewPerf* OuvrirViewPerf(AppContext& app)
                    &e);
         return nullptr;
     }
-    FrmViewPerf* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

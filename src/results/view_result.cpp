@@ -7,6 +7,7 @@
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
 #include "src/frame/list_export.h"
+#include "src/frame/list_helpers.h"
 #include "src/frame/menu_state.h"
 #include "src/results/results_export.h"
 
@@ -27,13 +28,6 @@ constexpr int kInterCount = 14;
 QString on_table(QString text, const QString& table)
 {
     return text.replace(kTable, table);
-}
-
-QStandardItem* fixed_item(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 // A day yyyymmdd as "d/mm/yyyy"; empty when it is no date.
@@ -96,9 +90,9 @@ void FrmViewResult::charge_competitions()
         QStringLiteral("ORDER BY Rcomp.Debut DESC"));
     compets_.removeRows(0, compets_.rowCount());
     for (int r = 0; r < rows.size(); ++r) {
-        QList<QStandardItem*> items{fixed_item(rows.value(r, 1)), fixed_item(rows.value(r, 2)),
-                                    fixed_item(rows.value(r, 5)),
-                                    fixed_item(date_courte(rows.value(r, 3)))};
+        QList<QStandardItem*> items{fixed_cell(rows.value(r, 1)), fixed_cell(rows.value(r, 2)),
+                                    fixed_cell(rows.value(r, 5)),
+                                    fixed_cell(date_courte(rows.value(r, 3)))};
         items[0]->setData(rows.value(r, 0).trimmed(), kAutoNumRole);
         compets_.appendRow(items);
     }
@@ -131,8 +125,8 @@ void FrmViewResult::click_compet(int row)
             QString day;
             if (start.isValid())
                 day = date_courte(start.addDays(rows.value(r, 1).toInt() - 1).toString(QStringLiteral("yyyyMMdd")));
-            QList<QStandardItem*> items{fixed_item(rows.value(r, 0)), fixed_item(rows.value(r, 3)), fixed_item(day),
-                                        fixed_item(rows.value(r, 2))};
+            QList<QStandardItem*> items{fixed_cell(rows.value(r, 0)), fixed_cell(rows.value(r, 3)), fixed_cell(day),
+                                        fixed_cell(rows.value(r, 2))};
             items[0]->setCheckable(true);
             items[0]->setCheckState(chk_all_ ? Qt::Checked : Qt::Unchecked);
             items[0]->setData(rows.value(r, 4).toInt(), kNbNageursRole);
@@ -155,21 +149,18 @@ void FrmViewResult::set_chk_all(bool on)
 {
     chk_all_ = on;
     if (on)
-        for (int r = 0; r < nages_.rowCount(); ++r)
-            nages_.item(r, 0)->setCheckState(Qt::Checked);
+        check_all(nages_, true);
     changed();
 }
 
 void FrmViewResult::set_ticked(int row, bool on)
 {
-    if (QStandardItem* item = nages_.item(row, 0))
-        item->setCheckState(on || chk_all_ ? Qt::Checked : Qt::Unchecked);
+    check_row(nages_, row, on || chk_all_);
 }
 
 bool FrmViewResult::ticked(int row) const
 {
-    const QStandardItem* item = nages_.item(row, 0);
-    return item && item->checkState() == Qt::Checked;
+    return is_checked(nages_, row);
 }
 
 void FrmViewResult::set_options(const ResultOptions& options)
@@ -231,7 +222,7 @@ void FrmViewResult::add_row(const QStringList& cells)
     QList<QStandardItem*> items;
     items.reserve(cells.size());
     for (const QString& text : cells)
-        items << fixed_item(text);
+        items << fixed_cell(text);
     results_.appendRow(items);
 }
 
@@ -491,9 +482,7 @@ FrmViewResult* OuvrirResultats(AppContext& app)
     } catch (const std::exception& e) {
         msg_erreur(app.ui, QString(), &e);
     }
-    FrmViewResult* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

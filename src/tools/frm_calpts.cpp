@@ -4,6 +4,7 @@
 #include "src/base/text.h"
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 #include "src/tools/calcul_points.h"
 
 namespace plouvarine {
@@ -16,13 +17,6 @@ qint16 points_value(const QString& text)
     bool ok = false;
     const int value = text.trimmed().toInt(&ok);
     return ok && value >= -32768 && value <= 32767 ? qint16(value) : qint16(0);
-}
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 }  // namespace
@@ -39,10 +33,9 @@ void FrmCalpts::load_events()
     nage_.clear();
     nage_.setHorizontalHeaderLabels({QStringLiteral("Libelle"), QStringLiteral("Code Nage")});
     for (int r = 0; r < rows.size(); ++r)
-        nage_.appendRow({cell(rows.value(r, 0)), cell(rows.value(r, 1))});
+        nage_.appendRow({fixed_cell(rows.value(r, 0)), fixed_cell(rows.value(r, 1))});
     if (nage_.rowCount() > 0)
-        nage_selection_.setCurrentIndex(nage_.index(0, 0),
-                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        select_row_at(nage_selection_, 0);
     changed();
 }
 
@@ -56,7 +49,7 @@ void FrmCalpts::select_event(int row)
 {
     if (row < 0 || row >= nage_.rowCount())
         return;
-    nage_selection_.setCurrentIndex(nage_.index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    select_row_at(nage_selection_, row);
     clear_all();
 }
 
@@ -126,12 +119,12 @@ void FrmCalpts::remplit_table(int from, int to, bool points_first)
         const QString time = calcul_.CalculTps(qint16(i), code_nage(), bassin_);
         if (text_to_double(time) == 0)
             break;
-        QStandardItem* points = cell(QString::number(i));
-        QStandardItem* shown = cell(affiche_temps(time));
+        QStandardItem* points = fixed_cell(QString::number(i));
+        QStandardItem* shown = fixed_cell(affiche_temps(time));
         table_.appendRow(points_first ? QList<QStandardItem*>{points, shown} : QList<QStandardItem*>{shown, points});
     }
     if (table_.rowCount() == 0)
-        table_.appendRow({cell(kNonDispo), cell(kNonDispo)});
+        table_.appendRow({fixed_cell(kNonDispo), fixed_cell(kNonDispo)});
     table_shown_ = true;
     changed();
 }
@@ -147,9 +140,7 @@ FrmCalpts* OuvrirCalculPoints(AppContext& app)
     if (!view->register_window(QString(WindowRegistry::kMainWindow)))
         return nullptr;
     view->load_events();
-    FrmCalpts* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -5,6 +5,7 @@
 #include "src/base/utils_time.h"
 #include "src/entries/frm_engag.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 
 #include <stdexcept>
 
@@ -15,13 +16,6 @@ namespace {
 FrmEngag* entry_window(AppContext& app)
 {
     return dynamic_cast<FrmEngag*>(app.windows.instance(QString(FrmEngag::kName)));
-}
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
 }
 
 }  // namespace
@@ -40,9 +34,8 @@ void FrmCalTps::cmd_Ajout()
     try {
         const QString sum = ajoute_temps(total_, text_to_double(typed));
         total_ = text_to_double(sum);
-        histo_.appendRow({cell(typed), cell(sum)});
-        histo_selection_.setCurrentIndex(histo_.index(histo_.rowCount() - 1, 0),
-                                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        histo_.appendRow({fixed_cell(typed), fixed_cell(sum)});
+        select_row_at(histo_selection_, histo_.rowCount() - 1);
         txt_tps_ajout.clear();
     } catch (const std::overflow_error& e) {
         msg_erreur(app().ui, QString(), &e);
@@ -60,9 +53,7 @@ void FrmCalTps::cmd_Suppr()
     // Each row holds the total after it; the rows below keep theirs, as the
     // list showed them, and the total is that of the last row left.
     total_ = row > 0 ? text_to_double(histo_.item(row - 1, 1)->text()) : 0;
-    if (histo_.rowCount() > 0)
-        histo_selection_.setCurrentIndex(histo_.index(std::min(row, histo_.rowCount() - 1), 0),
-                                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    select_last_row(histo_selection_, row);
     changed();
 }
 
@@ -101,9 +92,7 @@ FrmCalTps* OuvrirCalculTemps(AppContext& app)
     const QString caller = entry_window(app) ? QString(FrmEngag::kName) : QString(WindowRegistry::kMainWindow);
     if (!view->register_window(caller))
         return nullptr;
-    FrmCalTps* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -65,9 +65,7 @@ FrmMonitorDef* OuvrirMonitorDef(AppContext& app)
     auto view = std::make_unique<FrmMonitorDef>(app);
     if (!view->register_window(QString(WindowRegistry::kMainWindow)))
         return nullptr;
-    FrmMonitorDef* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine

@@ -5,19 +5,13 @@
 #include "src/base/text.h"
 #include "src/base/utils_time.h"
 #include "src/frame/app_context.h"
+#include "src/frame/list_helpers.h"
 #include "src/reports/templates.h"
 #include "src/tools/calcul_points.h"
 
 namespace plouvarine {
 
 namespace {
-
-QStandardItem* cell(const QString& text)
-{
-    auto* item = new QStandardItem(text);
-    item->setEditable(false);
-    return item;
-}
 
 // "Nom Prénom" in 20, the time in 8 and the points in 4.
 QString sheet_line(const QString& name, const QString& time, int points)
@@ -40,10 +34,9 @@ void FrmPtsInter::load_competitions()
     compet_.clear();
     compet_.setHorizontalHeaderLabels({QStringLiteral("Num"), QStringLiteral("Nom"), QStringLiteral("Numauto")});
     for (int r = 0; r < rows.size(); ++r)
-        compet_.appendRow({cell(rows.value(r, 1)), cell(rows.value(r, 2)), cell(rows.value(r, 0))});
+        compet_.appendRow({fixed_cell(rows.value(r, 1)), fixed_cell(rows.value(r, 2)), fixed_cell(rows.value(r, 0))});
     if (compet_.rowCount() > 0)
-        compet_selection_.setCurrentIndex(compet_.index(0, 0),
-                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        select_row_at(compet_selection_, 0);
     changed();
 }
 
@@ -187,9 +180,7 @@ FrmPtsInter* OuvrirPointsEquipes(AppContext& app)
     if (!view->register_window(QString(WindowRegistry::kMainWindow)))
         return nullptr;
     view->load_competitions();
-    FrmPtsInter* shown = view.get();
-    app.ui.show_window(std::move(view));
-    return shown;
+    return show_child(app.ui, std::move(view));
 }
 
 }  // namespace plouvarine
