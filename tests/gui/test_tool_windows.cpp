@@ -19,6 +19,8 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionTitleBar>
 #include <QTest>
 #include <QTextEdit>
 #include <QTreeView>
@@ -154,6 +156,16 @@ TEST_F(ToolWindowsTest, EachToolWindowLeavesByItsButtonItsCloseBoxAndEscape)
             QMdiSubWindow* s = sub(QLatin1String(door.name));
             ASSERT_NE(s, nullptr) << door.name;
             if (way == 0) {
+                // At its first size the title bar shows the whole title.
+                QStyleOptionTitleBar bar;
+                bar.initFrom(s);
+                bar.rect = QRect(0, 0, s->width(), s->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, s));
+                bar.titleBarFlags = s->windowFlags();
+                bar.subControls = QStyle::SC_All;
+                const QRect label = s->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, s);
+                EXPECT_GE(label.width(), QFontMetrics(QApplication::font("QMdiSubWindowTitleBar"))
+                                             .horizontalAdvance(s->windowTitle()))
+                    << door.name;
                 if (door.name == std::string("frmMonitorDef"))
                     look_at(s->widget(), QLatin1String(door.name));
                 s->widget()->findChild<QPushButton*>(QLatin1String(door.button))->click();
