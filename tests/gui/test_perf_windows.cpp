@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -156,6 +157,25 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
     chart->parentWidget()->close();
     gone(QStringLiteral("frm_perf_progression"));
     EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
+}
+
+TEST_F(PerfWindowsTest, TheSwimmersListShowsItsColumnsWholeAtTheFirstSize)
+{
+    const QString num = app->db.append_row(QStringLiteral("Licence"),
+                                           {{"Code_club", kClub}, {"Licence", "LE ROY-KERHERVE"}, {"Nom", "Le Roy-Kerhervé"},
+                                            {"Prenom", "Anne-Sophie"}, {"Sexe", "F"}, {"Date_Naissance", "20051107"},
+                                            {"Visible", true}},
+                                           QStringLiteral("Num"));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
+                                    "Lieu, Num_compet, NumManuel) VALUES (2, '%1', %2, 25, '20250110', 1.082, 'Brest', 0, 0)")
+                         .arg(kClub, num));
+    QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
+    ASSERT_NE(window, nullptr);
+    QApplication::processEvents();
+    auto* swimmers = window->findChild<QTreeView*>("LsvNageur");
+    ASSERT_EQ(swimmers->model()->rowCount(), 1);
+    // Name, licence and birth date in view without scrolling sideways.
+    EXPECT_LE(swimmers->header()->length(), swimmers->viewport()->width());
 }
 
 TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
