@@ -75,6 +75,12 @@ TEST_F(ToolWindowsTest, TableCotationDrawsItsTable)
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Table Cotation"));
     auto* events = window->findChild<QTreeView*>("LsvNage");
     ASSERT_GT(events->model()->rowCount(), 40);
+    // Tab goes down the window as it is drawn: the pool above the events.
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (w->objectName() == QLatin1String("Opt_bassin_25") || w == events)
+            order << w->objectName();
+    EXPECT_EQ(order.join(u' ').toStdString(), "Opt_bassin_25 LsvNage");
     EXPECT_TRUE(events->isColumnHidden(1));
     events->setCurrentIndex(events->model()->index(2, 0));
     window->findChild<QRadioButton*>("Opt_bassin_50")->click();
