@@ -29,7 +29,8 @@ public:
         auto* find = new QLabel(QStringLiteral("Recherche :"));
         find->setObjectName(QStringLiteral("Img_findfast"));
         search->addWidget(find);
-        recherche_ = new QLineEdit;
+        // Parented before the list below it, so that Tab reaches it first.
+        recherche_ = new QLineEdit(this);
         recherche_->setObjectName(QStringLiteral("txt_recherche"));
         connect(recherche_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.recherche(t); });
         // Enter empties the search field; Escape closes the window.

@@ -176,6 +176,12 @@ TEST_F(PerfWindowsTest, TheSwimmersListShowsItsColumnsWholeAtTheFirstSize)
     ASSERT_EQ(swimmers->model()->rowCount(), 1);
     // Name, licence and birth date in view without scrolling sideways.
     EXPECT_LE(swimmers->header()->length(), swimmers->viewport()->width());
+    // Tab goes down the window as it is drawn: the search above the list.
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (w->objectName() == QLatin1String("txt_recherche") || w == swimmers)
+            order << w->objectName();
+    EXPECT_EQ(order.join(u' ').toStdString(), "txt_recherche LsvNageur");
 }
 
 TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
