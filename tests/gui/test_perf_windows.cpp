@@ -218,6 +218,32 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
     gone(QStringLiteral("frm_ajout_perf"));
 }
 
+TEST_F(PerfWindowsTest, TheRelayDrawnAsChosenIsTheOneWhoseSwimmersAreListed)
+{
+    swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
+    swimmer(QStringLiteral("Bihan"), QStringLiteral("F"));
+    swimmer(QStringLiteral("Cozic"), QStringLiteral("M"));
+    QWidget* window = open(QStringLiteral("mnuPerfAjoutRelais"), QStringLiteral("frm_ajout_perf_relais"));
+    ASSERT_NE(window, nullptr);
+    auto* nages = window->findChild<QTreeView*>("LsvNage");
+    auto* licences = window->findChild<QTreeView*>("lsv_licence");
+    // Down the list by the keyboard: each event reached lists its swimmers,
+    // everyone for a mixed relay, the women for a women's one.
+    nages->setFocus();
+    int mixed = 0;
+    int women = 0;
+    for (int row = 0; row < nages->model()->rowCount() && (mixed == 0 || women == 0); ++row) {
+        QTest::keyClick(nages, Qt::Key_Down);
+        const QString label = nages->currentIndex().siblingAtColumn(1).data().toString();
+        if (label.endsWith(QLatin1String("Mixte")))
+            mixed = licences->model()->rowCount();
+        else if (label.endsWith(QLatin1String("Dames")))
+            women = licences->model()->rowCount();
+    }
+    EXPECT_EQ(mixed, 3);
+    EXPECT_EQ(women, 2);
+}
+
 TEST_F(PerfWindowsTest, ManualRelayComposedAndSaved)
 {
     for (const char* name : {"Abgrall", "Bihan", "Cozic", "Derrien"})
