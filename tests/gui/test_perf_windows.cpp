@@ -214,6 +214,24 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
               QStringLiteral("1"));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic FROM Liffn")).first(), anne);
     EXPECT_TRUE(time->text().isEmpty());
+
+    // The next event reached by the keyboard is the one the next swim goes to.
+    nages->setFocus();
+    QTest::keyClick(nages, Qt::Key_Down);
+    ASSERT_EQ(nages->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("100m n.l. Dames"));
+    const char* fields[][2] = {{"txt_info_0", "1.0850"}, {"txt_info_1", "Brest"}, {"txt_info_3", "02"},
+                               {"txt_info_4", "03"}, {"txt_info_5", "2025"}};
+    for (const auto& f : fields) {
+        auto* edit = window->findChild<QLineEdit*>(QLatin1String(f[0]));
+        edit->clear();
+        QTest::keyClicks(edit, QLatin1String(f[1]));
+    }
+    ui.answers.push_back(Button::Yes);
+    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT group_concat(Code_epreuve, ' ') FROM (SELECT Code_epreuve FROM "
+                                               "Liffn ORDER BY NumManuel)"))
+                  .first(),
+              QStringLiteral("1 2"));
     window->findChild<QPushButton*>("cmd_quitter")->click();
     gone(QStringLiteral("frm_ajout_perf"));
 }
