@@ -14,6 +14,8 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMdiArea>
+#include <QFont>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QPixmap>
@@ -210,8 +212,10 @@ QMdiSubWindow* MainWindow::show_child(QWidget* window)
     bar.titleBarFlags = sub->windowFlags();
     bar.subControls = QStyle::SC_All;
     const int label = sub->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, sub).width();
-    const int title =
-        QFontMetrics(QApplication::font("QMdiSubWindowTitleBar")).horizontalAdvance(window->windowTitle()) + 8;
+    // The title bar draws its caption in bold.
+    QFont bar_font = QApplication::font("QMdiSubWindowTitleBar");
+    bar_font.setBold(true);
+    const int title = QFontMetrics(bar_font).horizontalAdvance(window->windowTitle()) + 8;
     if (label < title)
         sub->resize(sub->width() + title - label, sub->height());
     sub->show();
