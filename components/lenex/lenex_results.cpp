@@ -6,6 +6,8 @@
 #include "src/base/errors.h"
 #include "src/frame/exchange_component.h"
 
+#include <QDate>
+#include <QMap>
 #include <array>
 
 namespace plouvarine::lenex {
@@ -99,6 +101,22 @@ public:
         while (relays.next())
             seen_.insert(key(relays.integer(0), relays.text(1).toUpper() + u'/' + QString::number(relays.integer(2)),
                              relays.text(3), relays.integer(4), relays.integer(5)) + u'|' + QString::number(relays.integer(6)));
+    }
+
+    // A competition with no programme gets one line for each event that has
+    // results: the results browser lists a competition's events from its
+    // programme, and would show a meet made for its results as empty.
+    void programme()
+    {
+        Statement lines(db_, QStringLiteral("SELECT count(*) FROM Pcomp WHERE Num_compet = ?"));
+        lines.query({num_compet_});
+        if (programme_.isEmpty() || !lines.next() || lines.integer(0) > 0)
+            return;
+        Statement add(db_, QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Type, Nb_finales, "
+                                          "Type_finale, Num_ordre) VALUES (?, ?, ?, '1', '0', ' ', ?)"));
+        for (auto it = programme_.cbegin(); it != programme_.cend(); ++it)
+            add.run({num_compet_, it.key(), it.value().first, it.value().second});
+        trace_.line(QStringLiteral("Programme de la compétition : %1 épreuve(s) ajoutée(s).").arg(programme_.size()));
     }
 
     void meet(const Document& doc, const Meet& m, bool fill)
@@ -224,6 +242,13 @@ private:
             ++counts.skipped;
             return;
         }
+        // The first swim of a code gives its programme line: its day and order.
+        if (!programme_.contains(code)) {
+            const QDate first = QDate::fromString(meet_->first_date, QStringLiteral("yyyyMMdd"));
+            const QDate day = QDate::fromString(e->date, QStringLiteral("yyyyMMdd"));
+            const int jour = first.isValid() && day.isValid() ? int(first.daysTo(day)) + 1 : 1;
+            programme_.insert(code, {std::max(jour, 1), e->number > 999 ? 0 : e->number});
+        }
         const Heat heat = e->heats.value(r.heatid);
         const int series = heat.final_letter.isEmpty() ? heat.number : heat.final_letter.front().unicode() - u'A' + 1;
         const QString kind = race_kind(e->round);
@@ -273,6 +298,7 @@ private:
 
     Database& db_;
     int num_compet_;
+    QMap<int, std::pair<int, int>> programme_;  // code -> day, order
     exchange::Trace& trace_;
     OperationProgress& progress_;
     Clubs clubs_;
@@ -294,6 +320,7 @@ ResultCounts import_results(Database& db, const Document& doc, int num_compet, b
     Importer importer(db, num_compet, trace, progress);
     for (const Meet& m : doc.meets)
         importer.meet(doc, m, fill_competition);
+    importer.programme();
     tx.commit();
     return importer.counts;
 }

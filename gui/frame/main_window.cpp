@@ -14,12 +14,16 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMdiArea>
+#include <QFont>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QPixmap>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
+#include <QStyleOptionTitleBar>
 #include <QTimer>
 
 namespace plouvarine::gui {
@@ -201,6 +205,19 @@ QMdiSubWindow* MainWindow::show_child(QWidget* window)
     window->setAttribute(Qt::WA_DeleteOnClose);
     // Whole, at its own size at least: every field and button in view.
     sub->resize(sub->sizeHint().expandedTo(sub->size()));
+    // Wide enough for its whole title, which the smallest windows would cut.
+    QStyleOptionTitleBar bar;
+    bar.initFrom(sub);
+    bar.rect = QRect(0, 0, sub->width(), sub->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, sub));
+    bar.titleBarFlags = sub->windowFlags();
+    bar.subControls = QStyle::SC_All;
+    const int label = sub->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, sub).width();
+    // The title bar draws its caption in bold.
+    QFont bar_font = QApplication::font("QMdiSubWindowTitleBar");
+    bar_font.setBold(true);
+    const int title = QFontMetrics(bar_font).horizontalAdvance(window->windowTitle()) + 8;
+    if (label < title)
+        sub->resize(sub->width() + title - label, sub->height());
     sub->show();
     mdi_->setActiveSubWindow(sub);
     return sub;

@@ -128,13 +128,11 @@ public:
     {
         setMinimumSize(940, 600);
         auto* layout = new QVBoxLayout(this);
-        tabs_ = new QTabWidget(this);
-        tabs_->setObjectName(QStringLiteral("tabs"));
-        layout->addWidget(tabs_, 1);
-
-        // The events, beside both tabs.
+        // The events, beside both tabs; made first, so that Tab reaches them first.
         auto* body = new QHBoxLayout;
         nages_ = report_list(QStringLiteral("LsvNage"), view_.lsv_nage(), this);
+        tabs_ = new QTabWidget(this);
+        tabs_->setObjectName(QStringLiteral("tabs"));
         nages_->setMaximumWidth(260);
         connect(nages_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
             if (tabs_->currentIndex() == 1)

@@ -208,6 +208,13 @@ public:
         nages_ = new BoundList(QStringLiteral("LsvNage"), view_.lsv_nage(), view_.nage_selection(), this);
         connect(nages_, &QTreeView::clicked, this, [this](const QModelIndex& i) { view_.choose_event(i.row()); });
         nages_->on_activated = [this] { view_.choose_event(nages_->currentIndex().row()); };
+        // The event drawn as current is the event chosen, reached by the
+        // keyboard as well: what is saved is the event on screen.
+        connect(&view_.nage_selection(), &QItemSelectionModel::currentRowChanged, this,
+                [this](const QModelIndex& current) {
+                    if (current.isValid())
+                        view_.choose_event(current.row());
+                });
         left->addWidget(nages_, 1);
         row->addLayout(left, 2);
         entry_ = new EntryPart(view_, true);
@@ -262,6 +269,13 @@ public:
         nages_ = new BoundList(QStringLiteral("LsvNage"), view_.lsv_nage(), view_.nage_selection(), this);
         connect(nages_, &QTreeView::clicked, this, [this](const QModelIndex& i) { view_.choose_event(i.row()); });
         nages_->on_activated = [this] { view_.choose_event(nages_->currentIndex().row()); };
+        // The event drawn as current is the event chosen, reached by the
+        // keyboard as well: what is saved is the event on screen.
+        connect(&view_.nage_selection(), &QItemSelectionModel::currentRowChanged, this,
+                [this](const QModelIndex& current) {
+                    if (current.isValid())
+                        view_.choose_event(current.row());
+                });
         top->addWidget(nages_, 2);
 
         licences_ = new BoundList(QStringLiteral("lsv_licence"), view_.lsv_licence(), view_.licence_selection(), this);

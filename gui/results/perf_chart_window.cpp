@@ -104,8 +104,10 @@ private:
         add_pool(p.bassin50, QStringLiteral("Bassin 50 m"), QColor(0xd6, 0x27, 0x28));
 
         const double margin = std::max(0.5, (high - low) * 0.1);
-        low -= margin;
-        high += margin;
+        // Round times on the axis, the swims between its first and last marks.
+        const std::vector<double> marks = graduations_temps(low - margin, high + margin);
+        low = marks.front();
+        high = marks.back();
         // The openings of the seasons, as dashed vertical lines.
         for (const QDate& opening : p.saisons) {
             auto* line = new QLineSeries;
@@ -134,10 +136,8 @@ private:
 
         x->setRange(first.addDays(-15).startOfDay(), last.addDays(15).startOfDay());
         y->setRange(low, high);
-        for (int i = 0; i <= 6; ++i) {
-            const double v = low + (high - low) * i / 6;
+        for (double v : marks)
             y->append(texte_secondes(v), v);
-        }
         return chart;
     }
 

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace plouvarine::gui {
@@ -27,7 +28,8 @@ public:
         auto* find = new QLabel(QStringLiteral("Recherche :"));
         find->setObjectName(QStringLiteral("Img_findfast"));
         search->addWidget(find);
-        recherche_ = new QLineEdit;
+        // Parented before the list below it, so that Tab reaches it first.
+        recherche_ = new QLineEdit(this);
         recherche_->setObjectName(QStringLiteral("txt_recherche"));
         connect(recherche_, &QLineEdit::textEdited, this, [this](const QString& t) { view_.recherche(t); });
         // Enter empties the search field; Escape closes the window.
@@ -104,10 +106,25 @@ protected:
         fill(search_nageurs_, view_.cbo_search_nageurs(), view_.search_swimmer());
         fill(search_epreuve_, view_.cbo_search_epreuve(), -1);
         perfs_->header()->resizeSections(QHeaderView::ResizeToContents);
+        fit_swimmers();
         enable();
     }
 
 private:
+    // The swimmers' list as wide as its columns: names, licence and birth
+    // date read without scrolling sideways. Measured again when the rows change.
+    void fit_swimmers()
+    {
+        const int rows = nageurs_->model()->rowCount();
+        if (rows == fitted_rows_)
+            return;
+        fitted_rows_ = rows;
+        int width = 2 * nageurs_->frameWidth() + nageurs_->verticalScrollBar()->sizeHint().width();
+        for (int c = 0; c < nageurs_->model()->columnCount(); ++c)
+            width += std::max(static_cast<QAbstractItemView*>(nageurs_)->sizeHintForColumn(c), nageurs_->header()->sectionSizeHint(c));
+        nageurs_->setMinimumWidth(width);
+    }
+
     QGroupBox* options_box()
     {
         auto* box = new QGroupBox(QStringLiteral("Options"));
@@ -220,6 +237,7 @@ private:
     FrmViewPerf& view_;
     QLineEdit* recherche_ = nullptr;
     BoundList* nageurs_ = nullptr;
+    int fitted_rows_ = -1;
     QCheckBox* all_ = nullptr;
     QButtonGroup* tri_ = nullptr;
     QButtonGroup* saison_ = nullptr;

@@ -66,7 +66,7 @@ public:
         search_->setObjectName(QStringLiteral("Cbo_search"));
         search_->setMinimumContentsLength(30);
         label->setBuddy(search_);
-        connect(search_, &QComboBox::activated, this, [this](int index) { view_.choose_search(index); });
+        connect(search_, &QComboBox::activated, this, [this](int index) { show_row(view_.choose_search(index)); });
         search_row->addWidget(label);
         search_row->addWidget(search_, 1);
         right->addLayout(search_row);
@@ -79,6 +79,9 @@ public:
         buttons->addStretch(1);
         voir_ = add_button(buttons, QStringLiteral("cmd_0"), QStringLiteral("Voir"), [this] {
             view_.affiche_resultats();
+            // A new list reads from its top; its first row is a blank one.
+            results_->clearSelection();
+            results_->scrollToTop();
         });
         print_ = add_button(buttons, QStringLiteral("cmd_2"), QStringLiteral("Imprimer"), [this] { view_.imprimer(); });
         export_ = add_button(buttons, QStringLiteral("cmd_3"), QStringLiteral("Exporter"), [this] { view_.exporter(); });
@@ -127,12 +130,6 @@ protected:
         }
         search_->setEnabled(view_.search_enabled());
 
-        const int row = view_.current_row();
-        if (row >= 0 && row < view_.lsv_results().rowCount()) {
-            const QModelIndex index = view_.lsv_results().index(row, 0);
-            results_->setCurrentIndex(index);
-            results_->scrollTo(index, QAbstractItemView::PositionAtTop);
-        }
         const QString current = view_.current_compet();
         for (int r = 0; r < view_.lsv_compet().rowCount(); ++r)
             if (view_.lsv_compet().item(r, 0)->data(FrmViewResult::kAutoNumRole).toString() == current &&
@@ -141,6 +138,17 @@ protected:
     }
 
 private:
+    // The title row of the event chosen in "Epreuve :", at the top of the list.
+    // Only then: a refresh leaves the list where the person scrolled it.
+    void show_row(int row)
+    {
+        if (row < 0 || row >= view_.lsv_results().rowCount())
+            return;
+        const QModelIndex index = view_.lsv_results().index(row, 0);
+        results_->setCurrentIndex(index);
+        results_->scrollTo(index, QAbstractItemView::PositionAtTop);
+    }
+
     QWidget* options_frame()
     {
         auto* frame = new QWidget;

@@ -36,7 +36,8 @@ public:
         auto* left = new QVBoxLayout;
         auto* pools = new QHBoxLayout;
         for (int metres : {25, 50}) {
-            auto* option = new QRadioButton(QStringLiteral("%1 m").arg(metres));
+            // Parented now, before the list: Tab follows the drawing.
+            auto* option = new QRadioButton(QStringLiteral("%1 m").arg(metres), this);
             option->setObjectName(QStringLiteral("Opt_bassin_%1").arg(metres));
             option->setChecked(view_.bassin() == metres);
             connect(option, &QRadioButton::toggled, this, [this, metres](bool on) {

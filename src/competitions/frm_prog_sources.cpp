@@ -226,8 +226,14 @@ void FrmProg::charger_lenex(const QString& path)
         }
         tab_ = tab;
         journee_max_ = meet.jours;
-        if (modele_)
+        if (modele_) {
             model_days(meet.jours);
+        } else if (meet.jours > days_.size()) {
+            // The competition kept its own dates: the file's later days follow
+            // them, else saving would move their events onto its last day.
+            txt_nb_journee = QString::number(meet.jours);
+            SetListeFromText();
+        }
         if (!missing.isEmpty())
             msg_erreur(a.ui, QStringLiteral("Des épreuves du fichier Lenex n'ont pas de code nage : \n") +
                                  missing.join(QLatin1Char('\n')));

@@ -8,6 +8,8 @@
 #include "src/frame/app_context.h"
 #include "src/store/rows.h"
 
+#include <cmath>
+
 #include <algorithm>
 #include <map>
 
@@ -27,6 +29,28 @@ QString texte_secondes(double seconds)
                              .arg(hundredths / 100 % 60, 2, 10, QLatin1Char('0'))
                              .arg(hundredths % 100, 2, 10, QLatin1Char('0'));
     return minutes > 0 ? QString::number(minutes) + u':' + rest : rest;
+}
+
+std::vector<double> graduations_temps(double low, double high)
+{
+    if (!(high > low))
+        return {low};
+    static constexpr double kSteps[] = {0.1, 0.2, 0.5, 1, 2, 5, 10, 15, 30, 60, 120, 300, 600};
+    constexpr int kMaxMarks = 8;
+    double step = kSteps[std::size(kSteps) - 1];
+    for (double s : kSteps)
+        if ((std::ceil(high / s - 1e-9) - std::floor(low / s + 1e-9)) + 1 <= kMaxMarks) {
+            step = s;
+            break;
+        }
+    // Counted in hundredths, so that the marks are exact swim times.
+    const qint64 hundredths = qRound64(step * 100);
+    const qint64 first = qint64(std::floor(low / step + 1e-9)) * hundredths;
+    const qint64 end = qint64(std::ceil(high / step - 1e-9)) * hundredths;
+    std::vector<double> marks;
+    for (qint64 v = first; v <= end; v += hundredths)
+        marks.push_back(double(v) / 100);
+    return marks;
 }
 
 Progression construit_progression(const Rows& rows)

@@ -48,6 +48,12 @@ double secondes_temps(double value);
 // Seconds as a swim time is read: 68.2 gives "1:08.20", 32.5 gives "32.50".
 QString texte_secondes(double seconds);
 
+// The marks of the time axis between `low` and `high` seconds: a round step
+// (a tenth, a fifth, half a second, one, two, five, ten, fifteen, thirty
+// seconds or whole minutes) giving at most eight marks, from the multiple of
+// the step at or below `low` to the one at or above `high`.
+std::vector<double> graduations_temps(double low, double high);
+
 // The series from rows of Date_perf, Tps and Type_bassin. Rows with no time,
 // a status code (91 and more), or a date that is none are left out.
 Progression construit_progression(const Rows& rows);

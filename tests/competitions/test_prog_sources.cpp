@@ -3,6 +3,7 @@
 // Bad files leave the programme on screen as it was.
 
 #include "components/lenex/lenex_reader.h"
+#include "src/base/utils_date.h"
 #include "src/base/zip.h"
 #include "src/clubs/pools.h"
 #include "src/competitions/frm_prog.h"
@@ -308,4 +309,38 @@ TEST_F(ProgSources, LenexInvitationFillsAnEmptyCompetition)
         EXPECT_TRUE(ui.texts().first().startsWith(kRecuperation + QLatin1Char('\n'))) << path.toStdString();
         EXPECT_EQ(slots_of(*prog), before) << path.toStdString();
     }
+}
+
+TEST_F(ProgSources, LenexInvitationRefusedKeepsTheCompetitionAndTheFilesDays)
+{
+    const QString num = compet("20250601", "20250601", 25);
+    FrmProg* prog = OuvrirProg(*app, QString(keyword::kModif), num, false, QStringLiteral("Programme"), {});
+    const QByteArray lef =
+        "<?xml version=\"1.0\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"Meeting d'été\" city=\"Quimper\" "
+        "course=\"LCM\"><SESSIONS>"
+        "<SESSION number=\"1\" date=\"2025-06-14\"><EVENTS>"
+        "<EVENT eventid=\"1\" number=\"1\" gender=\"F\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"FREE\"/></EVENT>"
+        "</EVENTS></SESSION><SESSION number=\"2\" date=\"2025-06-15\"><EVENTS>"
+        "<EVENT eventid=\"2\" number=\"2\" gender=\"F\"><SWIMSTYLE distance=\"200\" relaycount=\"1\" stroke=\"BACK\"/></EVENT>"
+        "</EVENTS></SESSION></SESSIONS></MEET></MEETS></LENEX>";
+    const QString before = value(QStringLiteral("select Nom || '|' || Lieu || '|' || Debut || '|' || Fin || '|' || "
+                                                "Longueur from Rcomp where AutoNum = ") +
+                                 num);
+    ui.answers.push_back(Button::No);
+    prog->charger_lenex(write(QStringLiteral("meet.lef"), lef));
+    ASSERT_EQ(ui.titled(QStringLiteral("Confirmation")).size(), 1u);
+    EXPECT_EQ(value(QStringLiteral("select Nom || '|' || Lieu || '|' || Debut || '|' || Fin || '|' || Longueur from "
+                                   "Rcomp where AutoNum = ") +
+                    num),
+              before);
+    EXPECT_EQ(slots_of(*prog), (QStringList{"2:1:1:0: :1", "13:2:1:0: :2"}));
+    // The competition's own day stays, the file's second day follows it: the
+    // 200 back is not moved onto the first day when the programme is saved.
+    EXPECT_EQ(prog->CboDate(), (QStringList{DateLongue(QStringLiteral("20250601"), QStringLiteral("d mmm yyyy")),
+                                            LibelleJournee(2)}));
+    ASSERT_TRUE(prog->SaveTabInTable(QStringLiteral("Pcomp"), num, false));
+    EXPECT_EQ(value(QStringLiteral("select group_concat(Code_epreuve || ':' || JourCourse, ' ') from (select * from "
+                                   "Pcomp where Num_compet = ") +
+                    num + QStringLiteral(" order by Code_epreuve)")),
+              "2:1 13:2");
 }

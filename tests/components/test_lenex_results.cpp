@@ -68,6 +68,11 @@ TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatuses
                     + QStringLiteral(" AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = p.Num_compet)")),
               0);
 
+    // The competition had no programme: it gets one line per event with results.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Pcomp") + where + QStringLiteral(" AND JourCourse >= 1")),
+              count(QStringLiteral("SELECT count(*) FROM (SELECT Code_epreuve FROM Prres%1 UNION "
+                                   "SELECT Code_epreuve FROM Prres_relais%1)").arg(where)));
+
     // The same file again adds nothing.
     const int before = count(QStringLiteral("SELECT count(*) FROM Prres")) + count(QStringLiteral("SELECT count(*) FROM Licence"))
                        + count(QStringLiteral("SELECT count(*) FROM Club")) + count(QStringLiteral("SELECT count(*) FROM Categori"));
@@ -77,6 +82,14 @@ TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatuses
               before);
     EXPECT_TRUE(trace().contains(QStringLiteral("%1 déjà présent(s)").arg(expected.swims + expected.relays)))
         << trace().toStdString();
+
+    // A competition whose programme stands keeps it as it is.
+    const int other = add_competition(GetParam().length);
+    db.exec_sql(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, 2, 1, 1)")
+                    .arg(other));
+    call.num_compet = QString::number(other);
+    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve FROM Pcomp WHERE Num_compet = %1").arg(other)), QStringList{"2"});
 }
 
 INSTANTIATE_TEST_SUITE_P(RealFiles, ResultsImport,

@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -158,6 +159,31 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
     EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
 }
 
+TEST_F(PerfWindowsTest, TheSwimmersListShowsItsColumnsWholeAtTheFirstSize)
+{
+    const QString num = app->db.append_row(QStringLiteral("Licence"),
+                                           {{"Code_club", kClub}, {"Licence", "LE ROY-KERHERVE"}, {"Nom", "Le Roy-Kerhervé"},
+                                            {"Prenom", "Anne-Sophie"}, {"Sexe", "F"}, {"Date_Naissance", "20051107"},
+                                            {"Visible", true}},
+                                           QStringLiteral("Num"));
+    app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
+                                    "Lieu, Num_compet, NumManuel) VALUES (2, '%1', %2, 25, '20250110', 1.082, 'Brest', 0, 0)")
+                         .arg(kClub, num));
+    QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
+    ASSERT_NE(window, nullptr);
+    QApplication::processEvents();
+    auto* swimmers = window->findChild<QTreeView*>("LsvNageur");
+    ASSERT_EQ(swimmers->model()->rowCount(), 1);
+    // Name, licence and birth date in view without scrolling sideways.
+    EXPECT_LE(swimmers->header()->length(), swimmers->viewport()->width());
+    // Tab goes down the window as it is drawn: the search above the list.
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (w->objectName() == QLatin1String("txt_recherche") || w == swimmers)
+            order << w->objectName();
+    EXPECT_EQ(order.join(u' ').toStdString(), "txt_recherche LsvNageur");
+}
+
 TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
 {
     const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
@@ -188,8 +214,52 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
               QStringLiteral("1"));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic FROM Liffn")).first(), anne);
     EXPECT_TRUE(time->text().isEmpty());
+
+    // The next event reached by the keyboard is the one the next swim goes to.
+    nages->setFocus();
+    QTest::keyClick(nages, Qt::Key_Down);
+    ASSERT_EQ(nages->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("100m n.l. Dames"));
+    const char* fields[][2] = {{"txt_info_0", "1.0850"}, {"txt_info_1", "Brest"}, {"txt_info_3", "02"},
+                               {"txt_info_4", "03"}, {"txt_info_5", "2025"}};
+    for (const auto& f : fields) {
+        auto* edit = window->findChild<QLineEdit*>(QLatin1String(f[0]));
+        edit->clear();
+        QTest::keyClicks(edit, QLatin1String(f[1]));
+    }
+    ui.answers.push_back(Button::Yes);
+    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT group_concat(Code_epreuve, ' ') FROM (SELECT Code_epreuve FROM "
+                                               "Liffn ORDER BY NumManuel)"))
+                  .first(),
+              QStringLiteral("1 2"));
     window->findChild<QPushButton*>("cmd_quitter")->click();
     gone(QStringLiteral("frm_ajout_perf"));
+}
+
+TEST_F(PerfWindowsTest, TheRelayDrawnAsChosenIsTheOneWhoseSwimmersAreListed)
+{
+    swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
+    swimmer(QStringLiteral("Bihan"), QStringLiteral("F"));
+    swimmer(QStringLiteral("Cozic"), QStringLiteral("M"));
+    QWidget* window = open(QStringLiteral("mnuPerfAjoutRelais"), QStringLiteral("frm_ajout_perf_relais"));
+    ASSERT_NE(window, nullptr);
+    auto* nages = window->findChild<QTreeView*>("LsvNage");
+    auto* licences = window->findChild<QTreeView*>("lsv_licence");
+    // Down the list by the keyboard: each event reached lists its swimmers,
+    // everyone for a mixed relay, the women for a women's one.
+    nages->setFocus();
+    int mixed = 0;
+    int women = 0;
+    for (int row = 0; row < nages->model()->rowCount() && (mixed == 0 || women == 0); ++row) {
+        QTest::keyClick(nages, Qt::Key_Down);
+        const QString label = nages->currentIndex().siblingAtColumn(1).data().toString();
+        if (label.endsWith(QLatin1String("Mixte")))
+            mixed = licences->model()->rowCount();
+        else if (label.endsWith(QLatin1String("Dames")))
+            women = licences->model()->rowCount();
+    }
+    EXPECT_EQ(mixed, 3);
+    EXPECT_EQ(women, 2);
 }
 
 TEST_F(PerfWindowsTest, ManualRelayComposedAndSaved)

@@ -145,6 +145,12 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Records du club"));
     auto* nages = find<QTreeView>(window, "LsvNage");
+    // Tab goes as the window is drawn: the events on the left, then the tabs.
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (w == nages || w->objectName() == QLatin1String("tabs"))
+            order << w->objectName();
+    EXPECT_EQ(order.join(u' ').toStdString(), "LsvNage tabs");
     int row = -1;
     for (int r = 0; r < nages->model()->rowCount(); ++r)
         if (nages->model()->index(r, 0).data().toString() == QStringLiteral("100m n.l. Mess."))

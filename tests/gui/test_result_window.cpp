@@ -10,9 +10,11 @@
 #include "results/results_test_base.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QItemSelectionModel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
@@ -82,6 +84,9 @@ TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
     voir->click();
     auto* results = find<QTreeView>(window, "LsvResults");
     EXPECT_GT(results->model()->rowCount(), 40);
+    // The list starts at its top, with no blank row drawn as chosen.
+    EXPECT_EQ(results->indexAt(QPoint(1, 1)).row(), 0);
+    EXPECT_FALSE(results->selectionModel()->hasSelection());
     EXPECT_EQ(results->model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("Nat"));
     EXPECT_EQ(results->model()->columnCount(), 21);
     EXPECT_TRUE(print->isEnabled());
@@ -91,6 +96,14 @@ TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
     search->setCurrentIndex(2);
     search->activated(2);
     EXPECT_EQ(results->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("1500m n.l. Dames"));
+    // Changing the options leaves the list where the person scrolled it.
+    results->scrollToTop();
+    QApplication::processEvents();
+    const int top = results->indexAt(QPoint(1, 1)).row();
+    find<QPushButton>(window, "Cmd_option_0")->click();
+    find<QPushButton>(window, "Cmd_option_2")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(results->indexAt(QPoint(1, 1)).row(), top);
 
     window->resize(1300, 760);
     const QString png = work_file(QStringLiteral("resultats.png"));

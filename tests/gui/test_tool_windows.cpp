@@ -19,6 +19,8 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionTitleBar>
 #include <QTest>
 #include <QTextEdit>
 #include <QTreeView>
@@ -73,6 +75,12 @@ TEST_F(ToolWindowsTest, TableCotationDrawsItsTable)
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Table Cotation"));
     auto* events = window->findChild<QTreeView*>("LsvNage");
     ASSERT_GT(events->model()->rowCount(), 40);
+    // Tab goes down the window as it is drawn: the pool above the events.
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (w->objectName() == QLatin1String("Opt_bassin_25") || w == events)
+            order << w->objectName();
+    EXPECT_EQ(order.join(u' ').toStdString(), "Opt_bassin_25 LsvNage");
     EXPECT_TRUE(events->isColumnHidden(1));
     events->setCurrentIndex(events->model()->index(2, 0));
     window->findChild<QRadioButton*>("Opt_bassin_50")->click();
@@ -154,6 +162,16 @@ TEST_F(ToolWindowsTest, EachToolWindowLeavesByItsButtonItsCloseBoxAndEscape)
             QMdiSubWindow* s = sub(QLatin1String(door.name));
             ASSERT_NE(s, nullptr) << door.name;
             if (way == 0) {
+                // At its first size the title bar shows the whole title.
+                QStyleOptionTitleBar bar;
+                bar.initFrom(s);
+                bar.rect = QRect(0, 0, s->width(), s->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, s));
+                bar.titleBarFlags = s->windowFlags();
+                bar.subControls = QStyle::SC_All;
+                const QRect label = s->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, s);
+                QFont bold = QApplication::font("QMdiSubWindowTitleBar");
+                bold.setBold(true);  // as the title bar draws it
+                EXPECT_GE(label.width(), QFontMetrics(bold).horizontalAdvance(s->windowTitle())) << door.name;
                 if (door.name == std::string("frmMonitorDef"))
                     look_at(s->widget(), QLatin1String(door.name));
                 s->widget()->findChild<QPushButton*>(QLatin1String(door.button))->click();

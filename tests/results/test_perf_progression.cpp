@@ -58,6 +58,27 @@ TEST(ProgressionAxis, SecondsReadAsSwimTimes)
     EXPECT_EQ(texte_secondes(secondes_temps(15.0512)), QStringLiteral("15:05.12"));
 }
 
+TEST(ProgressionAxis, MarksAreRoundTimesAroundTheSwims)
+{
+    const auto labels = [](const std::vector<double>& marks) {
+        QStringList out;
+        for (double m : marks)
+            out << texte_secondes(m);
+        return out.join(u' ');
+    };
+    // A 100 m over a few seasons: whole seconds.
+    EXPECT_EQ(labels(graduations_temps(67.7, 72.6)), QStringLiteral("1:07.00 1:08.00 1:09.00 1:10.00 1:11.00 1:12.00 1:13.00"));
+    // A 50 m that hardly moves: tenths, then fifths.
+    EXPECT_EQ(labels(graduations_temps(30.12, 30.61)), QStringLiteral("30.10 30.20 30.30 30.40 30.50 30.60 30.70"));
+    EXPECT_EQ(labels(graduations_temps(30.12, 31.1)), QStringLiteral("30.00 30.20 30.40 30.60 30.80 31.00 31.20"));
+    // A 1500 m from a first season to a last: half minutes.
+    EXPECT_EQ(labels(graduations_temps(1010.5, 1150.2)),
+              QStringLiteral("16:30.00 17:00.00 17:30.00 18:00.00 18:30.00 19:00.00 19:30.00"));
+    // Bounds on a mark stay the ends; a single time is one mark.
+    EXPECT_EQ(labels(graduations_temps(60, 64)), QStringLiteral("1:00.00 1:01.00 1:02.00 1:03.00 1:04.00"));
+    EXPECT_EQ(graduations_temps(62.5, 62.5), std::vector<double>{62.5});
+}
+
 TEST_F(ProgressionTest, ClubRelaysAndNothingToDraw)
 {
     relay_perf(8, QStringLiteral("20241201"), QStringLiteral("4.3010"), 1);
