@@ -23,10 +23,6 @@
 #include <QGuiApplication>
 #include <QStandardItemModel>
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 namespace plouvarine::testing {
 
 class ResultsBase : public AppFixture {
@@ -213,15 +209,6 @@ protected:
         for (int r = 0; r < m.rowCount(); ++r)
             if (m.item(r, 1)->text() == nom)
                 out << m.item(r, 0)->text() + u'|' + m.item(r, tps)->text() + u'|' + m.item(r, tps + 1)->text();
-        return out;
-    }
-
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    QStringList messages() const
-    {
-        QStringList out;
-        for (const auto& m : ui.messages)
-            out << m.text;
         return out;
     }
 
