@@ -2,67 +2,37 @@
 // into det_compet from the menu and saved, then the list opened with its title;
 // the programme of a competition chosen in the list, edited and saved.
 
-#include "src/clubs/pools.h"
 #include "gui/frame/main_window.h"
-#include "src/subjects.h"
-#include "gui/frame/qt_services.h"
-#include "gui/all_windows.h"
-#include "gui/frame/window_factory.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
+#include "src/clubs/pools.h"
 #include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QKeyEvent>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class CompetWindowTest : public plouvarine::testing::AppFixture {
+class CompetWindowTest : public WindowTest<> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
+        WindowTest::SetUp();
         connect(make_base());
         check_piscine_reference(app->db, app->ui);
         app->clock.set_today(QDate(2025, 3, 10));
-        main.open(*app, ui);
+        open_main();
     }
-    void TearDown() override
+    void type_in(QWidget* window, const char* field, const QString& text)
     {
-        main.close();
-        AppFixture::TearDown();
+        plouvarine::testing::type_in(find<QLineEdit>(window, field), text);
     }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-    void type_in(QWidget* window, const QString& field, const QString& text)
-    {
-        auto* edit = window->findChild<QLineEdit*>(field);
-        ASSERT_NE(edit, nullptr) << field.toStdString();
-        for (const QChar c : text) {
-            QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(edit, &event);
-        }
-    }
-    void click(QWidget* window, const QString& name)
-    {
-        auto* button = window->findChild<QAbstractButton*>(name);
-        ASSERT_NE(button, nullptr) << name.toStdString();
-        button->click();
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 }  // namespace

@@ -3,55 +3,31 @@
 // "Sélectionner tous", a message styled with the toolbar, the reply date
 // enabled by its option, and "&Imprimer" printing the ticked letters.
 
-#include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
-#include "src/store/sentinels.h"
 #include "src/subjects.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QFile>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 
 namespace {
 
-class ConvocationWindowTest : public plouvarine::testing::AppFixture {
+class ConvocationWindowTest : public plouvarine::testing::WindowTest<plouvarine::testing::ProfileClubFixture> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        app->state.club_code = QStringLiteral("FRA2210290017");
+        WindowTest::SetUp();
         app->state.club_name = QStringLiteral("Brest Natation");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
-        app->clock.set_today(QDate(2025, 3, 10));
         install_template_component();
-        main.open(*app, ui);
+        open_main();
     }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
@@ -99,11 +75,7 @@ TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
     window->findChild<QToolButton*>("cmd_text_4")->click();
 
     window->resize(900, 560);
-    const QString png = work_file(QStringLiteral("convocation.png"));
-    ASSERT_TRUE(window->grab().save(png));
-    // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
-    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-        QFile::copy(png, keep + QStringLiteral("/convocation.png"));
+    shoot(window, QStringLiteral("convocation.png"));
 
     window->findChild<QPushButton*>("cmd_1")->click();
     ASSERT_EQ(ui.printed.size(), 1u);

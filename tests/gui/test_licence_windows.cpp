@@ -3,14 +3,10 @@
 // typed on the list, a licence changed in its detail, a fee from the context menu.
 
 #include "gui/frame/main_window.h"
-#include "src/subjects.h"
-#include "gui/frame/qt_services.h"
-#include "gui/all_windows.h"
-#include "gui/frame/window_factory.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "licences/licence_test_base.h"
 #include "src/licences/liste_licence.h"
+#include "src/subjects.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,7 +22,6 @@
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 using plouvarine::testing::LicenceBase;
 
 namespace {
@@ -60,22 +55,15 @@ QStringList column0(QTreeView* list)
     return out;
 }
 
-class LicenceWindowTest : public LicenceBase {
+class LicenceWindowTest : public plouvarine::testing::WindowTest<LicenceBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        LicenceBase::SetUp();
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
         dupont = licence(QStringLiteral("DUPONT"), QStringLiteral("Anne"), QStringLiteral("85001F"));
         martin = licence(QStringLiteral("MARTIN"), QStringLiteral("Léa"), QStringLiteral("90002F"),
                          QLatin1String(kClub), QStringLiteral("19900101"));
-    }
-    void TearDown() override
-    {
-        main.close();
-        LicenceBase::TearDown();
     }
     // Any child window of that name, shown or not: a closed window must be gone.
     QWidget* child_window(const QString& name)
@@ -86,7 +74,6 @@ protected:
         return nullptr;
     }
 
-    plouvarine::testing::DrawnMainWindow main;
     QString dupont, martin;
 };
 

@@ -3,62 +3,36 @@
 // the first composed from the team's members with its computed time, and the
 // rows found in Relais after "Ok".
 
-#include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "src/base/text.h"
 #include "src/store/sentinels.h"
 #include "src/subjects.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class RelayWindowTest : public plouvarine::testing::AppFixture {
+class RelayWindowTest : public WindowTest<> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
+        WindowTest::SetUp();
         connect(make_base());
         app->state.club_code = QStringLiteral("FRA2210290017");
         app->state.profile_num = QStringLiteral("1");
         app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
         app->clock.set_today(QDate(2025, 3, 10));
-        main.open(*app, ui);
+        open_main();
     }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-    void click(QWidget* window, const QString& name)
-    {
-        auto* button = window->findChild<QPushButton*>(name);
-        ASSERT_NE(button, nullptr) << name.toStdString();
-        ASSERT_TRUE(button->isEnabled()) << name.toStdString();
-        button->click();
-    }
-    void select(QTreeView* list, int row)
-    {
-        list->setCurrentIndex(list->model()->index(row, 0));
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
+    void select(QTreeView* list, int row) { list->setCurrentIndex(list->model()->index(row, 0)); }
 };
 
 TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
