@@ -71,6 +71,15 @@ void AppFixture::install_template_component()
     ASSERT_TRUE(QFile::copy(built, template_component_path(*app)));
 }
 
+void AppFixture::install_components(std::initializer_list<const char*> names)
+{
+    for (const char* name : names) {
+        const QString file = component_file(QString::fromLatin1(name));
+        const QString built = QFileInfo(model_file()).dir().filePath(file);
+        ASSERT_TRUE(QFile::copy(built, app->app_file(file))) << built.toStdString();
+    }
+}
+
 void AppFixture::exec(const QString& sql)
 {
     app->db.exec_sql(sql);

@@ -38,6 +38,8 @@ protected:
     void connect(const QString& path);
     // Lays the template component the build made out in the application folder.
     void install_template_component();
+    // Lays the components the build made ("expclub.dll"...) out in the application folder.
+    void install_components(std::initializer_list<const char*> names);
 
     // The base in use, read and written as the tests check it.
     void exec(const QString& sql);
