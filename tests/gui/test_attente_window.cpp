@@ -30,10 +30,7 @@ protected:
     {
         plouvarine::testing::ensure_application();
         AppFixture::SetUp();
-        for (const QString& dll : {u"expclub.dll"_s, u"rcptclub.dll"_s}) {
-            const QString file = component_file(dll);
-            ASSERT_TRUE(QFile::copy(QFileInfo(plouvarine::testing::model_file()).dir().filePath(file), app->app_file(file)));
-        }
+        install_components({"expclub.dll", "rcptclub.dll"});
         connect(make_base());
         for (const char* code : {"0123", "0456"})
             app->db.append_row(u"Club"_s, {{u"Code_federal"_s, QString::fromLatin1(code)}, {u"Intitule"_s, u"Club "_s + QString::fromLatin1(code)}},

@@ -3,8 +3,7 @@
 // the programme of a competition chosen in the list, edited and saved.
 
 #include "gui/frame/main_window.h"
-#include "src/clubs/pools.h"
-#include "src/store/sentinels.h"
+#include "competitions/compet_test_base.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -19,14 +18,11 @@ using namespace plouvarine::testing;
 
 namespace {
 
-class CompetWindowTest : public WindowTest<> {
+class CompetWindowTest : public WindowTest<CompetFixture> {
 protected:
     void SetUp() override
     {
         WindowTest::SetUp();
-        connect(make_base());
-        check_piscine_reference(app->db, app->ui);
-        app->clock.set_today(QDate(2025, 3, 10));
         open_main();
     }
     void type_in(QWidget* window, const char* field, const QString& text)
@@ -60,11 +56,8 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Compétition mémorisée avec succès.")});
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("det_compet")), nullptr);
-    const Rows rows = app->db.load_rows("select Num, Type, Longueur, Codif_depar, Debut, Fin from Rcomp");
-    ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows.value(0, 0) + rows.value(0, 1) + rows.value(0, 2) + rows.value(0, 3) + rows.value(0, 4) +
-                  rows.value(0, 5),
-              "B25I25A2025041220250413");
+    EXPECT_EQ(dump("select Num, Type, Longueur, Codif_depar, Debut, Fin from Rcomp"),
+              QStringList{"B25:I:25:A:20250412:20250413"});
 
     main->trigger(QStringLiteral("mnuCompetListe"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
@@ -78,11 +71,7 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
 
 TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
 {
-    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
-                                    "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES ('P1', 'C', "
-                                    "'Meeting', '20250315', '20250316', 'Brest', 50, 8, 'Q', 'Q', 'Q', 'Q', ") +
-                     NumPiscineNulle(*app) + QStringLiteral(")"));
-    const QString num = app->db.load_rows("select max(AutoNum) from Rcomp").first();
+    const QString num = compet("20250315", "20250316");
     main->trigger(QStringLiteral("mnuEngagProgramme"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
     ASSERT_NE(list, nullptr);
@@ -113,13 +102,8 @@ TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
     click(prog, "Command1_0");
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("frm_prog")), nullptr);
-    const Rows rows = app->db.load_rows(
-        "select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where Num_compet = " +
-        num);
-    ASSERT_EQ(rows.size(), 1);
-    QStringList got;
-    for (int c = 0; c < 6; ++c)
-        got << rows.value(0, c);
-    EXPECT_EQ(got.join(':'), "2:2:3:2:C:4");
+    EXPECT_EQ(dump("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where "
+                   "Num_compet = " + num),
+              QStringList{"2:2:3:2:C:4"});
     EXPECT_TRUE(ui.texts().isEmpty());
 }

@@ -3,6 +3,7 @@
 // "Sélectionner tous", a message styled with the toolbar, the reply date
 // enabled by its option, and "&Imprimer" printing the ticked letters.
 
+#include "entries/entries_test_base.h"
 #include "gui/frame/main_window.h"
 #include "src/subjects.h"
 #include "window_test.h"
@@ -19,7 +20,7 @@ using namespace plouvarine;
 
 namespace {
 
-class ConvocationWindowTest : public plouvarine::testing::WindowTest<plouvarine::testing::ProfileClubFixture> {
+class ConvocationWindowTest : public plouvarine::testing::WindowTest<plouvarine::testing::EntriesBase> {
 protected:
     void SetUp() override
     {
@@ -32,21 +33,8 @@ protected:
 
 TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
 {
-    Database& db = app->db;
-    const QString compet = db.append_row(QStringLiteral("Rcomp"),
-                                         {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"},
-                                          {"Fin", "20250405"}, {"Lieu", "Brest"}, {"Longueur", 50},
-                                          {"Visible", true}, {"Deroule", false}},
-                                         QStringLiteral("AutoNum"));
-    for (const char* name : {"Le Bihan", "Abgrall"}) {
-        const QString num = db.append_row(QStringLiteral("Licence"),
-                                          {{"Code_club", app->state.club_code}, {"Licence", QString::fromLatin1(name).toUpper()},
-                                           {"Nom", name}, {"Prenom", "Yann"}, {"Sexe", "M"}},
-                                          QStringLiteral("Num"));
-        db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic, Equipe) VALUES (%1, 1, "
-                                   "%2, 0)")
-                        .arg(compet, num));
-    }
+    for (const char* name : {"Le Bihan", "Abgrall"})
+        member(swimmer(QString::fromUtf8(name), QStringLiteral("M"), QStringLiteral("Yann")), 0, false);
 
     main->trigger(QStringLiteral("mnuEngagConvoc"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));

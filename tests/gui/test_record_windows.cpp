@@ -3,7 +3,7 @@
 // the swims of the history accepted from the modal proposals. Each window is
 // grabbed as a picture (PLOUVARINE_KEEP_SCREENSHOTS=<folder> keeps a copy).
 
-#include "src/frame/app_context.h"
+#include "records/records_test_base.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -21,12 +21,11 @@ using namespace plouvarine::testing;
 
 namespace {
 
-class RecordWindowsTest : public WindowTest<ProfileClubFixture> {
+class RecordWindowsTest : public WindowTest<RecordsBase> {
 protected:
     void SetUp() override
     {
         WindowTest::SetUp();
-        app->state.club_name = QStringLiteral("Brest Natation");
         open_main();
     }
     void type(QWidget* window, const char* name, const QString& text)
@@ -39,22 +38,11 @@ protected:
     // A band, its record of 2020 and a swim of the history that beats it.
     void seed()
     {
-        const QString cat = app->db.append_row(QStringLiteral("Categori_record_club"),
-                                               {{"Code_Club", "FRA2210290017"}, {"Libelle", "Minimes"}, {"Age_inf", 13},
-                                                {"Age_sup", 14}, {"Sexe", "Homme"}},
-                                               QStringLiteral("Num_cat"));
-        app->db.exec_sql(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, "
-                                        "Lieu) VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')")
-                             .arg(cat));
-        const QString swimmer = app->db.append_row(QStringLiteral("Licence"),
-                                                   {{"Code_club", "FRA2210290017"}, {"Licence", "X1"}, {"Nom", "Corre"},
-                                                    {"Prenom", "Erwan"}, {"Sexe", "M"}, {"Date_Naissance", "20110101"}},
-                                                   QStringLiteral("Num"));
-        app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
-                                        "Lieu) VALUES (52, 'FRA2210290017', %1, 25, '20250301', 1.0450, 'Rennes')")
-                             .arg(swimmer));
+        const QString cat = band(QStringLiteral("Minimes"), 13, 14, QStringLiteral("Homme"));
+        exec(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, Lieu) "
+                            "VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')").arg(cat));
+        swim(swimmer(QStringLiteral("Corre"), QStringLiteral("20110101")), 52, 25, 1.0450, QStringLiteral("20250301"));
     }
-
 };
 
 TEST_F(RecordWindowsTest, BandsAreTypedAndSaved)
