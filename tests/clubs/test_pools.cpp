@@ -34,13 +34,7 @@ protected:
         p.bassin = length;
         return AjoutePiscine(*app, p);
     }
-    QStringList shown(PoolListView& list)
-    {
-        QStringList out;
-        for (int r = 0; r < list.Lsv_piscine().rowCount(); ++r)
-            out << list.Lsv_piscine().item(r)->text();
-        return out;
-    }
+    QStringList shown(PoolListView& list) { return plouvarine::testing::column_texts(list.Lsv_piscine()); }
     PoolListView* open_list(const QString& keyword)
     {
         return OuvreListePiscines(*app, keyword, QStringLiteral("Piscines"), QStringLiteral("&Voir"));

@@ -54,13 +54,7 @@ protected:
     {
         return OuvrirListeCompet(*app, mode, caption, QStringLiteral("Titre"));
     }
-    QStringList nums(FrmListeCompet* list)
-    {
-        QStringList out;
-        for (int r = 0; r < list->lsv_compet().rowCount(); ++r)
-            out << list->lsv_compet().item(r, 0)->text();
-        return out;
-    }
+    QStringList nums(FrmListeCompet* list) { return plouvarine::testing::column_texts(list->lsv_compet()); }
 };
 
 }  // namespace

@@ -47,14 +47,6 @@ void click_header(QTreeView* list, int section)
     QApplication::sendEvent(header->viewport(), &up);
 }
 
-QStringList column0(QTreeView* list)
-{
-    QStringList out;
-    for (int r = 0; r < list->model()->rowCount(); ++r)
-        out << list->model()->index(r, 0).data().toString();
-    return out;
-}
-
 class LicenceWindowTest : public plouvarine::testing::WindowTest<LicenceBase> {
 protected:
     void SetUp() override
@@ -87,7 +79,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     ASSERT_NE(window, nullptr);
     auto* list = window->findChild<QTreeView*>(QStringLiteral("lsv_licence"));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(column0(list), (QStringList{"DUPONT", "MARTIN"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"DUPONT", "MARTIN"}));
     // The rows are plain items: the list itself refuses editing, F2 opens no editor.
     ASSERT_TRUE(list->currentIndex().isValid());
     type(list, QString(), Qt::Key_F2);
@@ -95,7 +87,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
 
     click_header(list, 0);
     click_header(list, 0);
-    EXPECT_EQ(column0(list), (QStringList{"MARTIN", "DUPONT"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"MARTIN", "DUPONT"}));
 
     // Letters typed on the list go to the search field and find the row.
     list->setFocus();
@@ -118,7 +110,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag")), 0);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child_window(QStringLiteral("det_licence")), nullptr);
-    EXPECT_EQ(column0(list), (QStringList{"MÅRTIN-NOEL", "DUPONT"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"MÅRTIN-NOEL", "DUPONT"}));
 }
 
 TEST_F(LicenceWindowTest, TheContextMenuOfTheMainWindowGivesAFee)
@@ -139,5 +131,5 @@ TEST_F(LicenceWindowTest, TheContextMenuOfTheMainWindowGivesAFee)
     ASSERT_TRUE(ok->isVisible());
     ok->click();
     EXPECT_EQ(field(martin, QStringLiteral("Tarif")), QStringLiteral("Jeune"));
-    EXPECT_EQ(column0(list), QStringList{"DUPONT"});
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), QStringList{"DUPONT"});
 }

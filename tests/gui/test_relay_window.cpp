@@ -88,7 +88,8 @@ TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
     const QString nulle = app->state.num_lic_nulle;
     EXPECT_EQ(dump("select Num_Lic, Tps, Licence1, Licence4, Licence5 from Relais where Code_epreuve = 58 order by "
                    "Num_Lic"),
-              (QStringList{"1:3.5:" + nums[0] + ':' + nums[3] + ':' + nulle, "2:0:" + nulle + ':' + nulle + ':' + nulle}));
+              (QStringList{"1:3.5:" + nums[0] + ':' + nums[3] + ':' + nulle,
+                           "2:0:" + nulle + ':' + nulle + ':' + nulle}));
 }
 
 }  // namespace

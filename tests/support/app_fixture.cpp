@@ -107,6 +107,14 @@ QStringList row_texts(const Rows& rows, QChar separator)
     return out;
 }
 
+QStringList column_texts(const QAbstractItemModel& model, int column)
+{
+    QStringList out;
+    for (int r = 0; r < model.rowCount(); ++r)
+        out << model.index(r, column).data().toString();
+    return out;
+}
+
 QStringList AppFixture::dump(const QString& sql)
 {
     return row_texts(app->db.load_rows(sql));

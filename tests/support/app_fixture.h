@@ -5,6 +5,7 @@
 #include "src/frame/app_context.h"
 #include "support/scripted_services.h"
 
+#include <QAbstractItemModel>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
@@ -22,6 +23,8 @@ QString model_file();
 void set_base_version(const QString& path, const QString& version);
 // Each row's fields joined by `separator`, for whole-result checks.
 QStringList row_texts(const Rows& rows, QChar separator = u':');
+// The texts a list shows in `column`, top to bottom.
+QStringList column_texts(const QAbstractItemModel& model, int column = 0);
 
 class AppFixture : public ::testing::Test {
 protected:
