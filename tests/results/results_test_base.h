@@ -20,7 +20,6 @@
 #include "support/app_fixture.h"
 
 #include <QDate>
-#include <QGuiApplication>
 #include <QStandardItemModel>
 
 namespace plouvarine::testing {
@@ -32,11 +31,7 @@ protected:
 
     void SetUp() override
     {
-        static int argc = 1;
-        static char name[] = "test_results";
-        static char* argv[] = {name, nullptr};
-        if (!QCoreApplication::instance())
-            new QGuiApplication(argc, argv);
+        ensure_gui_application();
         AppFixture::SetUp();
         connect(make_base());
         exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));

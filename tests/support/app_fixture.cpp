@@ -7,6 +7,7 @@
 #include "src/store/sentinels.h"
 
 #include <QDate>
+#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,6 +17,15 @@ namespace plouvarine::testing {
 QString model_file()
 {
     return QStringLiteral(PLOUVARINE_MODEL_FILE);
+}
+
+void ensure_gui_application()
+{
+    static int argc = 1;
+    static char name[] = "test";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance())
+        new QGuiApplication(argc, argv);
 }
 
 void set_base_version(const QString& path, const QString& version)

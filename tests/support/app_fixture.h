@@ -19,6 +19,8 @@ namespace plouvarine::testing {
 
 // The model base the build made.
 QString model_file();
+// A QGuiApplication for the tests that draw documents (fonts, PDF), made once.
+void ensure_gui_application();
 // Writes `version` (a value as the statement takes it) into the base file at `path`, not open.
 void set_base_version(const QString& path, const QString& version);
 // Each row's fields joined by `separator`, for whole-result checks.
