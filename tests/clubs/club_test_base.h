@@ -17,10 +17,6 @@ protected:
         connect(make_base());
     }
 
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    int count(const QString& sql) { return app->db.count_query(sql); }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
-
     QString add_club(const QString& code, const QString& name)
     {
         exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule, Selection) VALUES ('%1', %2, false)")

@@ -36,14 +36,7 @@ protected:
     }
     QStringList column(const QString& sql) { return app->db.load_rows(sql).column(0); }
     // The rows of a two-column select as "first/second".
-    QStringList pairs(const QString& sql)
-    {
-        const Rows r = app->db.load_rows(sql);
-        QStringList out;
-        for (int i = 0; i < r.size(); ++i)
-            out << r.value(i, 0) + QLatin1Char('/') + r.value(i, 1);
-        return out;
-    }
+    QStringList pairs(const QString& sql) { return plouvarine::testing::row_texts(app->db.load_rows(sql), u'/'); }
 };
 
 }  // namespace

@@ -11,28 +11,16 @@
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "competitions/compet_test_base.h"
 #include "support/awkward_text.h"
 
 using namespace plouvarine;
 using plouvarine::testing::awkward_text;
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 namespace {
 
-class CompetBase : public plouvarine::testing::AppFixture {
+class CompetBase : public plouvarine::testing::CompetFixture {
 protected:
-    void SetUp() override
-    {
-        AppFixture::SetUp();
-        connect(make_base());
-        check_piscine_reference(app->db, app->ui);
-        app->clock.set_today(QDate(2025, 3, 10));
-    }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
     QString compet(const QString& num, const QString& debut, const QString& fin, bool deroule = false,
                    bool visible = true, const QString& type = QStringLiteral("C"), int longueur = 50, int lanes = 6)
     {
@@ -66,13 +54,7 @@ protected:
     {
         return OuvrirListeCompet(*app, mode, caption, QStringLiteral("Titre"));
     }
-    QStringList nums(FrmListeCompet* list)
-    {
-        QStringList out;
-        for (int r = 0; r < list->lsv_compet().rowCount(); ++r)
-            out << list->lsv_compet().item(r, 0)->text();
-        return out;
-    }
+    QStringList nums(FrmListeCompet* list) { return plouvarine::testing::column_texts(list->lsv_compet()); }
 };
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "competitions/compet_test_base.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,34 +21,18 @@
 
 using namespace plouvarine;
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 namespace {
 
 const QString kRecuperation =
     QStringLiteral("Une erreur s'est produite lors de la récupération des données d'un programme.");
 
-class ProgSources : public plouvarine::testing::AppFixture {
+class ProgSources : public plouvarine::testing::CompetFixture {
 protected:
     void SetUp() override
     {
-        AppFixture::SetUp();
-        connect(make_base());
-        check_piscine_reference(app->db, app->ui);
+        CompetFixture::SetUp();
         app->state.profile_num = QStringLiteral("1");
-        app->clock.set_today(QDate(2025, 3, 10));
         QDir().mkpath(work_file(QStringLiteral("org")));
-    }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
-    QString compet(const QString& debut, const QString& fin, int longueur, bool deroule = false, bool visible = true)
-    {
-        return app->db.append_row(QStringLiteral("Rcomp"),
-                                  {{"Num", "N1"}, {"Nom", "Meeting"}, {"Debut", debut}, {"Fin", fin}, {"Lieu", "Brest"},
-                                   {"Longueur", longueur}, {"Nb_couloir", 8}, {"Deroule", deroule},
-                                   {"Visible", visible}, {"Num_Piscine", NumPiscineNulle(*app).toInt()}},
-                                  QStringLiteral("AutoNum"));
     }
     FrmProg* model_prog()
     {

@@ -9,41 +9,19 @@
 #include "src/frame/list_helpers.h"
 #include "src/base/text.h"
 #include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "competitions/compet_test_base.h"
 
 #include <stdexcept>
 
 using namespace plouvarine;
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
 
 namespace {
 
 const QString kOrderWarning =
     QStringLiteral("Le numéro d'ordre spécifié est inférieur au maximum des journées précédentes.");
 
-class ProgBase : public plouvarine::testing::AppFixture {
+class ProgBase : public plouvarine::testing::CompetFixture {
 protected:
-    void SetUp() override
-    {
-        AppFixture::SetUp();
-        connect(make_base());
-        check_piscine_reference(app->db, app->ui);
-        app->clock.set_today(QDate(2025, 3, 10));
-    }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
-    QString compet(const QString& debut, const QString& fin, int longueur = 50)
-    {
-        app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
-                                        "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES "
-                                        "('N1', 'C', 'Meeting', '%1', '%2', 'Brest', %3, 8, 'Q', 'Q', 'Q', 'Q', %4)")
-                             .arg(debut, fin)
-                             .arg(longueur)
-                             .arg(NumPiscineNulle(*app)));
-        return value(QStringLiteral("select max(AutoNum) from Rcomp"));
-    }
     void line(const QString& num, int code, int day, int type, int finales, const QString& kind, int order,
               const QString& table = QStringLiteral("Pcomp"), const QString& key = QStringLiteral("Num_compet"))
     {
@@ -60,18 +38,8 @@ protected:
     // The rows of the programme, "code:day:type:finals:kind:order", by code.
     QStringList stored(const QString& num)
     {
-        const Rows rows = app->db.load_rows(
-            QStringLiteral("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp "
-                           "where Num_compet = ") +
-            num + QStringLiteral(" order by Code_epreuve"));
-        QStringList out;
-        for (int r = 0; r < rows.size(); ++r) {
-            QStringList cells;
-            for (int c = 0; c < 6; ++c)
-                cells << rows.value(r, c);
-            out << cells.join(QLatin1Char(':'));
-        }
-        return out;
+        return dump(QStringLiteral("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from "
+                                   "Pcomp where Num_compet = %1 order by Code_epreuve").arg(num));
     }
     FrmProg* open(const QString& num)
     {

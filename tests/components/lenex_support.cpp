@@ -167,15 +167,7 @@ int LenexBase::count(const QString& sql)
 
 QStringList LenexBase::rows(const QString& sql)
 {
-    const Rows r = db.load_rows(sql);
-    QStringList out;
-    for (int i = 0; i < r.size(); ++i) {
-        QStringList fields;
-        for (int c = 0; c < r.column_count(); ++c)
-            fields.append(r.value(i, c));
-        out.append(fields.join(u'|'));
-    }
-    return out;
+    return row_texts(db.load_rows(sql), u'|');
 }
 
 }  // namespace plouvarine::testing

@@ -5,6 +5,7 @@
 
 #include "src/frame/exchange_component.h"
 #include "src/store/database.h"
+#include "support/app_fixture.h"
 
 #include <QDir>
 #include <QMap>
@@ -12,12 +13,6 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-// Texts shown as texts in the failures.
-inline void PrintTo(const QString& s, std::ostream* os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
 
 // The real Lenex files lie beside the project, in ../shared/lenex, and are
 // never copied into it: a checkout without them skips the tests that read them.

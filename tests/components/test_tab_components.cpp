@@ -79,17 +79,7 @@ protected:
         db.close();
         return rows;
     }
-    static QStringList lines(const Rows& rows)
-    {
-        QStringList out;
-        for (int r = 0; r < rows.size(); ++r) {
-            QStringList fields;
-            for (int c = 0; c < rows.column_count(); ++c)
-                fields << rows.value(r, c);
-            out << fields.join(QLatin1Char('|'));
-        }
-        return out;
-    }
+    static QStringList lines(const Rows& rows) { return plouvarine::testing::row_texts(rows, u'|'); }
     static void write(const QString& path, const QByteArray& bytes)
     {
         QFile f(path);

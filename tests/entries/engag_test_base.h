@@ -5,6 +5,7 @@
 
 #include "entries/entries_test_base.h"
 #include "src/clubs/pools.h"
+#include "src/store/sentinels.h"
 
 namespace plouvarine::testing {
 

@@ -1,35 +1,19 @@
 #pragma once
-// A connected copy of the model base with a club, a profile, the null licence
-// and a competition, and helpers to lay swimmers, team members, entries,
+// The club of the profile with a competition, and helpers to lay swimmers, team members, entries,
 // relays and performances into it.
 
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "src/frame/app_context.h"
-#include "src/store/sentinels.h"
 #include "support/app_fixture.h"
-
-#include <QDate>
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
 
 namespace plouvarine::testing {
 
-class EntriesBase : public AppFixture {
+class EntriesBase : public ProfileClubFixture {
 protected:
-    static constexpr const char* kClub = "FRA2210290017";
-
     void SetUp() override
     {
-        AppFixture::SetUp();
-        connect(make_base());
-        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
-        app->state.club_code = QLatin1String(kClub);
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, QLatin1String(kClub));
-        app->clock.set_today(QDate(2025, 3, 10));
+        ProfileClubFixture::SetUp();
         compet = competition(50);
     }
 
@@ -88,30 +72,6 @@ protected:
                  .arg(QLatin1String(kClub), num)
                  .arg(bassin)
                  .arg(date, tps));
-    }
-
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    int count(const QString& sql) { return app->db.count_query(sql); }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
-    // Every row of a select, its fields joined by ":", in the select's order.
-    QStringList dump(const QString& sql)
-    {
-        const Rows rows = app->db.load_rows(sql);
-        QStringList out;
-        for (int r = 0; r < rows.size(); ++r) {
-            QStringList cells;
-            for (int c = 0; c < rows.column_count(); ++c)
-                cells << rows.value(r, c);
-            out << cells.join(QLatin1Char(':'));
-        }
-        return out;
-    }
-    QStringList messages() const
-    {
-        QStringList out;
-        for (const auto& m : ui.messages)
-            out << m.text;
-        return out;
     }
 
     QString compet;

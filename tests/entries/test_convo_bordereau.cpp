@@ -18,7 +18,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QRegularExpression>
 
 using namespace plouvarine;
@@ -53,12 +52,7 @@ protected:
 
 TEST_F(Bordereau, TheSlipOfSeveralTeamsMatchesItsReference)
 {
-    static int argc = 1;
-    static char name[] = "test_entries";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance())
-        new QGuiApplication(argc, argv);
-
+    plouvarine::testing::ensure_gui_application();
     const QString martin = swimmer(QStringLiteral("Martin"), QStringLiteral("F"), QStringLiteral("Léa"));
     const QString bernard = swimmer(QStringLiteral("Bernard"), QStringLiteral("F"), QStringLiteral("Yvonne"));
     const QString artagnan = swimmer(QStringLiteral("D'Artagnan"), QStringLiteral("M"), QStringLiteral("Charles"));
@@ -333,11 +327,7 @@ TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
 
 TEST_F(Convocation, OnePdfPerSwimmerNamedWithoutClashAndStoppable)
 {
-    static int argc = 1;
-    static char name[] = "test_entries";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance())
-        new QGuiApplication(argc, argv);
+    plouvarine::testing::ensure_gui_application();
     exec(QStringLiteral("UPDATE Rcomp SET Nom = 'Meeting/Été' WHERE AutoNum = ") + compet);
     entry(artagnan, 51, 0, false, QStringLiteral("0.2512"));
     FrmConvocation* view = open();

@@ -203,11 +203,9 @@ TEST_F(RelayWindowFlow, CountsCompositionAndTimeReachTheBase)
     EXPECT_EQ(view->cbo_team(), (QStringList{"Individuel", "Equipe 1 Homme", "Equipe 1 Mixte"}));
     view->set_team_index(1);
     // A men's team in a 50 m competition: the men's relays that a 50 m pool allows.
-    QStringList events;
-    for (int r = 0; r < view->Lst_relais().rowCount(); ++r)
-        events << view->Lst_relais().item(r, 0)->text();
-    EXPECT_EQ(events, (QStringList{"4x50m n.l. Mess.", "4x50m 4N Mess.", "4x100m n.l. Mess.",
-                                   "4x100m 4N Mess.", "4x200m n.l. Mess."}));
+    EXPECT_EQ(plouvarine::testing::column_texts(view->Lst_relais()),
+              (QStringList{"4x50m n.l. Mess.", "4x50m 4N Mess.", "4x100m n.l. Mess.", "4x100m 4N Mess.",
+                           "4x200m n.l. Mess."}));
     const int free100 = *find_key(view->Lst_relais(), QStringLiteral("58"));
     select_row_at(view->relais_selection(), free100);
     EXPECT_EQ(view->txt_nb_equipe(), QStringLiteral("1"));  // proposed
@@ -275,10 +273,7 @@ TEST_F(RelayWindowFlow, MixedTeamTakesBothSexesAndCancelRestores)
     view->set_nb_equipe(QStringLiteral("1"));
     view->cmd_composition();
     ASSERT_EQ(view->relay_number(), 1);
-    QStringList names;
-    for (int r = 0; r < view->lsv_nageurs().rowCount(); ++r)
-        names << view->lsv_nageurs().item(r, 0)->text();
-    EXPECT_EQ(names, (QStringList{"Femme", "Guivarch"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(view->lsv_nageurs()), (QStringList{"Femme", "Guivarch"}));
     view->cmd_annuler();
     EXPECT_TRUE(view->is_closed());
     EXPECT_EQ(dump(QStringLiteral("select Code_epreuve, Licence1 from Relais")), QStringList{"8:" + woman});

@@ -13,6 +13,7 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::column_texts;
 
 namespace {
 
@@ -27,14 +28,6 @@ void fill(QStandardItemModel& model, const QStringList& texts)
         model.appendRow(item);
         set_row_key(model, row, QStringLiteral("k%1").arg(row));
     }
-}
-
-QStringList texts_of(const QAbstractItemModel& model, int column = 0)
-{
-    QStringList texts;
-    for (int row = 0; row < model.rowCount(); ++row)
-        texts << model.index(row, column).data().toString();
-    return texts;
 }
 
 int selected_row(const QItemSelectionModel& selection)
@@ -237,7 +230,7 @@ TEST_F(FillCollectionsTest, FillsTwoListsInStepWithTextsSubItemsAndKeys)
         EXPECT_EQ(twin.item(row, 1)->text(), rows.value(row, 3));
         EXPECT_TRUE(row_key(twin, row).isEmpty());
     }
-    EXPECT_EQ(texts_of(visible), (QStringList{QStringLiteral("Aquarena"), QStringLiteral("de la Plage"),
+    EXPECT_EQ(column_texts(visible), (QStringList{QStringLiteral("Aquarena"), QStringLiteral("de la Plage"),
                                               QStringLiteral("Saint-Marc")}));
     EXPECT_EQ(count_checked(visible), 0);
 
@@ -254,7 +247,7 @@ TEST_F(FillCollectionsTest, ARefillReplacesTheRowsAndAFailureLeavesTheListsEmpty
     fill_collections(app->db, sql, {{&list, {0}, 3}});
     app->db.exec_sql(QStringLiteral("DELETE FROM Piscine WHERE Nom = 'Aquarena';"));
     EXPECT_EQ(fill_collections(app->db, sql, {{&list, {0}, 3}}), 2);
-    EXPECT_EQ(texts_of(list), (QStringList{QStringLiteral("Piscine de la Plage"), QStringLiteral("Piscine Saint-Marc")}));
+    EXPECT_EQ(column_texts(list), (QStringList{QStringLiteral("Piscine de la Plage"), QStringLiteral("Piscine Saint-Marc")}));
 
     // A query that cannot run: the engine's error goes on, the person saw the
     // statement, and the list holds no stale rows.

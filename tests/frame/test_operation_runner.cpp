@@ -23,11 +23,7 @@ protected:
     void SetUp() override
     {
         AppFixture::SetUp();
-        for (const char* dll : {"expclub.dll", "rcptclub.dll", "explic.dll", "rcptlic.dll"}) {
-            const QString file = component_file(QString::fromLatin1(dll));
-            const QString built = QFileInfo(plouvarine::testing::model_file()).dir().filePath(file);
-            ASSERT_TRUE(QFile::copy(built, app->app_file(file))) << built.toStdString();
-        }
+        install_components({"expclub.dll", "rcptclub.dll", "explic.dll", "rcptlic.dll"});
         base = make_base();
         connect(base);
         app->state.club_code = QStringLiteral("0123");

@@ -94,15 +94,19 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
     ASSERT_TRUE(write_bytes(app_path(QStringLiteral("calpts.so")), "ancienne version"));
     const QByteArray calpts = random_bytes(300 * 1024, 7);
     const QByteArray rcpres = random_bytes(2048, 8);
-    const QString archive = package({{QStringLiteral("maj.txt"), "calpts.so\r\nrcpres.so\r\n"},
+    const QByteArray table = random_bytes(512, 3);
+    const QString archive = package({{QStringLiteral("maj.txt"), "calpts.so\r\nrcpres.so\r\ntables/points.csv\r\n"},
                                      {QStringLiteral("calpts.so"), calpts},
                                      {QStringLiteral("rcpres.so"), rcpres},
+                                     {QStringLiteral("tables/points.csv"), table},
                                      {QStringLiteral("lisezmoi.txt"), "non listé"}});
     run(archive);
 
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
     // A file new to the folder is installed as well.
     EXPECT_EQ(installed(QStringLiteral("rcpres.so")), rcpres);
+    // A file in a folder of the package goes to the same folder.
+    EXPECT_EQ(installed(QStringLiteral("tables/points.csv")), table);
     // A file of the package that maj.txt does not name stays out.
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("lisezmoi.txt"))));
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("maj.txt"))));
@@ -117,7 +121,8 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
     EXPECT_EQ(ui.status_history, (QStringList{QStringLiteral("Création des fichiers temporaires pour la mise à jour."),
                                               QStringLiteral("Ouverture du fichier maj.txt"),
                                               QStringLiteral("Mise à jour de calpts.so"),
-                                              QStringLiteral("Mise à jour de rcpres.so")}));
+                                              QStringLiteral("Mise à jour de rcpres.so"),
+                                              QStringLiteral("Mise à jour de tables/points.csv")}));
     expect_clean_end();
     // The package itself is left where it was.
     EXPECT_TRUE(QFile::exists(archive));
@@ -143,15 +148,6 @@ TEST_F(SoftwareUpdateTest, AFileMissingFromThePackageIsListedAndTheOthersInstall
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
     EXPECT_EQ(ui.messages[0].text, kMissingHead + QStringLiteral("\nFichier expclub.so non trouvé.\nFichier Explic.so non trouvé."));
-    expect_clean_end();
-}
-
-TEST_F(SoftwareUpdateTest, AFileInAFolderOfThePackageGoesToTheSameFolder)
-{
-    const QByteArray table = random_bytes(512, 3);
-    run(package({{QStringLiteral("maj.txt"), "tables/points.csv\r\n"}, {QStringLiteral("tables/points.csv"), table}}));
-    EXPECT_EQ(installed(QStringLiteral("tables/points.csv")), table);
-    EXPECT_EQ(ui.texts(), QStringList{kSuccess});
     expect_clean_end();
 }
 

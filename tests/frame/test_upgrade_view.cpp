@@ -40,10 +40,7 @@ protected:
     QString base_at(const QString& version, const QString& name = QStringLiteral("club.mdb"))
     {
         const QString path = make_base(name);
-        Database db;
-        db.open(path);
-        db.exec_sql(QStringLiteral("UPDATE Info Set Version = ") + version);
-        db.close();
+        plouvarine::testing::set_base_version(path, version);
         return path;
     }
 

@@ -1,10 +1,15 @@
 #include "drawn_main_window.h"
+#include "window_test.h"
 
 #include "src/frame/app_context.h"
 #include "src/subjects.h"
 #include "support/scripted_services.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -36,6 +41,30 @@ QWidget* DrawnMainWindow::child_window(const QString& name) const
         if (sub->objectName() == name && sub->isVisible())
             return sub->widget();
     return nullptr;
+}
+
+void click(QWidget* window, const QString& name)
+{
+    auto* button = window->findChild<QAbstractButton*>(name);
+    ASSERT_NE(button, nullptr) << name.toStdString();
+    ASSERT_TRUE(button->isEnabled()) << name.toStdString();
+    button->click();
+}
+
+void type_in(QWidget* field, const QString& text)
+{
+    for (const QChar c : text) {
+        QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(field, &event);
+    }
+}
+
+void shoot(QWidget* window, const QString& folder, const QString& name)
+{
+    const QString png = QDir(folder).filePath(name);
+    ASSERT_TRUE(window->grab().save(png)) << png.toStdString();
+    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
+        QFile::copy(png, QDir(keep).filePath(name));
 }
 
 }  // namespace plouvarine::testing

@@ -1,7 +1,6 @@
 // The operation runner drawn by its window: a club export clicked through,
 // its progress and report on screen, the base back after Quitter.
 
-#include "gui/all_windows.h"
 #include "gui/frame/qt_services.h"
 #include "gui/frame/view_window.h"
 #include "gui_application.h"
@@ -31,11 +30,7 @@ protected:
     {
         plouvarine::testing::ensure_application();
         AppFixture::SetUp();
-        gui::register_all_windows();
-        for (const QString& dll : {u"expclub.dll"_s, u"rcptclub.dll"_s}) {
-            const QString file = component_file(dll);
-            ASSERT_TRUE(QFile::copy(QFileInfo(plouvarine::testing::model_file()).dir().filePath(file), app->app_file(file)));
-        }
+        install_components({"expclub.dll", "rcptclub.dll"});
         connect(make_base());
         for (const char* code : {"0123", "0456"})
             app->db.append_row(u"Club"_s, {{u"Code_federal"_s, QString::fromLatin1(code)}, {u"Intitule"_s, u"Club "_s + QString::fromLatin1(code)}},

@@ -2,7 +2,6 @@
 // time keyboard rules.
 
 #include "gui/frame/qt_services.h"
-#include "gui/all_windows.h"
 #include "gui/frame/window_factory.h"
 #include "gui_application.h"
 #include "src/frame/choose_date_view.h"
@@ -28,7 +27,6 @@ protected:
     {
         plouvarine::testing::ensure_application();
         AppFixture::SetUp();
-        gui::register_all_windows();
     }
     // Plays the modal picker opened on a date, then gives its result.
     QString pick(const QString& year, const QString& month, const QString& day,

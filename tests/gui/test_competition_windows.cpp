@@ -2,67 +2,33 @@
 // into det_compet from the menu and saved, then the list opened with its title;
 // the programme of a competition chosen in the list, edited and saved.
 
-#include "src/clubs/pools.h"
 #include "gui/frame/main_window.h"
-#include "src/subjects.h"
-#include "gui/frame/qt_services.h"
-#include "gui/all_windows.h"
-#include "gui/frame/window_factory.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
-#include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "competitions/compet_test_base.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QKeyEvent>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class CompetWindowTest : public plouvarine::testing::AppFixture {
+class CompetWindowTest : public WindowTest<CompetFixture> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        check_piscine_reference(app->db, app->ui);
-        app->clock.set_today(QDate(2025, 3, 10));
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
     }
-    void TearDown() override
+    void type_in(QWidget* window, const char* field, const QString& text)
     {
-        main.close();
-        AppFixture::TearDown();
+        plouvarine::testing::type_in(find<QLineEdit>(window, field), text);
     }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-    void type_in(QWidget* window, const QString& field, const QString& text)
-    {
-        auto* edit = window->findChild<QLineEdit*>(field);
-        ASSERT_NE(edit, nullptr) << field.toStdString();
-        for (const QChar c : text) {
-            QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(edit, &event);
-        }
-    }
-    void click(QWidget* window, const QString& name)
-    {
-        auto* button = window->findChild<QAbstractButton*>(name);
-        ASSERT_NE(button, nullptr) << name.toStdString();
-        button->click();
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 }  // namespace
@@ -90,11 +56,8 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Compétition mémorisée avec succès.")});
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("det_compet")), nullptr);
-    const Rows rows = app->db.load_rows("select Num, Type, Longueur, Codif_depar, Debut, Fin from Rcomp");
-    ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows.value(0, 0) + rows.value(0, 1) + rows.value(0, 2) + rows.value(0, 3) + rows.value(0, 4) +
-                  rows.value(0, 5),
-              "B25I25A2025041220250413");
+    EXPECT_EQ(dump("select Num, Type, Longueur, Codif_depar, Debut, Fin from Rcomp"),
+              QStringList{"B25:I:25:A:20250412:20250413"});
 
     main->trigger(QStringLiteral("mnuCompetListe"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
@@ -108,11 +71,7 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
 
 TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
 {
-    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
-                                    "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Num_Piscine) VALUES ('P1', 'C', "
-                                    "'Meeting', '20250315', '20250316', 'Brest', 50, 8, 'Q', 'Q', 'Q', 'Q', ") +
-                     NumPiscineNulle(*app) + QStringLiteral(")"));
-    const QString num = app->db.load_rows("select max(AutoNum) from Rcomp").first();
+    const QString num = compet("20250315", "20250316");
     main->trigger(QStringLiteral("mnuEngagProgramme"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
     ASSERT_NE(list, nullptr);
@@ -143,13 +102,8 @@ TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
     click(prog, "Command1_0");
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("frm_prog")), nullptr);
-    const Rows rows = app->db.load_rows(
-        "select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where Num_compet = " +
-        num);
-    ASSERT_EQ(rows.size(), 1);
-    QStringList got;
-    for (int c = 0; c < 6; ++c)
-        got << rows.value(0, c);
-    EXPECT_EQ(got.join(':'), "2:2:3:2:C:4");
+    EXPECT_EQ(dump("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where "
+                   "Num_compet = " + num),
+              QStringList{"2:2:3:2:C:4"});
     EXPECT_TRUE(ui.texts().isEmpty());
 }

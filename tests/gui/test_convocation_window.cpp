@@ -3,74 +3,38 @@
 // "Sélectionner tous", a message styled with the toolbar, the reply date
 // enabled by its option, and "&Imprimer" printing the ticked letters.
 
-#include "gui/all_windows.h"
+#include "entries/entries_test_base.h"
 #include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
-#include "src/store/sentinels.h"
 #include "src/subjects.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QFile>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 
 namespace {
 
-class ConvocationWindowTest : public plouvarine::testing::AppFixture {
+class ConvocationWindowTest : public plouvarine::testing::WindowTest<plouvarine::testing::EntriesBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        app->state.club_code = QStringLiteral("FRA2210290017");
+        WindowTest::SetUp();
         app->state.club_name = QStringLiteral("Brest Natation");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
-        app->clock.set_today(QDate(2025, 3, 10));
         install_template_component();
-        main.open(*app, ui);
+        open_main();
     }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
 {
-    Database& db = app->db;
-    const QString compet = db.append_row(QStringLiteral("Rcomp"),
-                                         {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"},
-                                          {"Fin", "20250405"}, {"Lieu", "Brest"}, {"Longueur", 50},
-                                          {"Visible", true}, {"Deroule", false}},
-                                         QStringLiteral("AutoNum"));
-    for (const char* name : {"Le Bihan", "Abgrall"}) {
-        const QString num = db.append_row(QStringLiteral("Licence"),
-                                          {{"Code_club", app->state.club_code}, {"Licence", QString::fromLatin1(name).toUpper()},
-                                           {"Nom", name}, {"Prenom", "Yann"}, {"Sexe", "M"}},
-                                          QStringLiteral("Num"));
-        db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic, Equipe) VALUES (%1, 1, "
-                                   "%2, 0)")
-                        .arg(compet, num));
-    }
+    for (const char* name : {"Le Bihan", "Abgrall"})
+        member(swimmer(QString::fromUtf8(name), QStringLiteral("M"), QStringLiteral("Yann")), 0, false);
 
     main->trigger(QStringLiteral("mnuEngagConvoc"));
     QWidget* list = child_window(QStringLiteral("Frm_liste_compet"));
@@ -99,11 +63,7 @@ TEST_F(ConvocationWindowTest, TickedSwimmersGetTheStyledMessage)
     window->findChild<QToolButton*>("cmd_text_4")->click();
 
     window->resize(900, 560);
-    const QString png = work_file(QStringLiteral("convocation.png"));
-    ASSERT_TRUE(window->grab().save(png));
-    // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
-    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-        QFile::copy(png, keep + QStringLiteral("/convocation.png"));
+    shoot(window, QStringLiteral("convocation.png"));
 
     window->findChild<QPushButton*>("cmd_1")->click();
     ASSERT_EQ(ui.printed.size(), 1u);

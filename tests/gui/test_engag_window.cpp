@@ -3,53 +3,35 @@
 // from the keyboard, two events ticked, another swimmer, and back.
 
 #include "entries/engag_test_base.h"
-#include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "src/subjects.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class EngagWindowTest : public plouvarine::testing::EngagBase {
+class EngagWindowTest : public WindowTest<EngagBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        EngagBase::SetUp();
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
     }
-    void TearDown() override
+    void key(QWidget* target, int code)
     {
-        main.close();
-        EngagBase::TearDown();
-    }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-    void key(QWidget* target, int code, const QString& text = {})
-    {
-        QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+        QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier);
         QApplication::sendEvent(target, &press);
-    }
-    void type_in(QLineEdit* edit, const QString& text)
-    {
-        for (const QChar c : text)
-            key(edit, 0, QString(c));
     }
     void choose_swimmer(QWidget* window, const QString& nom)
     {
@@ -59,15 +41,6 @@ protected:
         ASSERT_EQ(found.size(), 1) << nom.toStdString();
         list->setCurrentIndex(found[0]);
     }
-    template <typename T>
-    T* field(QWidget* window, const QString& name)
-    {
-        T* w = window->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name.toStdString();
-        return w;
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
@@ -88,53 +61,53 @@ TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
     QWidget* w = child_window(QStringLiteral("frm_engag"));
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->windowTitle(), QStringLiteral("Définition des engagements"));
-    EXPECT_EQ(field<QComboBox>(w, "cbo_team")->currentText(), QStringLiteral("Individuel"));
-    EXPECT_EQ(field<QCheckBox>(w, "Check1_12")->text(), QStringLiteral("100m dos"));
+    EXPECT_EQ(find<QComboBox>(w, "cbo_team")->currentText(), QStringLiteral("Individuel"));
+    EXPECT_EQ(find<QCheckBox>(w, "Check1_12")->text(), QStringLiteral("100m dos"));
     EXPECT_EQ(w->findChild<QCheckBox*>("Check1_8"), nullptr);   // a relay
     EXPECT_EQ(w->findChild<QRadioButton*>("Option1_70"), nullptr);  // 25 m breast: no 50 m option
 
     // Anna typed in the search and entered with Return.
-    auto* search = field<QLineEdit>(w, "txt_search");
+    auto* search = find<QLineEdit>(w, "txt_search");
     type_in(search, QStringLiteral("le g"));
     key(search, Qt::Key_Return);
-    auto* lsv = field<QTreeView>(w, "lsv_engag");
+    auto* lsv = find<QTreeView>(w, "lsv_engag");
     ASSERT_EQ(lsv->model()->rowCount(), 2);
     EXPECT_EQ(lsv->currentIndex().siblingAtColumn(0).data().toString(), QStringLiteral("LE GALL"));
 
-    EXPECT_FALSE(field<QCheckBox>(w, "Check1_20")->isEnabled());  // 25 m only, in a 50 m pool
-    EXPECT_FALSE(field<QLineEdit>(w, "txt_temps_2")->isEnabled());
-    field<QCheckBox>(w, "Check1_2")->click();
-    field<QCheckBox>(w, "Check1_3")->click();
-    EXPECT_EQ(field<QLineEdit>(w, "txt_temps_2")->text(), QStringLiteral("1.0500"));
-    EXPECT_EQ(field<QLineEdit>(w, "text1_2")->text(), QStringLiteral("Morlaix"));
-    EXPECT_EQ(field<QLineEdit>(w, "txt_description_102")->text(), QStringLiteral("2024"));
-    EXPECT_TRUE(field<QRadioButton>(w, "Option1_53")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>(w, "Check1_20")->isEnabled());  // 25 m only, in a 50 m pool
+    EXPECT_FALSE(find<QLineEdit>(w, "txt_temps_2")->isEnabled());
+    find<QCheckBox>(w, "Check1_2")->click();
+    find<QCheckBox>(w, "Check1_3")->click();
+    EXPECT_EQ(find<QLineEdit>(w, "txt_temps_2")->text(), QStringLiteral("1.0500"));
+    EXPECT_EQ(find<QLineEdit>(w, "text1_2")->text(), QStringLiteral("Morlaix"));
+    EXPECT_EQ(find<QLineEdit>(w, "txt_description_102")->text(), QStringLiteral("2024"));
+    EXPECT_TRUE(find<QRadioButton>(w, "Option1_53")->isChecked());
     // The proposal overtyped: the time rule takes the keys, leaving rewrites it.
-    auto* temps = field<QLineEdit>(w, "txt_temps_3");
+    auto* temps = find<QLineEdit>(w, "txt_temps_3");
     temps->setFocus();
     temps->selectAll();
     type_in(temps, QStringLiteral("2.18"));
     Q_EMIT temps->editingFinished();
     EXPECT_EQ(temps->text(), QStringLiteral("2.1800"));
-    field<QRadioButton>(w, "Option1_3")->click();
+    find<QRadioButton>(w, "Option1_3")->click();
 
     choose_swimmer(w, QStringLiteral("MORVAN"));
-    EXPECT_FALSE(field<QCheckBox>(w, "Check1_2")->isChecked());
-    EXPECT_TRUE(field<QLineEdit>(w, "txt_temps_2")->text().isEmpty());
+    EXPECT_FALSE(find<QCheckBox>(w, "Check1_2")->isChecked());
+    EXPECT_TRUE(find<QLineEdit>(w, "txt_temps_2")->text().isEmpty());
     EXPECT_EQ(entries(compet), (QStringList{anna + QStringLiteral(":2:1.05:20240110:Morlaix:25"),
                                             anna + QStringLiteral(":3:2.18:20241201:Brest:25")}));
 
     choose_swimmer(w, QStringLiteral("LE GALL"));
-    EXPECT_TRUE(field<QCheckBox>(w, "Check1_2")->isChecked());
-    EXPECT_TRUE(field<QCheckBox>(w, "Check1_3")->isChecked());
-    EXPECT_FALSE(field<QCheckBox>(w, "Check1_4")->isChecked());
-    EXPECT_EQ(field<QLineEdit>(w, "txt_temps_3")->text(), QStringLiteral("2.1800"));
-    EXPECT_TRUE(field<QRadioButton>(w, "Option1_3")->isChecked());
-    EXPECT_EQ(field<QLineEdit>(w, "txt_description_2")->text(), QStringLiteral("10"));
-    EXPECT_TRUE(field<QLineEdit>(w, "txt_temps_3")->isEnabled());
+    EXPECT_TRUE(find<QCheckBox>(w, "Check1_2")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>(w, "Check1_3")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>(w, "Check1_4")->isChecked());
+    EXPECT_EQ(find<QLineEdit>(w, "txt_temps_3")->text(), QStringLiteral("2.1800"));
+    EXPECT_TRUE(find<QRadioButton>(w, "Option1_3")->isChecked());
+    EXPECT_EQ(find<QLineEdit>(w, "txt_description_2")->text(), QStringLiteral("10"));
+    EXPECT_TRUE(find<QLineEdit>(w, "txt_temps_3")->isEnabled());
 
     // A time typed badly is refused by the time rule, and nothing of it is kept.
-    auto* other = field<QLineEdit>(w, "txt_temps_2");
+    auto* other = find<QLineEdit>(w, "txt_temps_2");
     other->setFocus();
     other->selectAll();
     type_in(other, QStringLiteral("1.60"));
@@ -149,7 +122,7 @@ TEST_F(EngagWindowTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
     EXPECT_EQ(lsv->model()->rowCount(), 1);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + yann), 0);
 
-    field<QPushButton>(w, "Command1_0")->click();
+    find<QPushButton>(w, "Command1_0")->click();
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("frm_engag")), nullptr);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_tempo")), 0);

@@ -6,10 +6,8 @@
 #include "gui/frame/main_window.h"
 #include "src/subjects.h"
 #include "gui/frame/view_window.h"
-#include "gui/all_windows.h"
 #include "gui/frame/window_factory.h"
-#include "gui_application.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -21,41 +19,14 @@
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
-
-template <typename W>
-W* child(QWidget* window, const QString& name)
-{
-    W* w = window->findChild<W*>(name);
-    EXPECT_NE(w, nullptr) << name.toStdString();
-    return w;
-}
-
-// Types the text key by key, as the person would.
-void type(QLineEdit* edit, const QString& text)
-{
-    for (const QChar c : text) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(edit, &press);
-    }
-}
-
-bool click(QWidget* window, const QString& name)
-{
-    auto* button = child<QPushButton>(window, name);
-    if (!button || !button->isEnabled())
-        return false;
-    button->click();
-    return true;
-}
 
 // Picks a line of a drop-down list.
 void pick(QWidget* window, const QString& name, const QString& text)
 {
-    auto* box = child<QComboBox>(window, name);
+    auto* box = find<QComboBox>(window, name);
     ASSERT_NE(box, nullptr);
     const int index = box->findText(text);
     ASSERT_GE(index, 0) << text.toStdString();
@@ -68,7 +39,6 @@ protected:
     void SetUp() override
     {
         ensure_application();
-        gui::register_all_windows();
         AppFixture::SetUp();
         install_club_hooks(*app);
         install_subject_commands(*app);
@@ -99,43 +69,43 @@ protected:
 TEST_F(FirstRunTest, NewBaseAsksForAClubThenAProfile)
 {
     drive(QStringLiteral("construc_code_club"), [](QWidget* w) {
-        child<QRadioButton>(w, QStringLiteral("Opt_type_0"))->click();
-        EXPECT_EQ(child<QComboBox>(w, QStringLiteral("Cb_pays"))->currentText(), QStringLiteral("FRANCE"));
+        find<QRadioButton>(w, QStringLiteral("Opt_type_0"))->click();
+        EXPECT_EQ(find<QComboBox>(w, QStringLiteral("Cb_pays"))->currentText(), QStringLiteral("FRANCE"));
         pick(w, QStringLiteral("Cb_inter"), QStringLiteral("Nord-Ouest"));
         pick(w, QStringLiteral("Cb_region"), QStringLiteral("Bretagne"));
         pick(w, QStringLiteral("Cb_departement"), QStringLiteral("Finistère"));
-        type(child<QLineEdit>(w, QStringLiteral("txt_code_fourni")), QStringLiteral("17"));
-        EXPECT_TRUE(click(w, QStringLiteral("Command1_0")));
-        EXPECT_EQ(child<QLineEdit>(w, QStringLiteral("txt_codification"))->text(), QStringLiteral("FRA2210290017"));
-        EXPECT_TRUE(click(w, QStringLiteral("Command1_1")));  // "Copier le code Club ?" Yes
+        type_in(find<QLineEdit>(w, QStringLiteral("txt_code_fourni")), QStringLiteral("17"));
+        click(w, QStringLiteral("Command1_0"));
+        EXPECT_EQ(find<QLineEdit>(w, QStringLiteral("txt_codification"))->text(), QStringLiteral("FRA2210290017"));
+        click(w, QStringLiteral("Command1_1"));  // "Copier le code Club ?" Yes
     });
     drive(QStringLiteral("dem_info_obli"), [](QWidget* w) {
         EXPECT_EQ(w->windowTitle(), QStringLiteral("Nouveau Club"));
         // A new base has no club: the view can't be left without one.
-        EXPECT_FALSE(child<QPushButton>(w, QStringLiteral("cmd_annuler"))->isEnabled());
-        type(child<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral(" Stade Brestois"));
-        EXPECT_FALSE(child<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
-        EXPECT_TRUE(click(w, QStringLiteral("Command1_2")));
-        EXPECT_EQ(child<QLineEdit>(w, QStringLiteral("text1_1"))->text(), QStringLiteral("FRA2210290017"));
-        EXPECT_EQ(child<QLineEdit>(w, QStringLiteral("text1_0"))->text(), QStringLiteral("Stade Brestois"));
-        EXPECT_TRUE(click(w, QStringLiteral("cmd_ok")));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_annuler"))->isEnabled());
+        type_in(find<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral(" Stade Brestois"));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
+        click(w, QStringLiteral("Command1_2"));
+        EXPECT_EQ(find<QLineEdit>(w, QStringLiteral("text1_1"))->text(), QStringLiteral("FRA2210290017"));
+        EXPECT_EQ(find<QLineEdit>(w, QStringLiteral("text1_0"))->text(), QStringLiteral("Stade Brestois"));
+        click(w, QStringLiteral("cmd_ok"));
     });
     drive(QStringLiteral("Frm_liste_club_obli"), [](QWidget* w) {
-        auto* list = child<QTreeView>(w, QStringLiteral("Lsv_club"));
+        auto* list = find<QTreeView>(w, QStringLiteral("Lsv_club"));
         ASSERT_EQ(list->model()->rowCount(), 1);
         EXPECT_EQ(list->model()->index(0, 1).data().toString(), QStringLiteral("Stade Brestois"));
         list->setCurrentIndex(list->model()->index(0, 0));
-        EXPECT_TRUE(click(w, QStringLiteral("cmd_ok")));
+        click(w, QStringLiteral("cmd_ok"));
     });
     drive(QStringLiteral("det_profil_obli"), [](QWidget* w) {
         EXPECT_EQ(w->windowTitle(), QStringLiteral("Création profil"));
-        type(child<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral("Secrétaire"));
-        EXPECT_FALSE(child<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
+        type_in(find<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral("Secrétaire"));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
         // The first profile cannot be left undone: Annuler is shown off.
-        EXPECT_FALSE(click(w, QStringLiteral("cmd_annuler")));
-        EXPECT_TRUE(click(w, QStringLiteral("cmd_club")));
-        EXPECT_EQ(child<QLineEdit>(w, QStringLiteral("text1_1"))->text(), QStringLiteral("FRA2210290017"));
-        EXPECT_TRUE(click(w, QStringLiteral("cmd_ok")));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_annuler"))->isEnabled());
+        click(w, QStringLiteral("cmd_club"));
+        EXPECT_EQ(find<QLineEdit>(w, QStringLiteral("text1_1"))->text(), QStringLiteral("FRA2210290017"));
+        click(w, QStringLiteral("cmd_ok"));
     });
 
     ui.files.push_back(work_file(QStringLiteral("neuve.mdb")));

@@ -3,14 +3,10 @@
 // typed on the list, a licence changed in its detail, a fee from the context menu.
 
 #include "gui/frame/main_window.h"
-#include "src/subjects.h"
-#include "gui/frame/qt_services.h"
-#include "gui/all_windows.h"
-#include "gui/frame/window_factory.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "licences/licence_test_base.h"
 #include "src/licences/liste_licence.h"
+#include "src/subjects.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,7 +22,6 @@
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 using plouvarine::testing::LicenceBase;
 
 namespace {
@@ -52,30 +47,15 @@ void click_header(QTreeView* list, int section)
     QApplication::sendEvent(header->viewport(), &up);
 }
 
-QStringList column0(QTreeView* list)
-{
-    QStringList out;
-    for (int r = 0; r < list->model()->rowCount(); ++r)
-        out << list->model()->index(r, 0).data().toString();
-    return out;
-}
-
-class LicenceWindowTest : public LicenceBase {
+class LicenceWindowTest : public plouvarine::testing::WindowTest<LicenceBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        LicenceBase::SetUp();
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
         dupont = licence(QStringLiteral("DUPONT"), QStringLiteral("Anne"), QStringLiteral("85001F"));
         martin = licence(QStringLiteral("MARTIN"), QStringLiteral("Léa"), QStringLiteral("90002F"),
                          QLatin1String(kClub), QStringLiteral("19900101"));
-    }
-    void TearDown() override
-    {
-        main.close();
-        LicenceBase::TearDown();
     }
     // Any child window of that name, shown or not: a closed window must be gone.
     QWidget* child_window(const QString& name)
@@ -86,7 +66,6 @@ protected:
         return nullptr;
     }
 
-    plouvarine::testing::DrawnMainWindow main;
     QString dupont, martin;
 };
 
@@ -100,7 +79,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     ASSERT_NE(window, nullptr);
     auto* list = window->findChild<QTreeView*>(QStringLiteral("lsv_licence"));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(column0(list), (QStringList{"DUPONT", "MARTIN"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"DUPONT", "MARTIN"}));
     // The rows are plain items: the list itself refuses editing, F2 opens no editor.
     ASSERT_TRUE(list->currentIndex().isValid());
     type(list, QString(), Qt::Key_F2);
@@ -108,7 +87,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
 
     click_header(list, 0);
     click_header(list, 0);
-    EXPECT_EQ(column0(list), (QStringList{"MARTIN", "DUPONT"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"MARTIN", "DUPONT"}));
 
     // Letters typed on the list go to the search field and find the row.
     list->setFocus();
@@ -131,7 +110,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     EXPECT_EQ(count(QStringLiteral("select count(*) from Engag")), 0);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(child_window(QStringLiteral("det_licence")), nullptr);
-    EXPECT_EQ(column0(list), (QStringList{"MÅRTIN-NOEL", "DUPONT"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), (QStringList{"MÅRTIN-NOEL", "DUPONT"}));
 }
 
 TEST_F(LicenceWindowTest, TheContextMenuOfTheMainWindowGivesAFee)
@@ -152,5 +131,5 @@ TEST_F(LicenceWindowTest, TheContextMenuOfTheMainWindowGivesAFee)
     ASSERT_TRUE(ok->isVisible());
     ok->click();
     EXPECT_EQ(field(martin, QStringLiteral("Tarif")), QStringLiteral("Jeune"));
-    EXPECT_EQ(column0(list), QStringList{"DUPONT"});
+    EXPECT_EQ(plouvarine::testing::column_texts(*list->model()), QStringList{"DUPONT"});
 }

@@ -2,59 +2,37 @@
 // the menu with its marks and its undo, the naming window left by each of its
 // ways, and the programme window with its sources.
 
-#include "gui/all_windows.h"
 #include "gui/frame/view_window.h"
 #include "gui/frame/window_factory.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "src/competitions/frm_prog.h"
 #include "src/competitions/utils_programme.h"
 #include "src/entries/liste_modele.h"
 #include "src/frame/keywords.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 
 namespace {
 
-class ModelWindowsTest : public plouvarine::testing::AppFixture {
+class ModelWindowsTest : public plouvarine::testing::WindowTest<> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
+        WindowTest::SetUp();
         connect(make_base());
         app->state.profile_num = QStringLiteral("1");
-        main.open(*app, ui);
-    }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
+        open_main();
     }
     QString model(const QString& name, const QString& table = QStringLiteral("Modele_engag"))
     {
         return app->db.append_row(table, {{"Nom_modele", name}, {"Num_profil", 1}}, QStringLiteral("NumAuto"));
     }
-    int count(const QString& sql) { return app->db.count_query(sql); }
-    void shot(QWidget* window, const QString& name)
-    {
-        const QString png = work_file(name);
-        ASSERT_TRUE(window->grab().save(png));
-        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-            QFile::copy(png, keep + QLatin1Char('/') + name);
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 }  // namespace
@@ -71,7 +49,7 @@ TEST_F(ModelWindowsTest, DeletionListMarksAndGivesBackOnCancel)
     ASSERT_EQ(tree->model()->rowCount(), 2);
     auto* action = window->findChild<QPushButton*>("Command1_2");
     EXPECT_EQ(action->text(), QStringLiteral("&Supprimer"));
-    shot(window, QStringLiteral("frm_liste_modele.png"));
+    shoot(window, QStringLiteral("frm_liste_modele.png"));
     tree->setCurrentIndex(tree->model()->index(0, 0));
     QTest::keyClick(tree, Qt::Key_Delete);
     EXPECT_EQ(tree->model()->rowCount(), 1);
@@ -94,7 +72,7 @@ TEST_F(ModelWindowsTest, NamingWindowIsLeftByItsButtonsEscapeAndCloseBox)
         auto* name = window->findChild<QLineEdit*>("txt_nom");
         QTest::keyClicks(name, QStringLiteral("Meeting d'Arvor"));
         if (way == Way::Ok)
-            shot(window.get(), QStringLiteral("det_modele_obli.png"));
+            shoot(window.get(), QStringLiteral("det_modele_obli.png"));
         switch (way) {
         case Way::Ok: window->findChild<QPushButton*>("Command1_0")->click(); break;
         case Way::Cancel: window->findChild<QPushButton*>("Command1_1")->click(); break;
@@ -125,7 +103,7 @@ TEST_F(ModelWindowsTest, ProgrammeOfAModelOffersItsSources)
     }
     EXPECT_FALSE(prog->findChild<QPushButton*>("Cmd_modele")->isVisible());
     prog->resize(900, 560);
-    shot(prog, QStringLiteral("frm_prog_modele.png"));
+    shoot(prog, QStringLiteral("frm_prog_modele.png"));
     // A cancelled file dialog changes nothing.
     prog->findChild<QPushButton*>("Cmd_lenex")->click();
     EXPECT_TRUE(ui.messages.empty());
@@ -152,7 +130,7 @@ TEST_F(ModelWindowsTest, EntryWindowOpensTheModelChoice)
     auto* cmd = engag->findChild<QPushButton*>("Cmd_modele");
     ASSERT_TRUE(cmd->isVisible());
     engag->resize(900, 600);
-    shot(engag, QStringLiteral("frm_engag_modele.png"));
+    shoot(engag, QStringLiteral("frm_engag_modele.png"));
     cmd->click();
     QWidget* list = main.child_window(QStringLiteral("frm_liste_modele"));
     ASSERT_NE(list, nullptr);

@@ -6,8 +6,7 @@
 #include "gui/frame/main_window.h"
 #include "src/subjects.h"
 #include "gui/frame/qt_services.h"
-#include "gui_application.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,6 +17,7 @@
 
 using namespace plouvarine;
 using plouvarine::testing::AppFixture;
+using plouvarine::testing::click;
 
 namespace {
 
@@ -26,11 +26,6 @@ void type_into(QWidget* window, const char* field, const QString& text)
     auto* edit = window->findChild<QLineEdit*>(QLatin1String(field));
     edit->setText(text);
     Q_EMIT edit->textEdited(text);
-}
-
-void click(QWidget* window, const char* button)
-{
-    window->findChild<QPushButton*>(QLatin1String(button))->click();
 }
 
 class NestedModalTest : public AppFixture {

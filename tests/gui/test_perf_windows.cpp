@@ -3,68 +3,37 @@
 // as PNG and PDF, printed and left every way; the manual forms typed into and
 // saved. Each is grabbed as a picture (PLOUVARINE_KEEP_SCREENSHOTS=<folder>).
 
-#include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
-#include "src/base/sql_text.h"
+#include "results/perf_test_base.h"
 #include "src/results/view_perf.h"
-#include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 
 namespace {
 
-class PerfWindowsTest : public plouvarine::testing::AppFixture {
+class PerfWindowsTest : public plouvarine::testing::WindowTest<plouvarine::testing::PerfBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
-        app->state.club_code = kClub;
-        app->state.club_name = QStringLiteral("Brest Natation");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, kClub);
-        app->clock.set_today(QDate(2025, 3, 10));
+        WindowTest::SetUp();
         install_template_component();
-        main.open(*app, ui);
-    }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    QString swimmer(const QString& nom, const QString& sexe)
-    {
-        return app->db.append_row(QStringLiteral("Licence"),
-                                  {{"Code_club", kClub}, {"Licence", nom.toUpper()}, {"Nom", nom}, {"Prenom", "Anne"},
-                                   {"Sexe", sexe}, {"Date_Naissance", "20050307"}, {"Visible", true}},
-                                  QStringLiteral("Num"));
+        open_main();
     }
     void snapshot(QWidget* window, const QString& name, QSize size)
     {
         window->window()->resize(size);
         window->resize(size);
         QApplication::processEvents();
-        const QString png = work_file(name);
-        ASSERT_TRUE(window->grab().save(png));
-        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-            QFile::copy(png, keep + u'/' + name);
+        shoot(window, name);
     }
     QWidget* open(const QString& command, const QString& name)
     {
@@ -82,21 +51,17 @@ protected:
         QFile f(path);
         return f.open(QIODevice::ReadOnly) ? QString::fromLatin1(f.read(n)) : QString();
     }
-
-    const QString kClub = QStringLiteral("FRA2210290017");
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
 {
     const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
     swimmer(QStringLiteral("Bihan"), QStringLiteral("F"));
-    const char* swims[][3] = {{"20230920", "1.1210", "25"}, {"20240301", "1.0950", "50"}, {"20240915", "1.0940", "25"},
-                              {"20241005", "1.1005", "25"}, {"20241201", "1.0899", "50"}, {"20250110", "1.0820", "25"}};
-    for (const auto& s : swims)
-        app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
-                                        "Lieu, Num_compet, NumManuel) VALUES (2, '%1', %2, %3, '%4', %5, 'Brest', 0, 0)")
-                             .arg(kClub, anne, QLatin1String(s[2]), QLatin1String(s[0]), QLatin1String(s[1])));
+    const std::tuple<const char*, const char*, int> swims[] = {
+        {"20230920", "1.1210", 25}, {"20240301", "1.0950", 50}, {"20240915", "1.0940", 25},
+        {"20241005", "1.1005", 25}, {"20241201", "1.0899", 50}, {"20250110", "1.0820", 25}};
+    for (const auto& [date, tps, pool] : swims)
+        perf(anne, 2, QLatin1String(date), QLatin1String(tps), pool);
 
     QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
     ASSERT_NE(window, nullptr);
@@ -200,10 +165,10 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
     QTest::keyClick(nages, Qt::Key_Return);
     auto* time = window->findChild<QLineEdit*>("txt_info_0");
     QTest::keyClicks(time, QStringLiteral("0.3123"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_1"), QStringLiteral("Brest"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_3"), QStringLiteral("01"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_4"), QStringLiteral("03"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_5"), QStringLiteral("2025"));
+    const std::pair<const char*, const char*> typed[] = {
+        {"txt_info_1", "Brest"}, {"txt_info_3", "01"}, {"txt_info_4", "03"}, {"txt_info_5", "2025"}};
+    for (const auto& [field, text] : typed)
+        QTest::keyClicks(window->findChild<QLineEdit*>(field), QString::fromUtf8(text));
     window->findChild<QWidget*>("Op_f_0")->setFocus();
     qobject_cast<QAbstractButton*>(window->findChild<QWidget*>("Op_f_0"))->click();
     snapshot(window, QStringLiteral("perf_ajout.png"), QSize(820, 600));
@@ -278,11 +243,10 @@ TEST_F(PerfWindowsTest, ManualRelayComposedAndSaved)
     for (int i = 0; i < 4; ++i)
         add->click();
     EXPECT_FALSE(add->isEnabled());
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_0"), QStringLiteral("4.1"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_1"), QStringLiteral("Quimper"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_3"), QStringLiteral("1"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_4"), QStringLiteral("3"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("txt_info_5"), QStringLiteral("2025"));
+    const std::pair<const char*, const char*> typed[] = {
+        {"txt_info_0", "4.1"}, {"txt_info_1", "Quimper"}, {"txt_info_3", "1"}, {"txt_info_4", "3"}, {"txt_info_5", "2025"}};
+    for (const auto& [field, text] : typed)
+        QTest::keyClicks(window->findChild<QLineEdit*>(field), QString::fromUtf8(text));
     snapshot(window, QStringLiteral("perf_ajout_relais.png"), QSize(1040, 740));
     ui.answers.push_back(Button::Yes);
     window->findChild<QPushButton*>("Cmd_def_0")->click();

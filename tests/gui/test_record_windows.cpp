@@ -3,15 +3,11 @@
 // the swims of the history accepted from the modal proposals. Each window is
 // grabbed as a picture (PLOUVARINE_KEEP_SCREENSHOTS=<folder> keeps a copy).
 
-#include "drawn_main_window.h"
-#include "gui/all_windows.h"
-#include "gui_application.h"
-#include "src/store/sentinels.h"
-#include "support/app_fixture.h"
+#include "records/records_test_base.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -21,44 +17,16 @@
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class RecordWindowsTest : public plouvarine::testing::AppFixture {
+class RecordWindowsTest : public WindowTest<RecordsBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2210290017', 'Brest Natation')"));
-        app->state.club_code = QStringLiteral("FRA2210290017");
-        app->state.club_name = QStringLiteral("Brest Natation");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
-        app->clock.set_today(QDate(2025, 3, 10));
-        main.open(*app, ui);
-    }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    void shoot(QWidget* window, const QString& name)
-    {
-        const QString png = work_file(name);
-        ASSERT_TRUE(window->grab().save(png));
-        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-            QFile::copy(png, keep + u'/' + name);
-    }
-    template <typename T>
-    T* find(QWidget* window, const char* name)
-    {
-        T* w = window->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(w, nullptr) << name;
-        return w;
+        WindowTest::SetUp();
+        open_main();
     }
     void type(QWidget* window, const char* name, const QString& text)
     {
@@ -66,39 +34,15 @@ protected:
         edit->clear();
         QTest::keyClicks(edit, text);
     }
-    QStringList stored(const QString& sql)
-    {
-        const Rows rows = app->db.load_rows(sql);
-        QStringList out;
-        for (int r = 0; r < rows.size(); ++r) {
-            QStringList cells;
-            for (int c = 0; c < rows.column_count(); ++c)
-                cells << rows.value(r, c);
-            out << cells.join(u':');
-        }
-        return out;
-    }
 
     // A band, its record of 2020 and a swim of the history that beats it.
     void seed()
     {
-        const QString cat = app->db.append_row(QStringLiteral("Categori_record_club"),
-                                               {{"Code_Club", "FRA2210290017"}, {"Libelle", "Minimes"}, {"Age_inf", 13},
-                                                {"Age_sup", 14}, {"Sexe", "Homme"}},
-                                               QStringLiteral("Num_cat"));
-        app->db.exec_sql(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, "
-                                        "Lieu) VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')")
-                             .arg(cat));
-        const QString swimmer = app->db.append_row(QStringLiteral("Licence"),
-                                                   {{"Code_club", "FRA2210290017"}, {"Licence", "X1"}, {"Nom", "Corre"},
-                                                    {"Prenom", "Erwan"}, {"Sexe", "M"}, {"Date_Naissance", "20110101"}},
-                                                   QStringLiteral("Num"));
-        app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
-                                        "Lieu) VALUES (52, 'FRA2210290017', %1, 25, '20250301', 1.0450, 'Rennes')")
-                             .arg(swimmer));
+        const QString cat = band(QStringLiteral("Minimes"), 13, 14, QStringLiteral("Homme"));
+        exec(QStringLiteral("INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom, Prenom, Date_perf, Lieu) "
+                            "VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')").arg(cat));
+        swim(swimmer(QStringLiteral("Corre"), QStringLiteral("20110101")), 52, 25, 1.0450, QStringLiteral("20250301"));
     }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(RecordWindowsTest, BandsAreTypedAndSaved)
@@ -133,7 +77,7 @@ TEST_F(RecordWindowsTest, BandsAreTypedAndSaved)
     find<QPushButton>(window, "cmd_0")->click();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(main.child_window(QStringLiteral("det_categorie_record_club")), nullptr);
-    EXPECT_EQ(stored(QStringLiteral("SELECT Libelle, Age_inf, Age_sup, Sexe FROM Categori_record_club ORDER BY Sexe")),
+    EXPECT_EQ(dump(QStringLiteral("SELECT Libelle, Age_inf, Age_sup, Sexe FROM Categori_record_club ORDER BY Sexe")),
               (QStringList{"Minimes filles:13:14:Femme", "Minimes:13:14:Homme"}));
 }
 
@@ -210,7 +154,7 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     find<QPushButton>(window, "cmd_chercher")->click();
     EXPECT_TRUE(played);
     EXPECT_TRUE(ui.messages.empty());
-    EXPECT_EQ(stored(QStringLiteral("SELECT Nom, Tps, Date_perf FROM RecordClub ORDER BY Tps")),
+    EXPECT_EQ(dump(QStringLiteral("SELECT Nom, Tps, Date_perf FROM RecordClub ORDER BY Tps")),
               (QStringList{"Corre:1.045:20250301", "Bihan:1.05:20250203", "Abgrall:1.0512:20200512"}));
     // The tab shows the new record.
     EXPECT_EQ(nom->text(), QStringLiteral("Corre"));
@@ -242,7 +186,7 @@ TEST_F(RecordWindowsTest, TheProposalsCloseByTheirButtonTheCloseBoxAndEscape)
         EXPECT_EQ(app->state.busy_count, 1) << exit;
     }
     // Nothing was accepted.
-    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM RecordClub")), 1);
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM RecordClub")), 1);
 }
 
 }  // namespace

@@ -3,87 +3,41 @@
 // the first composed from the team's members with its computed time, and the
 // rows found in Relais after "Ok".
 
-#include "gui/all_windows.h"
+#include "entries/entries_test_base.h"
 #include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "src/base/text.h"
-#include "src/store/sentinels.h"
 #include "src/subjects.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
-class RelayWindowTest : public plouvarine::testing::AppFixture {
+class RelayWindowTest : public WindowTest<EntriesBase> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
-        connect(make_base());
-        app->state.club_code = QStringLiteral("FRA2210290017");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, app->state.club_code);
-        app->clock.set_today(QDate(2025, 3, 10));
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
     }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
-    }
-    QWidget* child_window(const QString& name) const { return main.child_window(name); }
-    void click(QWidget* window, const QString& name)
-    {
-        auto* button = window->findChild<QPushButton*>(name);
-        ASSERT_NE(button, nullptr) << name.toStdString();
-        ASSERT_TRUE(button->isEnabled()) << name.toStdString();
-        button->click();
-    }
-    void select(QTreeView* list, int row)
-    {
-        list->setCurrentIndex(list->model()->index(row, 0));
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
+    void select(QTreeView* list, int row) { list->setCurrentIndex(list->model()->index(row, 0)); }
 };
 
 TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
 {
-    Database& db = app->db;
-    const QString compet = db.append_row(QStringLiteral("Rcomp"),
-                                         {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"},
-                                          {"Fin", "20250405"}, {"Lieu", "Brest"}, {"Longueur", 50},
-                                          {"Visible", true}, {"Deroule", false}},
-                                         QStringLiteral("AutoNum"));
-    db.exec_sql(QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme) VALUES (%1, 1, 1)").arg(compet));
-    const QStringList names{"Abgrall", "Bothorel", "Cadiou", "Derrien"};
+    exec(QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme) VALUES (%1, 1, 1)").arg(compet));
     QStringList nums;
-    for (int i = 0; i < names.size(); ++i) {
-        nums << db.append_row(QStringLiteral("Licence"),
-                              {{"Code_club", app->state.club_code}, {"Licence", names[i].toUpper()}, {"Nom", names[i]},
-                               {"Prenom", "Yann"}, {"Sexe", "M"}},
-                              QStringLiteral("Num"));
-        db.exec_sql(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic, Equipe) VALUES (%1, 1, "
-                                   "%2, 1)")
-                        .arg(compet, nums.last()));
-        db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Num_Lic, Type_bassin, Date_perf, Tps) "
-                                   "VALUES (52, %1, 50, '20241012', 0.5%2)")
-                        .arg(nums.last())
-                        .arg(i + 6));
+    for (const char* name : {"Abgrall", "Bothorel", "Cadiou", "Derrien"}) {
+        nums << swimmer(QString::fromUtf8(name), QStringLiteral("M"), QStringLiteral("Yann"));
+        member(nums.last(), 1, false);
+        perf(nums.last(), 52, QStringLiteral("0.5%1").arg(nums.size() + 5), QStringLiteral("20241012"));
     }
 
     main->trigger(QStringLiteral("mnuEngagRelais"));
@@ -126,21 +80,16 @@ TEST_F(RelayWindowTest, ATeamsRelaysAreCountedComposedAndTimed)
 
     main->resize(1000, 700);
     relay->parentWidget()->resize(780, 480);
-    const QImage shot = relay->grab().toImage();
-    EXPECT_FALSE(shot.isNull());
-    shot.save(work_file(QStringLiteral("frm_engag_relais.png")));
+    shoot(relay, QStringLiteral("frm_engag_relais.png"));
 
     click(relay, "Command1_0");
     QApplication::processEvents();
     EXPECT_EQ(child_window(QStringLiteral("frm_engag_relais")), nullptr);
-    const Rows rows = db.load_rows(QStringLiteral("select Num_Lic, Tps, Licence1, Licence4, Licence5 from Relais "
-                                                  "where Code_epreuve = 58 order by Num_Lic"));
-    ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(rows.value(0, 1), "3.5");
-    EXPECT_EQ(rows.value(0, 2), nums[0]);
-    EXPECT_EQ(rows.value(0, 3), nums[3]);
-    EXPECT_EQ(rows.value(0, 4), app->state.num_lic_nulle);
-    EXPECT_EQ(rows.value(1, 2), app->state.num_lic_nulle);
+    const QString nulle = app->state.num_lic_nulle;
+    EXPECT_EQ(dump("select Num_Lic, Tps, Licence1, Licence4, Licence5 from Relais where Code_epreuve = 58 order by "
+                   "Num_Lic"),
+              (QStringList{"1:3.5:" + nums[0] + ':' + nums[3] + ':' + nulle,
+                           "2:0:" + nulle + ':' + nulle + ':' + nulle}));
 }
 
 }  // namespace

@@ -3,11 +3,9 @@
 // "&Valider", "Voir" filling the list, "Epreuve :" jumping to an event, the
 // commands enabled as the list stands, and the menu locks while it is open.
 
-#include "gui/all_windows.h"
 #include "gui/frame/main_window.h"
-#include "drawn_main_window.h"
-#include "gui_application.h"
 #include "results/results_test_base.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,32 +18,17 @@
 #include <QTreeView>
 
 using namespace plouvarine;
+using namespace plouvarine::testing;
 
 namespace {
 
-class ResultWindowTest : public plouvarine::testing::ResultsBase {
+class ResultWindowTest : public WindowTest<ResultsBase> {
 protected:
     void SetUp() override
     {
-        plouvarine::testing::ensure_application();
-        gui::register_all_windows();
-        ResultsBase::SetUp();
-        main.open(*app, ui);
+        WindowTest::SetUp();
+        open_main();
     }
-    void TearDown() override
-    {
-        main.close();
-        ResultsBase::TearDown();
-    }
-    template <typename T>
-    T* find(QWidget* window, const char* name) const
-    {
-        T* found = window->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
 };
 
 TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
@@ -106,11 +89,7 @@ TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
     EXPECT_EQ(results->indexAt(QPoint(1, 1)).row(), top);
 
     window->resize(1300, 760);
-    const QString png = work_file(QStringLiteral("resultats.png"));
-    ASSERT_TRUE(window->grab().save(png));
-    // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
-    if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-        QFile::copy(png, keep + QStringLiteral("/resultats.png"));
+    shoot(window, QStringLiteral("resultats.png"));
 
     find<QPushButton>(window, "cmd_1")->click();
     EXPECT_EQ(main.child_window(QStringLiteral("frm_view_result")), nullptr);

@@ -3,13 +3,10 @@
 // sheets computed; each left by its own button, its close box and Escape.
 // And the monitor component's own window, always on top, with its figures.
 
-#include "drawn_main_window.h"
-#include "gui/all_windows.h"
-#include "gui_application.h"
 #include "src/frame/components.h"
 #include "src/tools/suivi_perf.h"
-#include "support/app_fixture.h"
 #include "tools/points_fixture.h"
+#include "window_test.h"
 
 #include <QApplication>
 #include <QFile>
@@ -26,27 +23,19 @@
 #include <QTreeView>
 
 using namespace plouvarine;
-using plouvarine::testing::ensure_application;
 
 namespace {
 
-class ToolWindowsTest : public plouvarine::testing::AppFixture {
+class ToolWindowsTest : public plouvarine::testing::WindowTest<> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        gui::register_all_windows();
-        AppFixture::SetUp();
+        WindowTest::SetUp();
         connect(make_base());
         app->state.club_code = QStringLiteral("FRA2210290017");
         app->state.profile_num = QStringLiteral("1");
         plouvarine::testing::install_points_component(*app);
-        main.open(*app, ui);
-    }
-    void TearDown() override
-    {
-        main.close();
-        AppFixture::TearDown();
+        open_main();
     }
     QMdiSubWindow* sub(const QString& name) const
     {
@@ -55,16 +44,7 @@ protected:
                 return s;
         return nullptr;
     }
-    void look_at(QWidget* window, const QString& name)
-    {
-        const QString png = work_file(name + QStringLiteral(".png"));
-        ASSERT_TRUE(window->grab().save(png));
-        // A copy to look at: PLOUVARINE_KEEP_SCREENSHOTS=<folder>.
-        if (const QString keep = qEnvironmentVariable("PLOUVARINE_KEEP_SCREENSHOTS"); !keep.isEmpty())
-            QFile::copy(png, keep + u'/' + name + QStringLiteral(".png"));
-    }
-
-    plouvarine::testing::DrawnMainWindow main;
+    void look_at(QWidget* window, const QString& name) { shoot(window, name + QStringLiteral(".png")); }
 };
 
 TEST_F(ToolWindowsTest, TableCotationDrawsItsTable)

@@ -6,7 +6,6 @@
 #include "src/subjects.h"
 #include "gui/frame/qt_services.h"
 #include "gui/frame/view_window.h"
-#include "gui/all_windows.h"
 #include "gui/frame/window_factory.h"
 #include "gui_application.h"
 #include "support/app_fixture.h"
@@ -41,7 +40,6 @@ protected:
     {
         ensure_application();
         AppFixture::SetUp();
-        gui::register_all_windows();
         gui::register_window(QStringLiteral("frm_chore"),
                              [](View& v, QWidget* parent) { return new gui::ViewWindow(v, parent); });
         install_subject_commands(*app);

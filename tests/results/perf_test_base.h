@@ -1,39 +1,20 @@
 #pragma once
-// A connected copy of the model base with the club of the profile, its null
-// licence, swimmers and the helpers that lay performances into Liffn and
+// The club of the profile, swimmers and the helpers that lay performances into Liffn and
 // Liffn_relais as the imports and the manual forms leave them.
 
 #include "src/base/sql_text.h"
 #include "src/frame/app_context.h"
-#include "src/store/sentinels.h"
 #include "support/app_fixture.h"
-
-#include <QDate>
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
 
 namespace plouvarine::testing {
 
-class PerfBase : public AppFixture {
+class PerfBase : public ProfileClubFixture {
 protected:
-    static constexpr const char* kClub = "FRA2210290017";
-
     void SetUp() override
     {
-        AppFixture::SetUp();
-        connect(make_base());
-        exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
-        app->state.club_code = QLatin1String(kClub);
+        ProfileClubFixture::SetUp();
         app->state.club_name = QStringLiteral("Brest Natation");
-        app->state.profile_num = QStringLiteral("1");
-        app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, QLatin1String(kClub));
-        app->clock.set_today(QDate(2025, 3, 10));
     }
-
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
 
     QString swimmer(const QString& nom, const QString& sexe, const QString& naissance = QStringLiteral("20050307"))
     {

@@ -20,12 +20,7 @@
 #include "support/app_fixture.h"
 
 #include <QDate>
-#include <QGuiApplication>
 #include <QStandardItemModel>
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE
 
 namespace plouvarine::testing {
 
@@ -36,11 +31,7 @@ protected:
 
     void SetUp() override
     {
-        static int argc = 1;
-        static char name[] = "test_results";
-        static char* argv[] = {name, nullptr};
-        if (!QCoreApplication::instance())
-            new QGuiApplication(argc, argv);
+        ensure_gui_application();
         AppFixture::SetUp();
         connect(make_base());
         exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
@@ -213,15 +204,6 @@ protected:
         for (int r = 0; r < m.rowCount(); ++r)
             if (m.item(r, 1)->text() == nom)
                 out << m.item(r, 0)->text() + u'|' + m.item(r, tps)->text() + u'|' + m.item(r, tps + 1)->text();
-        return out;
-    }
-
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    QStringList messages() const
-    {
-        QStringList out;
-        for (const auto& m : ui.messages)
-            out << m.text;
         return out;
     }
 

@@ -39,13 +39,7 @@ protected:
         view->edited_options() = options;
         ASSERT_TRUE(view->cmd_valider());
     }
-    QStringList column(int c) const
-    {
-        QStringList out;
-        for (int r = 0; r < view->lsv_perf().rowCount(); ++r)
-            out << view->lsv_perf().index(r, c).data().toString();
-        return out;
-    }
+    QStringList column(int c) const { return plouvarine::testing::column_texts(view->lsv_perf(), c); }
     int row_of(const QString& time) const { return int(column(0).indexOf(time)); }
     void select(int row) { select_row_at(view->perf_selection(), row); }
 

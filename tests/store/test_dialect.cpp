@@ -21,12 +21,7 @@ using plouvarine::testing::AppFixture;
 
 namespace {
 
-// Texts as standard strings, so that a failure shows them.
-std::string text(const QString& value)
-{
-    return value.toStdString();
-}
-
+// Texts as one standard string, so that a failure shows them.
 std::string text(const QStringList& values)
 {
     return values.join(QStringLiteral(" / ")).toStdString();
@@ -127,18 +122,7 @@ protected:
     void run(const QString& sql) { app->db.exec_sql(sql); }
     Rows read(const QString& sql) { return app->db.load_rows(sql); }
     // Every row of a read, its fields joined with "|", for whole-result checks.
-    QStringList lines(const QString& sql)
-    {
-        const Rows rows = read(sql);
-        QStringList out;
-        for (int r = 0; r < rows.size(); ++r) {
-            QStringList fields;
-            for (int c = 0; c < rows.column_count(); ++c)
-                fields << rows.value(r, c);
-            out << fields.join(QLatin1Char('|'));
-        }
-        return out;
-    }
+    QStringList lines(const QString& sql) { return plouvarine::testing::row_texts(read(sql), u'|'); }
 
     QString add_competition(const QString& num)
     {
@@ -168,27 +152,6 @@ protected:
                 .arg(event, swimmer)
                 .arg(team)
                 .arg(prof, comp, tps));
-    }
-
-    // One relay of the club profile, written by position as the relay window
-    // writes it; the places after the swimmers hold `nulle`.
-    void add_relay(const QString& event, int number, int team, const QStringList& swimmers, const QString& nulle)
-    {
-        QStringList places = swimmers;
-        while (places.size() < 10)
-            places << nulle;
-        run(QStringLiteral("INSERT INTO Relais VALUES (%1, %2, %3, %4, %5, false, 0, %6);")
-                .arg(profile, compet, event)
-                .arg(number)
-                .arg(team)
-                .arg(places.join(QStringLiteral(", "))));
-    }
-
-    QString event_code(const QString& condition)
-    {
-        return read(QStringLiteral("select Code_Nage from Nage where ") + condition +
-                    QStringLiteral(" order by Code_Nage"))
-            .first();
     }
 
     QString profile, sel_profile, compet, past;
@@ -222,157 +185,6 @@ TEST_F(DialectOnBase, DeleteWithAnAliasTakesOnlyTheRowsItsSubqueriesName)
     EXPECT_TRUE(left.contains(sel_profile + QLatin1Char('|') + past + QLatin1Char('|') + marked));
     EXPECT_TRUE(left.contains(profile + QLatin1Char('|') + compet + QLatin1Char('|') + marked));
     EXPECT_TRUE(left.contains(sel_profile + QLatin1Char('|') + compet + QLatin1Char('|') + member));
-}
-
-// UPDATE t t SET t.col and DELETE FROM t t, as the team templates compose them:
-// lowering the men's count from 2 to 1 sends the men of team 2 to individual,
-// deletes their team-2 entries and the men's relays of team 2, and touches no
-// woman of a team 2 and no mixed team.
-TEST_F(DialectOnBase, LoweringTheMenCountTakesTheMenOfTheLastTeamOnly)
-{
-    const QString man1 = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
-    const QString man2 = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
-    const QString woman2 = add_swimmer(QStringLiteral("33333C"), QStringLiteral("O'BRIEN"), QStringLiteral("F"));
-    const QString mixed2 = add_swimmer(QStringLiteral("44444D"), QStringLiteral("TANGUY"), QStringLiteral("M"));
-    const auto assign = [&](const QString& num, int team, bool mixed) {
-        run(QStringLiteral("INSERT INTO Engag_nageur (Num_profil, Num_compet, Num_Lic, Equipe, Equipe_m) VALUES (%1, "
-                           "%2, %3, %4, %5);")
-                .arg(profile, compet, num)
-                .arg(team)
-                .arg(mixed ? QStringLiteral("true") : QStringLiteral("false")));
-    };
-    assign(man1, 1, false);
-    assign(man2, 2, false);
-    assign(woman2, 2, false);
-    assign(mixed2, 2, true);
-    add_entry(profile, compet, QStringLiteral("51"), man1, 1);
-    add_entry(profile, compet, QStringLiteral("51"), man2, 2);
-    add_entry(profile, compet, QStringLiteral("1"), woman2, 2);
-    const QString nulle = QStringLiteral("0");
-    const QString men_relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'M'"));
-    const QString women_relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'F'"));
-    add_relay(men_relay, 1, 1, {man1}, nulle);
-    add_relay(men_relay, 1, 2, {man2}, nulle);
-    add_relay(women_relay, 1, 2, {woman2}, nulle);
-
-    const auto template_run = [&](QString sql, const QString& table) {
-        const QString key = QStringLiteral("<TABLE>.Num_compet = %1 and <TABLE>.Num_profil = %2").arg(compet, profile);
-        sql.replace(QStringLiteral("<KEY>"), key);
-        sql.replace(QStringLiteral("<TABLE>"), table);
-        sql.replace(QStringLiteral("<NUM_TEAM>"), QStringLiteral("1"));
-        sql.replace(QStringLiteral("<SEXE_NAGEUR>"), QStringLiteral("M"));
-        run(sql);
-    };
-    template_run(QStringLiteral("UPDATE <TABLE> <TABLE> SET <TABLE>.Equipe = 0, <TABLE>.Equipe_m = false "
-                                "WHERE <TABLE>.Equipe > <NUM_TEAM> AND <TABLE>.Equipe_m = false AND <KEY> AND "
-                                "EXISTS (SELECT Licence.Num FROM Licence Licence WHERE Licence.Sexe = '<SEXE_NAGEUR>' "
-                                "AND Licence.Num = <TABLE>.Num_Lic)"),
-                 QStringLiteral("Engag_nageur"));
-    template_run(QStringLiteral("DELETE FROM <TABLE> <TABLE> WHERE <TABLE>.Num_equipe > <NUM_TEAM> AND "
-                                "<TABLE>.Equipe_mixte = false AND <KEY> AND EXISTS (SELECT Licence.Num FROM Licence "
-                                "Licence WHERE Licence.Sexe = '<SEXE_NAGEUR>' AND Licence.Num = <TABLE>.Num_Lic)"),
-                 QStringLiteral("Engag"));
-    template_run(
-        QStringLiteral("DELETE FROM Relais Relais WHERE Relais.Num_equipe > <NUM_TEAM> AND "
-                       "Relais.Equipe_mixte = False AND <KEY> AND EXISTS (SELECT Nage.Code_Nage FROM Nage Nage "
-                       "WHERE Nage.Sexe = '<SEXE_NAGEUR>' AND Nage.Code_Nage = Relais.Code_epreuve)"),
-        QStringLiteral("Relais"));
-
-    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Equipe, Equipe_m from Engag_nageur order by Num_Lic"))),
-              text(QStringList({man1 + QStringLiteral("|1|Faux"), man2 + QStringLiteral("|0|Faux"),
-                                woman2 + QStringLiteral("|2|Faux"), mixed2 + QStringLiteral("|2|Vrai")})));
-    EXPECT_EQ(text(lines(QStringLiteral("select Num_Lic, Num_equipe from Engag order by Num_Lic"))),
-              text(QStringList({man1 + QStringLiteral("|1"), woman2 + QStringLiteral("|2")})));
-    EXPECT_EQ(
-        text(lines(QStringLiteral("select Code_epreuve, Num_equipe from Relais order by Num_equipe, Code_epreuve"))),
-        text(QStringList({men_relay + QStringLiteral("|1"), women_relay + QStringLiteral("|2")})));
-}
-
-// UPDATE t SET t.col: the records of the old men's bands up to the new band's
-// highest age move to the new band; others stay where they are.
-TEST_F(DialectOnBase, QualifiedSetMovesTheRecordsOfTheMergedBands)
-{
-    const auto band = [&](const char* label, int from, int to, const char* sexe) {
-        run(QStringLiteral("INSERT INTO Categori_record_club  (Code_Club, Libelle, Age_inf, Age_sup, Sexe) "
-                           "VALUES ('%1', '%2', %3, %4, '%5')")
-                .arg(club(), QString::fromUtf8(label))
-                .arg(from)
-                .arg(to)
-                .arg(QString::fromUtf8(sexe)));
-        return read(QStringLiteral("select max(Num_cat) from Categori_record_club")).first();
-    };
-    const QString benjamins = band("Benjamins", 10, 11, "Homme");
-    const QString minimes = band("Minimes", 12, 13, "Homme");
-    const QString cadets = band("Cadets", 14, 15, "Homme");
-    const QString filles = band("Minimes filles", 12, 13, "Femme");
-    for (const QString& cat : {benjamins, minimes, cadets, filles})
-        run(QStringLiteral(
-                "INSERT INTO RecordClub (Categorie, Code_nage, Bassin, Tps, Nom) VALUES (%1, 51, 25, 0.3012, 'X')")
-                .arg(cat));
-    run(QStringLiteral("UPDATE Categori_record_club SET Old = true where Code_Club = '") + club() + QLatin1Char('\''));
-    const QString jeunes = band("Jeunes", 10, 13, "Homme");
-    ASSERT_EQ(text(read(QStringLiteral("Select Num_cat, Age_sup, Sexe from Categori_record_club where Code_Club = '") +
-                        club() + QStringLiteral("' and Old = false order by age_inf"))
-                       .first()),
-              text(jeunes));
-
-    run(QStringLiteral("UPDATE RecordClub Set RecordClub.Categorie = %1 WHERE RecordClub.Categorie in ( "
-                       "SELECT Categori_record_club.Num_cat from Categori_record_club Where "
-                       "Categori_record_club.Code_Club = '%2' AND Categori_record_club.Old = True AND "
-                       "Categori_record_club.Sexe = 'Homme' AND Categori_record_club.Age_sup <= 13);")
-            .arg(jeunes, club()));
-
-    EXPECT_EQ(text(read(QStringLiteral("select Categorie from RecordClub order by Num_auto")).column(0)),
-              text(QStringList({jeunes, jeunes, cadets, filles})));
-}
-
-// A number glued to the next keyword, as the convocation and relay statements
-// join a key and the next piece: read as Jet reads them.
-TEST_F(DialectOnBase, NumbersGluedToKeywordsReadAsTwoTokens)
-{
-    const QString swimmer = add_swimmer(QStringLiteral("11111A"), QStringLiteral("LE GALL"), QStringLiteral("M"));
-    const QString other = add_swimmer(QStringLiteral("22222B"), QStringLiteral("KERMAREC"), QStringLiteral("M"));
-    add_entry(profile, compet, QStringLiteral("52"), swimmer, 0, QStringLiteral("1.0523"));
-    add_entry(profile, compet, QStringLiteral("51"), swimmer, 0, QStringLiteral("0.2745"));
-    add_entry(profile, compet, QStringLiteral("51"), other);
-    add_entry(sel_profile, compet, QStringLiteral("53"), swimmer);
-
-    const QString engag =
-        QStringLiteral("SELECT Nage.Libelle, Engag.Tps_engagement, Engag.Num_equipe, Engag.Equipe_mixte "
-                       "FROM Nage Nage, Engag Engag WHERE Nage.Code_Nage = Engag.Code_epreuve "
-                       "AND Engag.Num_compet = ") +
-        compet + QStringLiteral("AND Engag.Num_profil = ") + profile + QStringLiteral("AND Engag.Num_Lic = ") +
-        swimmer + QStringLiteral("ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, Engag.Code_epreuve");
-    const QString label51 = read(QStringLiteral("select Libelle from Nage where Code_Nage = 51")).first();
-    const QString label52 = read(QStringLiteral("select Libelle from Nage where Code_Nage = 52")).first();
-    EXPECT_EQ(
-        text(lines(engag)),
-        text(QStringList({label51 + QStringLiteral("|0.2745|0|Faux"), label52 + QStringLiteral("|1.0523|0|Faux")})));
-
-    const QString relay = event_code(QStringLiteral("Nb_nageurs > 1 and Sexe = 'M'"));
-    add_relay(relay, 1, 1, {swimmer}, QStringLiteral("0"));
-    add_relay(relay, 2, 1, {other}, QStringLiteral("0"));
-    add_relay(relay, 3, 1, {other, swimmer}, QStringLiteral("0"));
-    add_relay(relay, 1, 2, {other}, QStringLiteral("0"));
-    const QString counts = QStringLiteral("SELECT Relais.code_epreuve, Max(Relais.Num_Lic) AS MaxDeNum_Lic "
-                                          "FROM Nage Nage, Relais Relais WHERE Nage.Code_Nage = Relais.Code_epreuve "
-                                          "AND Relais.Num_compet = ") +
-        compet + QStringLiteral("AND Relais.Num_profil = ") + profile +
-        QStringLiteral("AND Relais.Num_equipe = 1 and Nage.Sexe = 'M' group by Relais.code_epreuve");
-    EXPECT_EQ(text(lines(counts)), text(QStringList({relay + QStringLiteral("|3")})));
-
-    QString condition;
-    for (int n = 1; n <= 10; ++n)
-        condition += QStringLiteral(" OR Licence%1 = %2").arg(n).arg(swimmer);
-    condition = condition.mid(4);
-    const QString relays = QStringLiteral("SELECT Nage.Libelle, Relais.Num_Lic, Relais.Num_equipe, Relais.Equipe_mixte "
-                                          "FROM Nage Nage, Relais Relais WHERE Nage.Code_Nage = Relais.Code_epreuve "
-                                          "AND Relais.Num_compet = ") +
-        compet + QStringLiteral("AND Relais.Num_profil = ") + profile + QStringLiteral("AND (") + condition +
-        QStringLiteral(") ORDER BY Relais.Num_equipe, Relais.Equipe_mixte, Relais.Code_epreuve");
-    QStringList numbers = read(relays).column(1);
-    numbers.sort();
-    EXPECT_EQ(text(numbers), text(QStringList({QStringLiteral("1"), QStringLiteral("3")})));
 }
 
 // INSERT INTO t VALUES with fewer values than t has columns: the values go to
@@ -461,25 +273,6 @@ TEST_F(DialectOnBase, TheAccessLayerRunsTheFormsThatNeedTheTables)
                                  "Nage.Code_Nage"))
                  .column(1)),
         text(QStringList({QStringLiteral("Vrai"), QStringLiteral("Faux")})));
-
-    ASSERT_EQ(app->db.count_query(
-                  QStringLiteral("select count(*) from Engag_equipe where Num_compet = %1 and Num_profil = %2")
-                      .arg(compet, profile)),
-              0);
-    run(QStringLiteral("INSERT INTO Engag_equipe VALUES (%1, %2, 0, 0, 0);").arg(compet, profile));
-    run(QStringLiteral("Update Engag_equipe Set Eq_Homme = 3, Eq_Femme = 1, Eq_Mixte = 0 where Num_compet = %1 and "
-                       "Num_profil = %2")
-            .arg(compet, profile));
-    run(QStringLiteral(
-            "update Engag_equipe set Old_Eq_Homme = Eq_Homme, Old_Eq_Femme = Eq_Femme, Old_Eq_Mixte = Eq_Mixte "
-            "where Num_compet = %1 and Num_profil = %2")
-            .arg(compet, profile));
-    EXPECT_EQ(text(lines(QStringLiteral("select * from Engag_equipe"))),
-              text(QStringList({compet + QLatin1Char('|') + profile + QStringLiteral("|3|1|0|3|1|0")})));
-
-    run(QStringLiteral("INSERT INTO Engag_equipe_modele VALUES (7, 0, 0, 0);"));
-    EXPECT_EQ(text(lines(QStringLiteral("select * from Engag_equipe_modele"))),
-              text(QStringList({QStringLiteral("7|0|0|0|0|0|0")})));
 }
 
 // The survey of the dialect, on the statements the other tests really sent
@@ -526,32 +319,6 @@ TEST(DialectSurvey, EveryStatementTheTestsSentPreparesOnTheModelBase)
 // ---------------------------------------------------------------------------
 // The statements of the catalogue and the access layer
 // ---------------------------------------------------------------------------
-
-TEST_F(DialectOnBase, SentinelStatementsMakeEachRowOnce)
-{
-    const QString find = QStringLiteral("select Num from Licence where Nom = 'Null'");
-    ASSERT_TRUE(read(find).empty());
-    run(QStringLiteral("INSERT INTO Licence (Code_Club, Licence, Nom, Visible, Date_suppr) VALUES ('") + club() +
-        QStringLiteral("', '1', 'Null', false, '');"));
-    const Rows nulle = read(find);
-    ASSERT_EQ(nulle.size(), 1);
-    EXPECT_EQ(text(lines(QStringLiteral("select Code_club, Licence, Visible, Date_suppr from Licence where Num = ") +
-                         nulle.first())),
-              text(QStringList({club() + QStringLiteral("|1|Faux|")})));
-    EXPECT_EQ(text(read(find).first()), text(nulle.first()));
-
-    const QString count = QStringLiteral("select count(*) from Piscine where Nom = 'Null'");
-    ASSERT_EQ(app->db.count_query(count), 0);
-    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null');"));
-    EXPECT_EQ(app->db.count_query(count), 1);
-    // Texts compare without regard to case, as under Jet: a pool typed "NULL" is
-    // taken for the reference pool too, and hidden from the pool list.
-    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('NULL');"));
-    run(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Kerlann');"));
-    EXPECT_EQ(app->db.count_query(count), 2);
-    EXPECT_EQ(text(read(QStringLiteral("SELECT * from Piscine where Nom <> 'Null' order by Nom")).column(1)),
-              text(QStringList({QStringLiteral("Kerlann")})));
-}
 
 // Forms SQLite takes as written, where a different reading would go unnoticed.
 TEST_F(DialectOnBase, FormsTakenAsWrittenReadAsUnderJet)

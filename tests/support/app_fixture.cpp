@@ -4,7 +4,10 @@
 #include "src/frame/components.h"
 #include "src/frame/access.h"
 #include "src/store/database.h"
+#include "src/store/sentinels.h"
 
+#include <QDate>
+#include <QGuiApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +17,15 @@ namespace plouvarine::testing {
 QString model_file()
 {
     return QStringLiteral(PLOUVARINE_MODEL_FILE);
+}
+
+void ensure_gui_application()
+{
+    static int argc = 1;
+    static char name[] = "test";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance())
+        new QGuiApplication(argc, argv);
 }
 
 void set_base_version(const QString& path, const QString& version)
@@ -62,15 +74,71 @@ void AppFixture::connect(const QString& path)
     ASSERT_TRUE(connect_base(*app)) << "cannot open " << path.toStdString();
 }
 
-}  // namespace plouvarine::testing
-
-namespace plouvarine::testing {
-
 void AppFixture::install_template_component()
 {
     const QString built = QFileInfo(model_file()).dir().filePath(component_file(QStringLiteral("regmodele.dll")));
     ASSERT_TRUE(QFile::exists(built)) << built.toStdString();
     ASSERT_TRUE(QFile::copy(built, template_component_path(*app)));
+}
+
+void AppFixture::install_components(std::initializer_list<const char*> names)
+{
+    for (const char* name : names) {
+        const QString file = component_file(QString::fromLatin1(name));
+        const QString built = QFileInfo(model_file()).dir().filePath(file);
+        ASSERT_TRUE(QFile::copy(built, app->app_file(file))) << built.toStdString();
+    }
+}
+
+void AppFixture::exec(const QString& sql)
+{
+    app->db.exec_sql(sql);
+}
+
+int AppFixture::count(const QString& sql)
+{
+    return app->db.count_query(sql);
+}
+
+QString AppFixture::value(const QString& sql)
+{
+    return app->db.load_rows(sql).first();
+}
+
+QStringList row_texts(const Rows& rows, QChar separator)
+{
+    QStringList out;
+    for (int r = 0; r < rows.size(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < rows.column_count(); ++c)
+            cells << rows.value(r, c);
+        out << cells.join(separator);
+    }
+    return out;
+}
+
+QStringList column_texts(const QAbstractItemModel& model, int column)
+{
+    QStringList out;
+    for (int r = 0; r < model.rowCount(); ++r)
+        out << model.index(r, column).data().toString();
+    return out;
+}
+
+QStringList AppFixture::dump(const QString& sql)
+{
+    return row_texts(app->db.load_rows(sql));
+}
+
+void ProfileClubFixture::SetUp()
+{
+    AppFixture::SetUp();
+    connect(make_base());
+    exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Brest Natation')").arg(kClub));
+    app->state.club_code = QLatin1String(kClub);
+    app->state.profile_num = QStringLiteral("1");
+    app->state.num_lic_nulle = check_licence_nulle(app->db, app->ui, QLatin1String(kClub));
+    app->clock.set_today(QDate(2025, 3, 10));
 }
 
 }  // namespace plouvarine::testing

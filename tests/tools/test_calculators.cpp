@@ -29,13 +29,7 @@ protected:
         EXPECT_EQ(view->code_nage(), code);
         return *view;
     }
-    static QStringList column(QStandardItemModel& model, int c)
-    {
-        QStringList values;
-        for (int r = 0; r < model.rowCount(); ++r)
-            values << model.item(r, c)->text();
-        return values;
-    }
+    static QStringList column(QStandardItemModel& model, int c) { return plouvarine::testing::column_texts(model, c); }
 };
 
 TEST_F(CalculatorTest, ConvertsBothWaysInThePoolChosen)

@@ -1,0 +1,52 @@
+#pragma once
+// What the window tests share: the one QApplication, the real main window over
+// the fixture's base, and the moves a person makes on a window.
+
+#include "drawn_main_window.h"
+#include "gui_application.h"
+#include "support/app_fixture.h"
+
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace plouvarine::testing {
+
+// The named child of `window`; a failure when there is none.
+template <typename T = QWidget>
+T* find(QWidget* window, const QString& name)
+{
+    T* w = window->findChild<T*>(name);
+    EXPECT_NE(w, nullptr) << name.toStdString();
+    return w;
+}
+// Clicks the named button, which must be there and enabled.
+void click(QWidget* window, const QString& name);
+// One key event per character, as typed, after what the field holds.
+void type_in(QWidget* field, const QString& text);
+// Grabs the window as `name` in `folder`; PLOUVARINE_KEEP_SCREENSHOTS=<folder>
+// keeps a copy to look at.
+void shoot(QWidget* window, const QString& folder, const QString& name);
+
+// The fixture `Base` with the main window drawn once `open_main` is called on
+// the base it prepared, and closed before the base goes.
+template <typename Base = AppFixture>
+class WindowTest : public Base {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        Base::SetUp();
+    }
+    void TearDown() override
+    {
+        main.close();
+        Base::TearDown();
+    }
+    void open_main() { main.open(*this->app, this->ui); }
+    QWidget* child_window(const QString& name) const { return main.child_window(name); }
+    void shoot(QWidget* window, const QString& name) { testing::shoot(window, this->work_dir(), name); }
+
+    DrawnMainWindow main;
+};
+
+}  // namespace plouvarine::testing
