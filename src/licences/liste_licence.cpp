@@ -513,7 +513,7 @@ bool ImprimeRapportLicences(AppContext& app)
         job.title = QStringLiteral("Rapport des licences");
         job.fill = [&](TempoRapport& tempo) {
             status_text(app.ui, QStringLiteral("Ecriture du rapport"));
-            RemplacerBalise(tempo.rich, tags::kNomProfil, app.state.profile_name);
+            RemplacerBalisePartout(tempo.rich, tags::kNomProfil, app.state.profile_name);
             tempo.rich.move_to_end();
             tempo.rich.write(LignesRapportLicences(report).join(QLatin1Char('\n')));
             status_text(app.ui, QStringLiteral("Impression du rapport"));

@@ -184,9 +184,9 @@ bool FrmViewRecord::edite_records(RichBox& rich)
     AppContext& a = app();
     if (!ChargerModele(a, template_path(a, QStringLiteral("rec")), rich, QStringLiteral("rec")))
         return false;
-    RemplacerBalise(rich, tags::kNomClub, a.state.club_name);
-    RemplacerBalise(rich, tags::kDateMaj, date_longue(a.clock.today()));
-    RemplacerBalise(rich, tags::kTypeBassin,
+    RemplacerBalisePartout(rich, tags::kNomClub, a.state.club_name);
+    RemplacerBalisePartout(rich, tags::kDateMaj, date_longue(a.clock.today()));
+    RemplacerBalisePartout(rich, tags::kTypeBassin,
                     opt_view_bassin == 2 ? QStringLiteral("Tous bassins")
                                          : QStringLiteral("Bassin de ") +
                                                (opt_view_bassin == 0 ? QStringLiteral("25") : QStringLiteral("50")) +

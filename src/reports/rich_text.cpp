@@ -266,6 +266,12 @@ void RemplacerBaliseEnTete(RichBox& rich, const QString& tag, const QString& tex
     }
 }
 
+bool RemplacerBalisePartout(RichBox& rich, const QString& tag, const QString& text)
+{
+    RemplacerBaliseEnTete(rich, tag, text);
+    return RemplacerBalise(rich, tag, text);
+}
+
 void LirePosition(const RichBox& rich, int& start, int& length)
 {
     const QTextCursor& cursor = rich.cursor();

@@ -105,6 +105,10 @@ bool RemplacerBalise(RichBox& rich, const QString& tag, const QString& text, int
 // Writes `text` in place of every `tag` of the header and the footer, which
 // stand on every page; each takes the format of the tag's first character.
 void RemplacerBaliseEnTete(RichBox& rich, const QString& tag, const QString& text);
+// A report's own tag: the first `tag` of the body as RemplacerBalise does (the
+// cursor left there), and every one of the header and the footer, where a
+// club may put the date or its name.
+bool RemplacerBalisePartout(RichBox& rich, const QString& tag, const QString& text);
 void LirePosition(const RichBox& rich, int& start, int& length);
 // Selects the whole text and sends it to the printer under `document_name`.
 // False when the person cancels the printer choice.

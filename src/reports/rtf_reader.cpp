@@ -420,7 +420,7 @@ void Reader::word(const std::string& w, bool has_param, int param)
     } else if (w == "tqdec") {
         st_.para.next_tab = QTextOption::DelimiterTab;
     } else if (w == "tx" || w == "tb") {
-        QTextOption::Tab tab(param / 20.0, w == "tb" ? QTextOption::LeftTab : st_.para.next_tab);
+        QTextOption::Tab tab(units_from_twips(param), w == "tb" ? QTextOption::LeftTab : st_.para.next_tab);
         if (tab.type == QTextOption::DelimiterTab)
             tab.delimiter = QLatin1Char(',');
         st_.para.tabs.append(tab);
@@ -705,17 +705,17 @@ QTextBlockFormat Reader::block_format() const
     const ParaState& p = st_.para;
     format.setAlignment(p.align);
     format.setTabPositions(p.tabs);
-    format.setLeftMargin(p.left / 20.0);
-    format.setRightMargin(p.right / 20.0);
-    format.setTextIndent(p.first / 20.0);
-    format.setTopMargin(p.before / 20.0);
-    format.setBottomMargin(p.after / 20.0);
+    format.setLeftMargin(units_from_twips(p.left));
+    format.setRightMargin(units_from_twips(p.right));
+    format.setTextIndent(units_from_twips(p.first));
+    format.setTopMargin(units_from_twips(p.before));
+    format.setBottomMargin(units_from_twips(p.after));
     if (p.line > 0 && p.line_multiple)
         format.setLineHeight(p.line * 100.0 / 240, QTextBlockFormat::ProportionalHeight);
     else if (p.line > 0)
-        format.setLineHeight(p.line / 20.0, QTextBlockFormat::MinimumHeight);
+        format.setLineHeight(units_from_twips(p.line), QTextBlockFormat::MinimumHeight);
     else if (p.line < 0)
-        format.setLineHeight(-p.line / 20.0, QTextBlockFormat::FixedHeight);
+        format.setLineHeight(units_from_twips(-p.line), QTextBlockFormat::FixedHeight);
     if (p.ls > 0 || p.pn) {
         // The list draws the label: the indent goes to the list.
         format.setLeftMargin(0);

@@ -42,16 +42,16 @@ void Reader::finish_page()
     if (!extras_)
         return;
     extras_->first_page_differs = title_page_;
-    extras_->header_distance = header_y_ / 20.0;
-    extras_->footer_distance = footer_y_ / 20.0;
+    extras_->header_distance = points_from_twips(header_y_);
+    extras_->footer_distance = points_from_twips(footer_y_);
     if (paper_w_ <= 0 || paper_h_ <= 0)
         return;
     // Word's margins when the file gives none.
     const int fallback[4] = {1800, 1440, 1800, 1440};
     double m[4];
     for (int i = 0; i < 4; ++i)
-        m[i] = (margin_[i] < 0 ? fallback[i] : margin_[i]) / 20.0;
-    const QSizeF portrait(std::min(paper_w_, paper_h_) / 20.0, std::max(paper_w_, paper_h_) / 20.0);
+        m[i] = points_from_twips(margin_[i] < 0 ? fallback[i] : margin_[i]);
+    const QSizeF portrait(points_from_twips(std::min(paper_w_, paper_h_)), points_from_twips(std::max(paper_w_, paper_h_)));
     const bool landscape = landscape_ || paper_w_ > paper_h_;
     extras_->layout = QPageLayout(QPageSize(portrait, QPageSize::Point),
                                   landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
@@ -144,8 +144,8 @@ void Reader::finish_picture()
     format.merge(char_format(st_.chr));
     format.setName(name);
     if (width > 0 && height > 0) {
-        format.setWidth(width / kTwipsPerUnit);
-        format.setHeight(height / kTwipsPerUnit);
+        format.setWidth(units_from_twips(width));
+        format.setHeight(units_from_twips(height));
     }
     out().cursor.insertImage(format);
 }

@@ -3,6 +3,7 @@
 // a paragraph, of a table and of a picture being read, and the reader itself.
 // Nothing here is for use outside src/reports/rtf_reader*.cpp.
 
+#include "src/base/doc_units.h"
 #include "src/reports/rtf_reader.h"
 
 #include <QColor>
@@ -24,9 +25,6 @@
 namespace plouvarine::rtf_detail {
 
 enum class Dest { Text, Skip, FontTable, ColorTable, Picture, ListText, ListDef };
-
-// Pictures and tables are sized in the layout's unit, the 96th of an inch.
-constexpr double kTwipsPerUnit = 15.0;
 
 struct CharState {
     int font = -1;         // -1: the default font

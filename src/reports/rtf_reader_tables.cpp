@@ -80,7 +80,7 @@ void Reader::ensure_cell()
         format.setBorder(0);
         format.setBorderCollapse(true);
         format.setCellSpacing(0);
-        format.setCellPadding(row_def_.gap / kTwipsPerUnit);
+        format.setCellPadding(units_from_twips(row_def_.gap));
         format.setAlignment(row_def_.align);
         const int columns = std::max<int>(1, int(row_def_.cells.size()));
         o.table = o.cursor.insertTable(1, columns, format);
@@ -154,7 +154,7 @@ void Reader::set_column_widths()
     QList<QTextLength> widths;
     int left = o.table_left;
     for (const int right : o.bounds) {
-        widths << QTextLength(QTextLength::FixedLength, std::max(1, right - left) / kTwipsPerUnit);
+        widths << QTextLength(QTextLength::FixedLength, units_from_twips(std::max(1, right - left)));
         left = right;
     }
     while (widths.size() < o.table->columns())
@@ -212,7 +212,7 @@ void Reader::format_row()
         QTextTableCell cell = o.table->cellAt(o.row, first);
         QTextTableCellFormat format = cell.format().toTableCellFormat();
         const auto border = [&](int side) {
-            return def.border[side] < 0 ? 0.0 : def.border[side] / kTwipsPerUnit;
+            return def.border[side] < 0 ? 0.0 : units_from_twips(def.border[side]);
         };
         format.setTopBorder(border(0));
         format.setLeftBorder(border(1));

@@ -1,5 +1,6 @@
 #include "src/reports/rtf_writer.h"
 
+#include "src/base/doc_units.h"
 #include "src/reports/pictures.h"
 #include "src/reports/rtf_format.h"
 
@@ -36,13 +37,6 @@ unsigned char cp1252_byte(char16_t c)
     return 0;
 }
 
-int twips(qreal points)
-{
-    return int(std::lround(points * 20));
-}
-
-// Pictures and tables are sized in the layout's unit, the 96th of an inch.
-constexpr double kTwipsPerUnit = 15.0;
 
 class Writer {
 public:
@@ -157,11 +151,11 @@ void Writer::table(QTextTable* table)
     int right = 0;
     for (int c = 0; c < table->columns(); ++c) {
         const QTextLength width = widths.value(c);
-        right += width.type() == QTextLength::FixedLength ? int(std::lround(width.rawValue() * kTwipsPerUnit))
+        right += width.type() == QTextLength::FixedLength ? twips_from_units(width.rawValue())
                                                           : 9000 / table->columns();
         bounds.push_back(right);
     }
-    const QByteArray gap = QByteArray::number(int(std::lround(format.cellPadding() * kTwipsPerUnit)));
+    const QByteArray gap = QByteArray::number(twips_from_units(format.cellPadding()));
     const Qt::Alignment align = format.alignment() & Qt::AlignHorizontal_Mask;
     const QByteArray row_align = align & Qt::AlignHCenter ? "\\trqc" : align & Qt::AlignRight ? "\\trqr" : "\\trql";
     for (int r = 0; r < table->rows(); ++r) {
@@ -186,7 +180,7 @@ void Writer::table(QTextTable* table)
             for (int i = 0; i < 4; ++i)
                 if (sides[i] > 0)
                     body_ += QByteArray(words[i]) + "\\brdrs\\brdrw" +
-                             QByteArray::number(std::max(1, int(std::lround(sides[i] * kTwipsPerUnit))));
+                             QByteArray::number(std::max(1, twips_from_units(sides[i])));
             if (cf.hasProperty(QTextFormat::BackgroundBrush) && cf.background().style() != Qt::NoBrush)
                 body_ += "\\clcbpat" + QByteArray::number(color_index(cf.background().color()));
             body_ += "\\cellx" + QByteArray::number(bounds[size_t(c)]);
@@ -261,8 +255,8 @@ void Writer::paragraph(const QTextBlock& block, bool in_table, const QByteArray&
         body_ += "\\qr";
     else
         body_ += "\\ql";
-    const auto number = [this](const char* word, qreal points) {
-        if (const int value = twips(points))
+    const auto number = [this](const char* word, qreal units) {
+        if (const int value = twips_from_units(units))
             body_ += word + QByteArray::number(value);
     };
     number("\\li", format.leftMargin());
@@ -276,10 +270,10 @@ void Writer::paragraph(const QTextBlock& block, bool in_table, const QByteArray&
             body_ += "\\sl" + QByteArray::number(int(std::lround(format.lineHeight() * 2.4))) + "\\slmult1";
         break;
     case QTextBlockFormat::MinimumHeight:
-        body_ += "\\sl" + QByteArray::number(twips(format.lineHeight())) + "\\slmult0";
+        body_ += "\\sl" + QByteArray::number(twips_from_units(format.lineHeight())) + "\\slmult0";
         break;
     case QTextBlockFormat::FixedHeight:
-        body_ += "\\sl-" + QByteArray::number(twips(format.lineHeight())) + "\\slmult0";
+        body_ += "\\sl-" + QByteArray::number(twips_from_units(format.lineHeight())) + "\\slmult0";
         break;
     default:
         break;
@@ -291,7 +285,7 @@ void Writer::paragraph(const QTextBlock& block, bool in_table, const QByteArray&
             body_ += "\\tqc";
         else if (tab.type == QTextOption::DelimiterTab)
             body_ += "\\tqdec";
-        body_ += "\\tx" + QByteArray::number(twips(tab.position));
+        body_ += "\\tx" + QByteArray::number(twips_from_units(tab.position));
     }
     if (block.textList())
         list_label(block);
@@ -356,8 +350,8 @@ void Writer::picture(const QTextImageFormat& format)
     const double height = format.height() > 0 ? format.height() : pixels.height();
     body_ += "{\\pict" + QByteArray(kind == PictureKind::Png ? "\\pngblip" : "\\jpegblip");
     body_ += "\\picw" + QByteArray::number(pixels.width()) + "\\pich" + QByteArray::number(pixels.height());
-    body_ += "\\picwgoal" + QByteArray::number(int(std::lround(width * kTwipsPerUnit)));
-    body_ += "\\pichgoal" + QByteArray::number(int(std::lround(height * kTwipsPerUnit))) + "\n";
+    body_ += "\\picwgoal" + QByteArray::number(twips_from_units(width));
+    body_ += "\\pichgoal" + QByteArray::number(twips_from_units(height)) + "\n";
     const QByteArray hex = bytes.toHex();
     for (qsizetype at = 0; at < hex.size(); at += 128)
         body_ += hex.mid(at, 128) + '\n';
@@ -381,17 +375,17 @@ QByteArray Writer::run(const PageSetup* page)
     if (page && page->layout.isValid()) {
         const QRectF paper = page->layout.fullRect(QPageLayout::Point);
         const QMarginsF margins = page->layout.margins(QPageLayout::Point);
-        body_ += "\\paperw" + QByteArray::number(twips(paper.width())) + "\\paperh" +
-                 QByteArray::number(twips(paper.height())) + "\\margl" + QByteArray::number(twips(margins.left())) +
-                 "\\margr" + QByteArray::number(twips(margins.right())) + "\\margt" +
-                 QByteArray::number(twips(margins.top())) + "\\margb" + QByteArray::number(twips(margins.bottom()));
+        body_ += "\\paperw" + QByteArray::number(twips_from_points(paper.width())) + "\\paperh" +
+                 QByteArray::number(twips_from_points(paper.height())) + "\\margl" + QByteArray::number(twips_from_points(margins.left())) +
+                 "\\margr" + QByteArray::number(twips_from_points(margins.right())) + "\\margt" +
+                 QByteArray::number(twips_from_points(margins.top())) + "\\margb" + QByteArray::number(twips_from_points(margins.bottom()));
         if (page->layout.orientation() == QPageLayout::Landscape)
             body_ += "\\landscape";
         body_ += "\n";
     }
     if (page) {
-        body_ += "\\sectd\\headery" + QByteArray::number(twips(page->header_distance)) + "\\footery" +
-                 QByteArray::number(twips(page->footer_distance)) + "\n";
+        body_ += "\\sectd\\headery" + QByteArray::number(twips_from_points(page->header_distance)) + "\\footery" +
+                 QByteArray::number(twips_from_points(page->footer_distance)) + "\n";
         part("header", page->header);
         part("footer", page->footer);
         if (page->first_page_differs) {

@@ -91,10 +91,8 @@ void EcrireTagsProfil(AppContext& app, RichBox& rich)
     const std::pair<QString, QString> values[] = {{tags::kNomClub, app.state.club_name},
                                                   {tags::kCodeClub, app.state.club_code},
                                                   {tags::kDateJour, date_longue(app.clock.today())}};
-    for (const auto& [tag, text] : values) {
-        RemplacerBalise(rich, tag, text);
-        RemplacerBaliseEnTete(rich, tag, text);
-    }
+    for (const auto& [tag, text] : values)
+        RemplacerBalisePartout(rich, tag, text);
 }
 
 QString date_longue(const QDate& date)
@@ -146,17 +144,15 @@ void EcrireTagsCompetition(AppContext& app, RichBox& rich, const CompetitionInfo
                                                   {tags::kDateCompet, date_compet_text(info.debut, info.fin)},
                                                   {tags::kLieuCompet, info.lieu},
                                                   {tags::kBassin, info.longueur}};
-    for (const auto& [tag, text] : values) {
-        RemplacerBalise(rich, tag, text);
-        RemplacerBaliseEnTete(rich, tag, text);
-    }
+    for (const auto& [tag, text] : values)
+        RemplacerBalisePartout(rich, tag, text);
     if (!info.with_pool)
         return;
     // The sentinel pool "Null" stands for no pool: its tags vanish.
     const bool no_pool = info.piscine_nom == QLatin1String("Null");
-    RemplacerBalise(rich, tags::kNomPiscine, no_pool ? QString() : info.piscine_nom);
-    RemplacerBalise(rich, tags::kAdressePiscine, no_pool ? QString() : info.piscine_adresse);
-    RemplacerBalise(rich, tags::kVillePiscine,
+    RemplacerBalisePartout(rich, tags::kNomPiscine, no_pool ? QString() : info.piscine_nom);
+    RemplacerBalisePartout(rich, tags::kAdressePiscine, no_pool ? QString() : info.piscine_adresse);
+    RemplacerBalisePartout(rich, tags::kVillePiscine,
                     no_pool ? QString() : info.piscine_code_postal + QLatin1Char(' ') + info.piscine_ville);
 }
 

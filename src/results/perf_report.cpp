@@ -30,8 +30,8 @@ void line_end(RichBox& rich)
 
 void ecrit_perfs(AppContext& app, FrmViewPerf& view, RichBox& rich)
 {
-    RemplacerBalise(rich, tags::kNomClub, app.state.club_name);
-    RemplacerBalise(rich, tags::kDateMaj, DateLongue(app.clock.today_text()));
+    RemplacerBalisePartout(rich, tags::kNomClub, app.state.club_name);
+    RemplacerBalisePartout(rich, tags::kDateMaj, DateLongue(app.clock.today_text()));
     rich.move_to_end();
     line_end(rich);
 

@@ -8,7 +8,9 @@
 #include "src/records/frm_view_record.h"
 #include "src/records/record_categories.h"
 #include "src/records/utils_record.h"
+#include "src/reports/templates.h"
 
+#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -303,6 +305,25 @@ TEST_F(ClubRecordsTest, PrintAndExportTheList)
     ui.files.push_back(work_file(QStringLiteral("absent/records.txt")));
     EXPECT_FALSE(view->exporter());
     EXPECT_TRUE(ui.messages.back().text.startsWith(QStringLiteral("Une erreur s'est produite lors de l'export des records.")));
+}
+
+TEST_F(ClubRecordsTest, TheReportTagsOfAClubsHeaderAndFooterAreFilled)
+{
+    // A club's own template: the pool and the date of the list at the top and
+    // at the foot of every page as well as in the body.
+    QDir().mkpath(templates_folder(*app));
+    QFile file(template_path(*app, QStringLiteral("rec")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\header <NOM_CLUB> - <TYPE_BASSIN>\\par}"
+               "{\\footer Liste du <DATE_MAJ>\\par}Records au <DATE_MAJ>\\par}");
+    file.close();
+    view->opt_view_bassin = 1;
+    view->charge_records();
+    view->cmd_view(1);
+    ASSERT_EQ(ui.printed.size(), 1u);
+    EXPECT_EQ(ui.printed[0].header.trimmed(), QStringLiteral("Brest Natation - Bassin de 50 mètres"));
+    EXPECT_EQ(ui.printed[0].footer.trimmed(), QStringLiteral("Liste du 10 mars 2025"));
+    EXPECT_TRUE(ui.printed[0].text.startsWith(QStringLiteral("Records au 10 mars 2025")));
 }
 
 }  // namespace

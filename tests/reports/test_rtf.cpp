@@ -1,6 +1,7 @@
 // Reading and writing RTF: round trips of every attribute the reports use,
 // files as word processors write them, and damaged data.
 
+#include "src/base/doc_units.h"
 #include "src/reports/rtf_reader.h"
 #include "src/reports/rtf_writer.h"
 #include "report_test_support.h"
@@ -101,6 +102,35 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
     EXPECT_EQ(write_rtf(back), rtf);
 }
 
+TEST_F(Rtf, ParagraphLengthsAreInTheLayoutUnitAndKeepTheirTwipsThroughARoundTrip)
+{
+    const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}"
+                           "\\pard\\li1134\\ri567\\fi1701\\sb113\\sa57\\sl-317\\slmult0\\tx1701\\tqr\\tx9071 A\\par"
+                           "\\pard\\fi-283\\li283\\sl397\\slmult0 B\\par}";
+    QTextDocument doc;
+    ASSERT_TRUE(read_rtf(rtf, doc));
+    // 1134 twips, 2 cm, are 75.6 of the layout's 96ths of an inch.
+    const QTextBlockFormat a = doc.begin().blockFormat();
+    EXPECT_NEAR(a.leftMargin(), 2 / 2.54 * 96, 0.01);
+    EXPECT_NEAR(a.textIndent(), 3 / 2.54 * 96, 0.05);
+    EXPECT_DOUBLE_EQ(a.rightMargin(), units_from_twips(567));
+    EXPECT_DOUBLE_EQ(a.topMargin(), units_from_twips(113));
+    EXPECT_DOUBLE_EQ(a.lineHeight(), units_from_twips(317));
+    ASSERT_EQ(a.tabPositions().size(), 2);
+    EXPECT_DOUBLE_EQ(a.tabPositions().at(1).position, units_from_twips(9071));
+
+    // Written and read again, every length comes back to the same twips.
+    const QByteArray written = write_rtf(doc);
+    for (const char* word : {"\\li1134", "\\ri567", "\\fi1701", "\\sb113", "\\sa57", "\\sl-317", "\\tx1701",
+                             "\\tqr\\tx9071", "\\fi-283", "\\li283", "\\sl397"})
+        EXPECT_TRUE(written.contains(word)) << word;
+    QTextDocument back;
+    ASSERT_TRUE(read_rtf(written, back));
+    EXPECT_EQ(write_rtf(back), written);
+    EXPECT_EQ(back.begin().blockFormat().leftMargin(), a.leftMargin());
+    EXPECT_EQ(back.begin().blockFormat().tabPositions(), a.tabPositions());
+}
+
 TEST_F(Rtf, EmptyDocumentAndTrailingEmptyParagraphSurvive)
 {
     QTextDocument empty;
@@ -135,7 +165,7 @@ TEST_F(Rtf, ReadsLibreOfficeOutput)
     EXPECT_TRUE(tag.italic);
     const QTextBlock tabs = block_with(doc, QStringLiteral("Nageur"));
     ASSERT_EQ(tabs.blockFormat().tabPositions().size(), 2);
-    EXPECT_DOUBLE_EQ(tabs.blockFormat().tabPositions().at(0).position, 2835 / 20.0);
+    EXPECT_DOUBLE_EQ(tabs.blockFormat().tabPositions().at(0).position, units_from_twips(2835));
     EXPECT_EQ(tabs.blockFormat().tabPositions().at(1).type, QTextOption::RightTab);
     EXPECT_EQ(tabs.begin().fragment().charFormat().foreground().color(), QColor(255, 0, 0));
 }
@@ -158,7 +188,7 @@ TEST_F(Rtf, ReadsWordOutput)
     EXPECT_FALSE(run_with(doc, QStringLiteral(" fin")).underline);
     EXPECT_EQ(run_with(doc, QStringLiteral("<ENGAG_INDIV>")).family, QStringLiteral("Courier New"));
     const QTextBlockFormat club = block_with(doc, QStringLiteral("<NOM_CLUB>")).blockFormat();
-    EXPECT_NEAR(club.leftMargin(), 567 / 20.0, 0.01);
+    EXPECT_NEAR(club.leftMargin(), units_from_twips(567), 0.01);
     ASSERT_EQ(club.tabPositions().size(), 2);
     EXPECT_EQ(club.tabPositions().at(1).type, QTextOption::RightTab);
 }

@@ -2,6 +2,7 @@
 // headers and footers, as LibreOffice and Word write them, read, filled and
 // written back.
 
+#include "src/base/doc_units.h"
 #include "src/reports/pictures.h"
 #include "src/reports/rich_text.h"
 #include "src/reports/rtf_reader.h"
@@ -284,9 +285,9 @@ TEST_F(RtfLayout, ListsInWordsFormAndTheOlderFormAndCharacterAttributes)
 
     const auto check = [](const QTextDocument& d) {
         const QTextBlock last = block_with(d, QStringLiteral("barré"));
-        EXPECT_NEAR(last.blockFormat().textIndent(), 567 / 20.0, 0.01);
-        EXPECT_NEAR(last.blockFormat().topMargin(), 12, 0.01);
-        EXPECT_NEAR(last.blockFormat().bottomMargin(), 6, 0.01);
+        EXPECT_NEAR(last.blockFormat().textIndent(), units_from_twips(567), 0.01);
+        EXPECT_NEAR(last.blockFormat().topMargin(), units_from_twips(240), 0.01);
+        EXPECT_NEAR(last.blockFormat().bottomMargin(), units_from_twips(120), 0.01);
         EXPECT_EQ(last.blockFormat().lineHeightType(), int(QTextBlockFormat::ProportionalHeight));
         EXPECT_NEAR(last.blockFormat().lineHeight(), 150, 0.01);
         for (auto it = last.begin(); !it.atEnd(); ++it) {
