@@ -55,7 +55,7 @@ std::optional<int> select_last_row(QItemSelectionModel& selection, int removed_r
 // The marking of a deletion list: the selected rows (or the current row when
 // none is selected) leave the list; the row after them is selected. Gives their
 // keys, in the order the rows stood from the bottom up.
-QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection);
+QStringList take_selected_rows(QAbstractItemModel& model, QItemSelectionModel& selection);
 
 // Ticks or unticks the first item of every row.
 void check_all(QAbstractItemModel& model, bool value);
