@@ -1,5 +1,6 @@
 #pragma once
-// What every list window shares. A list is a QStandardItemModel drawn as a
+// What every list window shares. A list is a QStandardItemModel (or, for a
+// long read-only list, a RowsTable over the rows read) drawn as a
 // report-style list: one row per record, the row's text in column 0 and its
 // sub-items in the following columns. The record's key (Num, AutoNum...) rides
 // on the row's first item under kKeyRole, where the old lists kept a hidden
