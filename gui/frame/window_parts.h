@@ -33,7 +33,7 @@ public:
     static constexpr int kFirstThousandRows = 1000;
     static constexpr int kVisibleRowsOnly = 0;
 
-    BoundList(const QString& name, QStandardItemModel& model, QItemSelectionModel& selection, QWidget* parent,
+    BoundList(const QString& name, QAbstractItemModel& model, QItemSelectionModel& selection, QWidget* parent,
               bool multiple = false, int fitted_rows = kFirstThousandRows)
         : QTreeView(parent)
     {

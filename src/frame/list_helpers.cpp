@@ -238,7 +238,7 @@ QSize MinimumSize::excess(const QSize& size) const
     return {std::max(size.width() - width, 0), std::max(size.height() - height, 0)};
 }
 
-QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection)
+QStringList take_selected_rows(QAbstractItemModel& model, QItemSelectionModel& selection)
 {
     std::vector<int> rows;
     for (const QModelIndex& index : selection.selectedRows())

@@ -1,5 +1,6 @@
 #pragma once
-// What every list window shares. A list is a QStandardItemModel drawn as a
+// What every list window shares. A list is a QStandardItemModel (or, for a
+// long read-only list, a RowsTable over the rows read) drawn as a
 // report-style list: one row per record, the row's text in column 0 and its
 // sub-items in the following columns. The record's key (Num, AutoNum...) rides
 // on the row's first item under kKeyRole, where the old lists kept a hidden
@@ -60,7 +61,7 @@ QList<QStandardItem*> fixed_row(const QStringList& cells);
 // The marking of a deletion list: the selected rows (or the current row when
 // none is selected) leave the list; the row after them is selected. Gives their
 // keys, in the order the rows stood from the bottom up.
-QStringList take_selected_rows(QStandardItemModel& model, QItemSelectionModel& selection);
+QStringList take_selected_rows(QAbstractItemModel& model, QItemSelectionModel& selection);
 
 // Ticks or unticks the first item of row `row`, and tells whether it is
 // ticked; a row outside the list is left alone and is not ticked.

@@ -32,10 +32,9 @@ QString selection_from_where(const QString& code)
                           "Licence.Prenom, Club.Intitule");
 }
 
-// Items stay editable as items: the window's list refuses editing as a whole.
-QStandardItem* cell(const QString& text)
+QString date_longue(const QString& date)
 {
-    return new QStandardItem(text);
+    return DateLongue(date);
 }
 
 }  // namespace
@@ -51,6 +50,10 @@ MenuLocks FrmListeLicence::locks_for(const QString& mode)
 
 FrmListeLicence::FrmListeLicence(AppContext& app, const QString& mode) : View(app, QString(kName)), mode_(mode)
 {
+    list_.set_role(kKeyRole, 0);
+    list_.set_role(kNumLicenceRole, 1);
+    list_.set_role(kNomCompletRole,
+                   [](const Rows& rows, int row) { return rows.value(row, 2) + QLatin1Char(' ') + rows.value(row, 3); });
     empty_tempo();
     // A licence saved elsewhere shows here at once, selected.
     follow(Subject::Licences, [this](const Change& change) {
@@ -116,31 +119,22 @@ void FrmListeLicence::set_liste(const QString& title, const QString& sql)
 
 void FrmListeLicence::load(const QString& sql)
 {
-    list_.clear();
     Rows rows;
     try {
         rows = app().db.load_rows(sql);
     } catch (const std::exception&) {
         rows = Rows();
     }
+    // Num, Licence, Nom, Prenom, [Club,] Date_Naissance. The cells are read
+    // from the rows as drawn: the dates are written out only for the rows in view.
     club_column_ = rows.column_count() >= 6;
-    QStringList headers{QStringLiteral("Nom"), QStringLiteral("Prénom"), QStringLiteral("N° Licence")};
+    std::vector<RowsTable::Column> columns{{QStringLiteral("Nom"), 2},
+                                           {QStringLiteral("Prénom"), 3},
+                                           {QStringLiteral("N° Licence"), 1}};
     if (club_column_)
-        headers << QStringLiteral("Club Origine");
-    headers << QStringLiteral("Date Naissance");
-    list_.setHorizontalHeaderLabels(headers);
-    const int date_column = rows.column_count() - 1;
-    for (int r = 0; r < rows.size(); ++r) {
-        auto* nom = cell(rows.value(r, 2));
-        nom->setData(rows.value(r, 0), kKeyRole);
-        nom->setData(rows.value(r, 2) + QLatin1Char(' ') + rows.value(r, 3), kNomCompletRole);
-        nom->setData(rows.value(r, 1), kNumLicenceRole);
-        QList<QStandardItem*> line{nom, cell(rows.value(r, 3)), cell(rows.value(r, 1))};
-        if (club_column_)
-            line << cell(rows.value(r, 4));
-        line << cell(DateLongue(rows.value(r, date_column)));
-        list_.appendRow(line);
-    }
+        columns.push_back({QStringLiteral("Club Origine"), 4});
+    columns.push_back({QStringLiteral("Date Naissance"), std::max(rows.column_count() - 1, 0), &date_longue});
+    list_.reset(std::move(rows), std::move(columns));
 }
 
 void FrmListeLicence::ReloadListe(const QString& num)
@@ -286,9 +280,9 @@ void FrmListeLicence::cmd0()
         const auto row = current_row();
         if (!row)
             return;
-        const QStandardItem* first = list_.item(*row, 0);
-        chosen_ = Choice{first->data(kKeyRole).toString(), first->data(kNumLicenceRole).toString(), first->text(),
-                         list_.item(*row, 1)->text()};
+        const QModelIndex first = list_.index(*row, 0);
+        chosen_ = Choice{first.data(kKeyRole).toString(), first.data(kNumLicenceRole).toString(), list_.text(*row, 0),
+                         list_.text(*row, 1)};
         if (on_chosen)
             on_chosen(*chosen_);
         close();

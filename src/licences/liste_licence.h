@@ -10,11 +10,11 @@
 // all back while the view stays open; the confirmation finishes the deletion.
 
 #include "src/frame/menu_state.h"
+#include "src/frame/rows_table.h"
 #include "src/frame/view.h"
 
 #include <QItemSelectionModel>
 #include <QMap>
-#include <QStandardItemModel>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -23,7 +23,7 @@ class QTextDocument;
 
 namespace plouvarine {
 
-// The first item of a row holds the Num under kKeyRole, and these.
+// Column 0 of a row holds the Num under kKeyRole, and these.
 inline constexpr int kNomCompletRole = Qt::UserRole + 2;  // "Nom Complet": name, a blank, first name
 inline constexpr int kNumLicenceRole = Qt::UserRole + 3;  // the stored licence number
 
@@ -48,7 +48,7 @@ public:
     const QString& order_clause() const { return order_; }
 
     // lsv_licence.
-    QStandardItemModel& lsv_licence() { return list_; }
+    RowsTable& lsv_licence() { return list_; }
     QItemSelectionModel& selection() { return selection_; }
     bool has_club_column() const { return club_column_; }
     // The Num of the current row, or the empty text.
@@ -125,7 +125,7 @@ private:
     bool club_column_ = false;
     int last_column_ = 0;
     bool ascending_ = false;
-    QStandardItemModel list_;
+    RowsTable list_;
     QItemSelectionModel selection_{&list_};
     QString search_;
     std::optional<Choice> chosen_;

@@ -44,7 +44,7 @@ protected:
     {
         QStringList out;
         for (int r = 0; r < list.lsv_licence().rowCount(); ++r)
-            out << list.lsv_licence().item(r, 0)->text();
+            out << list.lsv_licence().text(r, 0);
         return out;
     }
     void select(FrmListeLicence& list, const QString& num)
@@ -60,7 +60,7 @@ TEST_F(ListeLicenceTest, AColumnClickedThreeTimesSortsUpDownUp)
 {
     auto list = open(QStringLiteral("View"));
     EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
-    EXPECT_EQ(list->lsv_licence().item(0, 3)->text(), QStringLiteral("15 juin 1988"));
+    EXPECT_EQ(list->lsv_licence().text(0, 3), QStringLiteral("15 juin 1988"));
     list->sort_by_column(1);
     EXPECT_EQ(list->order_clause(), QStringLiteral("ORDER BY Nom, Prenom"));
     list->sort_by_column(1);
@@ -80,7 +80,7 @@ TEST_F(ListeLicenceTest, AColumnClickedThreeTimesSortsUpDownUp)
         exec(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2)").arg(QLatin1String(kSelection), num));
     use_selection();
     auto selection = open(QStringLiteral("View"));
-    EXPECT_EQ(selection->lsv_licence().horizontalHeaderItem(3)->text(), QStringLiteral("Club Origine"));
+    EXPECT_EQ(selection->lsv_licence().header_text(3), QStringLiteral("Club Origine"));
     selection->sort_by_column(4);
     selection->sort_by_column(4);
     EXPECT_EQ(selection->order_clause(), QStringLiteral("ORDER BY Club.Intitule DESC, Licence.Nom, Licence.Prenom"));
