@@ -6,6 +6,8 @@
 #include "src/base/errors.h"
 #include "src/frame/exchange_component.h"
 
+#include <QDate>
+#include <algorithm>
 #include <array>
 
 namespace plouvarine::lenex {
@@ -79,8 +81,14 @@ public:
         : db_(db), num_compet_(num_compet), trace_(trace), progress_(progress), clubs_(db), swimmers_(db),
           swim_(db, QStringLiteral("INSERT INTO Prres") + QLatin1String(kRowColumns)),
           relay_(db, QStringLiteral("INSERT INTO Prres_relais") + QLatin1String(kRowColumns)),
-          category_(db, QStringLiteral("INSERT INTO Categori (Num_compet, Num_cat, Libelle) VALUES (?, ?, ?)"))
+          category_(db, QStringLiteral("INSERT INTO Categori (Num_compet, Num_cat, Libelle) VALUES (?, ?, ?)")),
+          programme_(db, QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Type, Nb_finales, "
+                                        "Type_finale, Num_ordre) VALUES (?, ?, ?, 1, 0, ' ', ?)"))
     {
+        Statement lines(db, QStringLiteral("SELECT Code_epreuve FROM Pcomp WHERE Num_compet = ?"));
+        lines.query({num_compet});
+        while (lines.next())
+            programmed_.insert(lines.integer(0));
         Statement cats(db, QStringLiteral("SELECT Num_cat, Libelle FROM Categori WHERE Num_compet = ?"));
         cats.query({num_compet});
         while (cats.next()) {
@@ -206,6 +214,19 @@ private:
         return num;
     }
 
+    // The results window lists a competition's events from its programme:
+    // each event swum gets its line, on its session's day, in the meet's order.
+    void programme(const Event& e, int code)
+    {
+        if (programmed_.contains(code))
+            return;
+        const QDate first = QDate::fromString(meet_->first_date, QStringLiteral("yyyyMMdd"));
+        const QDate day = QDate::fromString(e.date, QStringLiteral("yyyyMMdd"));
+        const int journee = first.isValid() && day.isValid() ? int(std::max<qint64>(1, first.daysTo(day) + 1)) : 1;
+        programme_.run({num_compet_, code, journee, e.number});
+        programmed_.insert(code);
+    }
+
     void row(Statement& insert, const Result& r, const QString& who, const QString& club, int num,
              const QString& gender, const QString& name)
     {
@@ -224,6 +245,7 @@ private:
             ++counts.skipped;
             return;
         }
+        programme(*e, code);
         const Heat heat = e->heats.value(r.heatid);
         const int series = heat.final_letter.isEmpty() ? heat.number : heat.final_letter.front().unicode() - u'A' + 1;
         const QString kind = race_kind(e->round);
@@ -277,7 +299,8 @@ private:
     OperationProgress& progress_;
     Clubs clubs_;
     Swimmers swimmers_;
-    Statement swim_, relay_, category_;
+    Statement swim_, relay_, category_, programme_;
+    QSet<int> programmed_;
     QHash<QString, int> categories_;
     int next_category_ = 1;
     QSet<QString> seen_;

@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QLocale>
@@ -159,7 +160,12 @@ private:
         const QString path = QDir(folder_).filePath(name + QStringLiteral(".png"));
         // Small enough for the repository, large enough to read.
         const QPixmap small = picture.width() > 960 ? picture.scaledToWidth(960, Qt::SmoothTransformation) : picture;
-        if (!small.save(path, "PNG", 9)) {
+        // A busy window (a long list of results) goes to 256 colours, which
+        // a window's flat colours hardly need more of.
+        const bool saved = small.save(path, "PNG", 9)
+                           && (QFileInfo(path).size() < 200 * 1024
+                               || small.toImage().convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither).save(path, "PNG", 9));
+        if (!saved) {
             std::fprintf(stderr, "guide_screenshots: cannot write %s\n", qPrintable(path));
             ++failures;
             return;
@@ -271,6 +277,11 @@ int main(int argc, char** argv)
         shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
     });
     shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
+    shoot.shot(QStringLiteral("resultats"), [&] {
+        main->trigger(QStringLiteral("mnuCompetVoirResult"));
+        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("Chk_all"));
+        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("cmd_0"));
+    });
     shoot.shot(QStringLiteral("performances"), [&] {
         main->trigger(QStringLiteral("mnuPerfView"));
         shoot.tick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvNageur"), {0, 1});
