@@ -12,11 +12,14 @@
 #include "support/scripted_services.h"
 
 #include <QAbstractItemView>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 #include <QLibraryInfo>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -63,12 +66,12 @@ public:
         close_children();
     }
 
-    // Clicks the button `button` of the child window `window`.
+    // Clicks the button or tick box `button` of the child window `window`.
     bool click(const QString& window, const QString& button)
     {
         settle();
         QWidget* w = main_.child_window(window);
-        auto* b = w ? w->findChild<QPushButton*>(button) : nullptr;
+        auto* b = w ? w->findChild<QAbstractButton*>(button) : nullptr;
         if (!b) {
             std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(button), qPrintable(window));
             return false;
@@ -102,6 +105,48 @@ public:
             v->setCurrentIndex(v->model()->index(0, 0));
     }
 
+    // Makes the line `row` of the list `list` of the child window `window` current.
+    void pick(const QString& window, const QString& list, int row)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        if (v && v->model()->rowCount() > row)
+            v->setCurrentIndex(v->model()->index(row, 0));
+    }
+
+    // Clicks the line `row` of the list `list` of the child window `window`.
+    void click_line(const QString& window, const QString& list, int row)
+    {
+        pick(window, list, row);
+        QWidget* w = main_.child_window(window);
+        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        if (v && v->model()->rowCount() > row)
+            Q_EMIT v->clicked(v->model()->index(row, 0));
+    }
+
+    // Ticks the lines `rows` of the list `list` of the child window `window`.
+    void tick(const QString& window, const QString& list, std::initializer_list<int> rows)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        for (int row : rows)
+            if (v && v->model()->rowCount() > row)
+                v->model()->setData(v->model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
+    }
+
+    // Types `text` into the field `field` of the child window `window`.
+    void type(const QString& window, const QString& field, const QString& text)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        if (auto* f = w ? w->findChild<QLineEdit*>(field) : nullptr) {
+            f->setText(text);
+            Q_EMIT f->textEdited(text);
+        }
+    }
+
     int failures = 0;
 
 private:
@@ -115,7 +160,12 @@ private:
         const QString path = QDir(folder_).filePath(name + QStringLiteral(".png"));
         // Small enough for the repository, large enough to read.
         const QPixmap small = picture.width() > 960 ? picture.scaledToWidth(960, Qt::SmoothTransformation) : picture;
-        if (!small.save(path, "PNG", 9)) {
+        // A busy window (a long list of results) goes to 256 colours, which
+        // a window's flat colours hardly need more of.
+        const bool saved = small.save(path, "PNG", 9)
+                           && (QFileInfo(path).size() < 200 * 1024
+                               || small.toImage().convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither).save(path, "PNG", 9));
+        if (!saved) {
             std::fprintf(stderr, "guide_screenshots: cannot write %s\n", qPrintable(path));
             ++failures;
             return;
@@ -227,6 +277,64 @@ int main(int argc, char** argv)
         shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
     });
     shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
+    shoot.shot(QStringLiteral("resultats"), [&] {
+        main->trigger(QStringLiteral("mnuCompetVoirResult"));
+        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("Chk_all"));
+        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("cmd_0"));
+    });
+    shoot.shot(QStringLiteral("performances"), [&] {
+        main->trigger(QStringLiteral("mnuPerfView"));
+        shoot.tick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvNageur"), {0, 1});
+        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_0"));
+    });
+    shoot.shot(QStringLiteral("progression"), [&] {
+        main->trigger(QStringLiteral("mnuPerfView"));
+        // A swimmer with several swims of one event over the seasons.
+        shoot.tick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvNageur"), {16});
+        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_0"));
+        shoot.pick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvPerf"), 3);
+        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_progression"));
+    });
+    shoot.shot(QStringLiteral("ajout-perf"), [&] {
+        main->trigger(QStringLiteral("mnuPerfAjout"));
+        shoot.click_line(QStringLiteral("frm_ajout_perf"), QStringLiteral("lsv_licence"), 3);
+    });
+    shoot.shot(QStringLiteral("ajout-perf-relais"), [&] {
+        main->trigger(QStringLiteral("mnuPerfAjoutRelais"));
+        shoot.click_line(QStringLiteral("frm_ajout_perf_relais"), QStringLiteral("LsvNage"), 5);
+    });
+    shoot.shot(QStringLiteral("records"), [&] {
+        main->trigger(QStringLiteral("mnuPerfRecView"));
+        shoot.tick(QStringLiteral("frm_view_record"), QStringLiteral("LsvNage"), {0, 1, 2, 3});
+        shoot.click(QStringLiteral("frm_view_record"), QStringLiteral("Cmd_view_0"));
+    });
+    shoot.shot(QStringLiteral("categories-records"), [&] { main->trigger(QStringLiteral("mnuPerfRecModifier")); });
+    shoot.shot(QStringLiteral("records-a-valider"), [&] {
+        main->trigger(QStringLiteral("mnuPerfRecView"));
+        shoot.click(QStringLiteral("frm_view_record"), QStringLiteral("cmd_chercher"));
+    });
+    shoot.shot(QStringLiteral("table-cotation"), [&] {
+        main->trigger(QStringLiteral("mnuOutilsCalculPoint"));
+        shoot.pick(QStringLiteral("frm_calpts"), QStringLiteral("LsvNage"), 2);
+        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_0"), QStringLiteral("1:12.50"));
+        shoot.click(QStringLiteral("frm_calpts"), QStringLiteral("Cmd_calpts"));
+        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_1"), QStringLiteral("1:10.00"));
+        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_2"), QStringLiteral("1:15.00"));
+        shoot.click(QStringLiteral("frm_calpts"), QStringLiteral("Cmd_TablePts"));
+    });
+    shoot.shot(QStringLiteral("calculatrice-temps"), [&] {
+        main->trigger(QStringLiteral("mnuOutilsCalculTps"));
+        for (const char* time : {"0.3215", "0.3540", "0.3387", "0.3192"}) {
+            shoot.type(QStringLiteral("frm_calTps"), QStringLiteral("txt_tpsAjout"), QString::fromLatin1(time));
+            shoot.click(QStringLiteral("frm_calTps"), QStringLiteral("cmd_Ajout"));
+        }
+    });
+    shoot.shot(QStringLiteral("points-interclubs"), [&] {
+        main->trigger(QStringLiteral("mnuOutilsCalculPointEquipe"));
+        shoot.pick(QStringLiteral("frm_PtsInter"), QStringLiteral("lsv_numauto"), 0);
+        shoot.click(QStringLiteral("frm_PtsInter"), QStringLiteral("cmd_0"));
+    });
+    shoot.shot(QStringLiteral("suivi-perf"), [&] { main->trigger(QStringLiteral("mnuPerfOrdiParam")); });
     main.close();
     app.db.close();
     return shoot.failures == 0 ? 0 : 1;
