@@ -183,6 +183,23 @@ private:
     std::vector<std::pair<QCheckBox*, bool PerfEntry::*>> checks_;
 };
 
+// The list of events of both forms. The event drawn as current is the event
+// chosen, whether clicked or reached by the keyboard: what is saved is the
+// event on screen.
+template <class PerfView>
+BoundList* event_list(PerfView& view, QWidget* parent)
+{
+    auto* list = new BoundList(QStringLiteral("LsvNage"), view.lsv_nage(), view.nage_selection(), parent);
+    QObject::connect(&view.nage_selection(), &QItemSelectionModel::currentRowChanged, parent,
+                     [&view](const QModelIndex& current) {
+                         if (current.isValid())
+                             view.choose_event(current.row());
+                     });
+    QObject::connect(list, &QTreeView::clicked, parent, [&view](const QModelIndex& i) { view.choose_event(i.row()); });
+    list->on_activated = [&view, list] { view.choose_event(list->currentIndex().row()); };
+    return list;
+}
+
 class AjoutPerfWindow : public ViewWindow {
 public:
     AjoutPerfWindow(FrmAjoutPerf& view, QWidget* parent) : ViewWindow(view, parent), view_(view)
@@ -205,16 +222,7 @@ public:
         sexe_ = new QLabel;
         sexe_->setObjectName(QStringLiteral("lbl_sexe"));
         left->addWidget(sexe_);
-        nages_ = new BoundList(QStringLiteral("LsvNage"), view_.lsv_nage(), view_.nage_selection(), this);
-        connect(nages_, &QTreeView::clicked, this, [this](const QModelIndex& i) { view_.choose_event(i.row()); });
-        nages_->on_activated = [this] { view_.choose_event(nages_->currentIndex().row()); };
-        // The event drawn as current is the event chosen, reached by the
-        // keyboard as well: what is saved is the event on screen.
-        connect(&view_.nage_selection(), &QItemSelectionModel::currentRowChanged, this,
-                [this](const QModelIndex& current) {
-                    if (current.isValid())
-                        view_.choose_event(current.row());
-                });
+        nages_ = event_list(view_, this);
         left->addWidget(nages_, 1);
         row->addLayout(left, 2);
         entry_ = new EntryPart(view_, true);
@@ -266,16 +274,7 @@ public:
         setMinimumSize(980, 720);
         auto* layout = new QVBoxLayout(this);
         auto* top = new QHBoxLayout;
-        nages_ = new BoundList(QStringLiteral("LsvNage"), view_.lsv_nage(), view_.nage_selection(), this);
-        connect(nages_, &QTreeView::clicked, this, [this](const QModelIndex& i) { view_.choose_event(i.row()); });
-        nages_->on_activated = [this] { view_.choose_event(nages_->currentIndex().row()); };
-        // The event drawn as current is the event chosen, reached by the
-        // keyboard as well: what is saved is the event on screen.
-        connect(&view_.nage_selection(), &QItemSelectionModel::currentRowChanged, this,
-                [this](const QModelIndex& current) {
-                    if (current.isValid())
-                        view_.choose_event(current.row());
-                });
+        nages_ = event_list(view_, this);
         top->addWidget(nages_, 2);
 
         licences_ = new BoundList(QStringLiteral("lsv_licence"), view_.lsv_licence(), view_.licence_selection(), this);
