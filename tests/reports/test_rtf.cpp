@@ -5,6 +5,7 @@
 #include "src/reports/rtf_reader.h"
 #include "src/reports/rtf_writer.h"
 #include "report_test_support.h"
+#include "support/office_template.h"
 #include "support/temp_files.h"
 
 #include <QDir>
@@ -279,14 +280,15 @@ TEST_F(Rtf, ReadsWhatLibreOfficeConverts)
     file.write("<html><body><p align=center><b>Bordereau</b></p><p><i>Comp&eacute;tition</i> "
                "&lt;NOM_COMPET&gt; &#8364;</p></body></html>");
     file.close();
-    QProcess convert;
     // Imported into the word processor proper: its web module has no RTF export.
-    convert.start(soffice, {QStringLiteral("--headless"), QStringLiteral("--infilter=HTML (StarWriter)"),
-                            QStringLiteral("--convert-to"), QStringLiteral("rtf:Rich Text Format"),
-                            QStringLiteral("--outdir"), dir.path(), html});
-    ASSERT_TRUE(convert.waitForFinished(120000));
+    QString error;
+    const QString rtf = office_convert(html, dir.path(),
+                                       {QStringLiteral("--infilter=HTML (StarWriter)"), QStringLiteral("--convert-to"),
+                                        QStringLiteral("rtf:Rich Text Format")},
+                                       QStringLiteral("modele.rtf"), &error);
+    ASSERT_FALSE(rtf.isEmpty()) << error.toStdString();
     QTextDocument doc;
-    ASSERT_TRUE(load_rtf_file(dir.filePath(QStringLiteral("modele.rtf")), doc));
+    ASSERT_TRUE(load_rtf_file(rtf, doc));
     EXPECT_TRUE(doc.toPlainText().contains(QStringLiteral("Compétition <NOM_COMPET> €")));
     EXPECT_TRUE(run_with(doc, QStringLiteral("Bordereau")).bold);
     EXPECT_TRUE(run_with(doc, QStringLiteral("Compétition")).italic);

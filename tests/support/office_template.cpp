@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QUrl>
 #include <QStandardPaths>
 
 namespace plouvarine::testing {
@@ -79,16 +80,30 @@ OfficeTemplate make_office_template(const QString& folder)
         return out;
     }
     file.close();
-    QProcess convert;
-    convert.start(soffice, {QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("rtf"),
-                            QStringLiteral("--outdir"), folder, source});
-    if (!convert.waitForFinished(180000) || !QFile::exists(folder + QStringLiteral("/modele.rtf"))) {
-        out.error = QStringLiteral("LibreOffice did not convert the document: ") +
-                    QString::fromLocal8Bit(convert.readAllStandardError());
-        return out;
-    }
-    out.rtf = folder + QStringLiteral("/modele.rtf");
+    out.rtf = office_convert(source, folder, {QStringLiteral("--convert-to"), QStringLiteral("rtf")},
+                             QStringLiteral("modele.rtf"), &out.error);
     return out;
+}
+
+QString office_convert(const QString& source, const QString& folder, const QStringList& arguments,
+                       const QString& converted_name, QString* error)
+{
+    const QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    if (soffice.isEmpty()) {
+        *error = QStringLiteral("soffice is not installed");
+        return {};
+    }
+    const QString profile = QUrl::fromLocalFile(folder + QStringLiteral("/lo-profile")).toString();
+    QProcess convert;
+    convert.start(soffice, QStringList{QStringLiteral("-env:UserInstallation=") + profile, QStringLiteral("--headless")}
+                               + arguments + QStringList{QStringLiteral("--outdir"), folder, source});
+    const QString converted = folder + QLatin1Char('/') + converted_name;
+    if (!convert.waitForFinished(180000) || !QFile::exists(converted)) {
+        *error = QStringLiteral("LibreOffice did not convert the document: ") +
+                 QString::fromLocal8Bit(convert.readAllStandardError());
+        return {};
+    }
+    return converted;
 }
 
 }  // namespace plouvarine::testing

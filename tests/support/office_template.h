@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 namespace plouvarine::testing {
 
@@ -17,6 +18,14 @@ struct OfficeTemplate {
     QByteArray logo;  // the PNG put in the letterhead
     QString error;
 };
+
+// Converts `source` with LibreOffice into `folder` (`arguments` name the
+// filters: "--convert-to", "rtf"...) and gives the converted file's path, or
+// the empty text with `error` set. Each conversion runs with a user profile of
+// its own in `folder`, so that conversions of tests running side by side do
+// not meet in one LibreOffice instance (the second would give up at once).
+QString office_convert(const QString& source, const QString& folder, const QStringList& arguments,
+                       const QString& converted_name, QString* error);
 
 // Writes the text document in `folder` and converts it with LibreOffice.
 OfficeTemplate make_office_template(const QString& folder);
