@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace plouvarine {
 namespace {
 
@@ -32,199 +34,181 @@ protected:
     QTemporaryDir dir;
 };
 
-TEST_F(FilesTest, PathJoinFileNameAndParentFolder)
+TEST_F(FilesTest, PathJoinFileNameParentFolderAndZipExtension)
 {
-    EXPECT_EQ(path_join(QStringLiteral("/srv/club"), QStringLiteral("club.mdb")), QStringLiteral("/srv/club/club.mdb"));
-    EXPECT_EQ(path_join(QStringLiteral("/srv/club/"), QStringLiteral("club.mdb")), QStringLiteral("/srv/club/club.mdb"));
-    EXPECT_EQ(path_join(QStringLiteral("/"), QStringLiteral("tempo")), QStringLiteral("/tempo"));
+    EXPECT_EQ(QStringList({path_join(u"/srv/club"_s, u"club.mdb"_s), path_join(u"/srv/club/"_s, u"club.mdb"_s),
+                           path_join(u"/"_s, u"tempo"_s)}),
+              QStringList({"/srv/club/club.mdb", "/srv/club/club.mdb", "/tempo"}));
+    EXPECT_EQ(QStringList({file_name(u"/srv/club/Hélène.mdb"_s), file_name(u"club.mdb"_s), file_name(u"/srv/club/"_s)}),
+              QStringList({u"Hélène.mdb"_s, u"club.mdb"_s, QString()}));
 
-    EXPECT_EQ(file_name(QStringLiteral("/srv/club/Hélène.mdb")), QStringLiteral("Hélène.mdb"));
-    EXPECT_EQ(file_name(QStringLiteral("club.mdb")), QStringLiteral("club.mdb"));
-    EXPECT_EQ(file_name(QStringLiteral("/srv/club/")), QString());
-
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("club.mdb")), "x"));
+    ASSERT_TRUE(write_bytes(at(u"club.mdb"_s), "x"));
     const QString folder = QFileInfo(dir.path()).absoluteFilePath();
-    EXPECT_EQ(parent_folder(at(QStringLiteral("club.mdb")), false), folder);
-    EXPECT_EQ(parent_folder(at(QStringLiteral("club.mdb")), true), folder + QLatin1Char('/'));
+    EXPECT_EQ(parent_folder(at(u"club.mdb"_s), false), folder);
+    EXPECT_EQ(parent_folder(at(u"club.mdb"_s), true), folder + u'/');
+
+    for (const QString& zip : {u"/srv/maj_base.zip"_s, u"résultats.lxf.zip"_s})
+        EXPECT_TRUE(is_zip(zip)) << zip.toStdString();
+    for (const QString& other : {u"/srv/maj_base.ZIP"_s, u"/srv/maj_base.zip.bak"_s, u"/srv/zip"_s, u"/srv.zip/base"_s})
+        EXPECT_FALSE(is_zip(other)) << other.toStdString();
 }
 
-TEST_F(FilesTest, UniqueNameCountsFromZeroBeforeTheExtension)
+TEST_F(FilesTest, UniqueNameCountsFromZeroBeforeTheExtensionAndUniqueFolderFromOne)
 {
-    const QString source = QStringLiteral("/elsewhere/a.txt");
-    EXPECT_EQ(unique_name(source, dir.path()), at(QStringLiteral("a.txt")));
-
-    write_bytes(at(QStringLiteral("a.txt")), "1");
-    EXPECT_EQ(unique_name(source, dir.path()), at(QStringLiteral("a0.txt")));
-
-    write_bytes(at(QStringLiteral("a0.txt")), "2");
-    EXPECT_EQ(unique_name(source, dir.path()), at(QStringLiteral("a1.txt")));
-
+    const QString source = u"/elsewhere/a.txt"_s;
+    EXPECT_EQ(unique_name(source, dir.path()), at(u"a.txt"_s));
+    write_bytes(at(u"a.txt"_s), "1");
+    EXPECT_EQ(unique_name(source, dir.path()), at(u"a0.txt"_s));
+    write_bytes(at(u"a0.txt"_s), "2");
+    EXPECT_EQ(unique_name(source, dir.path()), at(u"a1.txt"_s));
     // The counter goes before the last extension only; a folder takes the name too.
-    write_bytes(at(QStringLiteral("club.mdb.sav")), "3");
-    QDir().mkdir(at(QStringLiteral("club.mdb0.sav")));
-    EXPECT_EQ(unique_name(QStringLiteral("club.mdb.sav"), dir.path()), at(QStringLiteral("club.mdb1.sav")));
+    write_bytes(at(u"club.mdb.sav"_s), "3");
+    QDir().mkdir(at(u"club.mdb0.sav"_s));
+    EXPECT_EQ(unique_name(u"club.mdb.sav"_s, dir.path()), at(u"club.mdb1.sav"_s));
+    write_bytes(at(u"notes"_s), "4");
+    EXPECT_EQ(unique_name(u"notes"_s, dir.path()), at(u"notes0"_s));
 
-    write_bytes(at(QStringLiteral("notes")), "4");
-    EXPECT_EQ(unique_name(QStringLiteral("notes"), dir.path()), at(QStringLiteral("notes0")));
-}
-
-TEST_F(FilesTest, UniqueFolderCountsFromOne)
-{
-    const QString name = QStringLiteral("tmpexpimp");
+    const QString name = u"tmpexpimp"_s;
     EXPECT_EQ(unique_folder(name, dir.path()), at(name));
     QDir().mkdir(at(name));
-    EXPECT_EQ(unique_folder(name, dir.path()), at(QStringLiteral("tmpexpimp1")));
+    EXPECT_EQ(unique_folder(name, dir.path()), at(u"tmpexpimp1"_s));
     // A file of the name is taken as well: no folder could be made there.
-    write_bytes(at(QStringLiteral("tmpexpimp1")), "x");
-    EXPECT_EQ(unique_folder(name, dir.path() + QLatin1Char('/')), at(QStringLiteral("tmpexpimp2")));
+    write_bytes(at(u"tmpexpimp1"_s), "x");
+    EXPECT_EQ(unique_folder(name, dir.path() + u'/'), at(u"tmpexpimp2"_s));
 }
 
-TEST_F(FilesTest, CopyFileOverReplacesTheWholeTarget)
+TEST_F(FilesTest, CopyFileOverReplacesTheWholeTargetOrKeepsTheOldOne)
 {
     const QByteArray content = random_bytes(5 * 1024 * 1024 + 17);
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("source.bin")), content));
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("target.bin")), random_bytes(6 * 1024 * 1024, 2)));
-
-    ASSERT_TRUE(copy_file_over(at(QStringLiteral("source.bin")), at(QStringLiteral("target.bin"))));
-    EXPECT_EQ(read_bytes(at(QStringLiteral("target.bin"))), content);
-    EXPECT_EQ(read_bytes(at(QStringLiteral("source.bin"))), content);
-    EXPECT_EQ(listing(dir.path()), (QStringList{QStringLiteral("source.bin"), QStringLiteral("target.bin")}));
-
+    ASSERT_TRUE(write_bytes(at(u"source.bin"_s), content));
+    ASSERT_TRUE(write_bytes(at(u"target.bin"_s), random_bytes(6 * 1024 * 1024, 2)));
+    ASSERT_TRUE(copy_file_over(at(u"source.bin"_s), at(u"target.bin"_s)));
+    EXPECT_EQ(read_bytes(at(u"target.bin"_s)), content);
+    EXPECT_EQ(read_bytes(at(u"source.bin"_s)), content);
+    EXPECT_EQ(listing(dir.path()), QStringList({"source.bin", "target.bin"}));
     // An empty file is copied as an empty file.
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("empty")), QByteArray()));
-    ASSERT_TRUE(copy_file_over(at(QStringLiteral("empty")), at(QStringLiteral("target.bin"))));
-    EXPECT_EQ(QFileInfo(at(QStringLiteral("target.bin"))).size(), 0);
-}
+    ASSERT_TRUE(write_bytes(at(u"empty"_s), QByteArray()));
+    ASSERT_TRUE(copy_file_over(at(u"empty"_s), at(u"target.bin"_s)));
+    EXPECT_EQ(QFileInfo(at(u"target.bin"_s)).size(), 0);
 
-TEST_F(FilesTest, CopyFileOverFailureKeepsTheOldTarget)
-{
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("target.bin")), "old content"));
-    EXPECT_FALSE(copy_file_over(at(QStringLiteral("missing.bin")), at(QStringLiteral("target.bin"))));
-    EXPECT_EQ(read_bytes(at(QStringLiteral("target.bin"))), QByteArray("old content"));
-
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("source.bin")), "new"));
-    EXPECT_FALSE(copy_file_over(at(QStringLiteral("source.bin")),
-                                QDir(testing::unwritable_folder(dir.path())).filePath(QStringLiteral("t.bin"))));
+    ASSERT_TRUE(write_bytes(at(u"target.bin"_s), "old content"));
+    EXPECT_FALSE(copy_file_over(at(u"missing.bin"_s), at(u"target.bin"_s)));
+    EXPECT_EQ(read_bytes(at(u"target.bin"_s)), QByteArray("old content"));
+    EXPECT_FALSE(
+        copy_file_over(at(u"source.bin"_s), QDir(testing::unwritable_folder(dir.path())).filePath(u"t.bin"_s)));
 }
 
 TEST_F(FilesTest, CopyFileOverOnAFullDiskLeavesNoHalfWrittenTarget)
 {
-    const QString source = at(QStringLiteral("source.bin"));
-    const QString target = at(QStringLiteral("target.bin"));
+    const QString source = at(u"source.bin"_s);
+    const QString target = at(u"target.bin"_s);
     ASSERT_TRUE(write_bytes(source, random_bytes(3 * 1024 * 1024)));
     ASSERT_TRUE(write_bytes(target, "old content"));
 
     const int code = testing::run_with_file_size_limit(1024 * 1024, [&] {
         QString cause;
-        return copy_file_over(source, target, &cause) ? 1 : cause.startsWith(QStringLiteral("Disque plein : ")) ? 0 : 2;
+        return copy_file_over(source, target, &cause) ? 1 : cause.startsWith(u"Disque plein : "_s) ? 0 : 2;
     });
     EXPECT_EQ(code, 0) << "the failure names a full disk";
     EXPECT_EQ(read_bytes(target), QByteArray("old content"));
-    EXPECT_EQ(listing(dir.path()), (QStringList{QStringLiteral("source.bin"), QStringLiteral("target.bin")}));
+    EXPECT_EQ(listing(dir.path()), QStringList({"source.bin", "target.bin"}));
 }
 
 TEST_F(FilesTest, CopyUniqueKeepsWhatIsThere)
 {
-    QDir().mkdir(at(QStringLiteral("out")));
-    const QString out = at(QStringLiteral("out"));
-    write_bytes(at(QStringLiteral("a.txt")), "new");
-    write_bytes(QDir(out).filePath(QStringLiteral("a.txt")), "old");
-
-    const QString copy = copy_unique(at(QStringLiteral("a.txt")), out);
-    EXPECT_EQ(copy, QDir(out).filePath(QStringLiteral("a0.txt")));
+    const QString out = at(u"out"_s);
+    QDir().mkdir(out);
+    write_bytes(at(u"a.txt"_s), "new");
+    write_bytes(QDir(out).filePath(u"a.txt"_s), "old");
+    const QString copy = copy_unique(at(u"a.txt"_s), out);
+    EXPECT_EQ(copy, QDir(out).filePath(u"a0.txt"_s));
     EXPECT_EQ(read_bytes(copy), QByteArray("new"));
-    EXPECT_EQ(read_bytes(QDir(out).filePath(QStringLiteral("a.txt"))), QByteArray("old"));
-
-    EXPECT_EQ(copy_unique(at(QStringLiteral("missing.txt")), out), QString());
+    EXPECT_EQ(read_bytes(QDir(out).filePath(u"a.txt"_s)), QByteArray("old"));
+    EXPECT_EQ(copy_unique(at(u"missing.txt"_s), out), QString());
 }
 
 TEST_F(FilesTest, MoveFileReplacesTheTargetOrGivesTheErrorAndKeepsTheSource)
 {
-    const QString out = at(QStringLiteral("out"));
+    const QString out = at(u"out"_s);
     QDir().mkdir(out);
-    const QString source = at(QStringLiteral("modele_base.sav"));
+    const QString source = at(u"modele_base.sav"_s);
     write_bytes(source, "new model");
-    write_bytes(QDir(out).filePath(QStringLiteral("modele_base.sav")), "older model, longer");
+    write_bytes(QDir(out).filePath(u"modele_base.sav"_s), "older model, longer");
     make_read_only(source);  // the source is deleted forced
     EXPECT_EQ(move_file(source, out), QString());
     EXPECT_FALSE(QFileInfo::exists(source));
-    EXPECT_EQ(read_bytes(QDir(out).filePath(QStringLiteral("modele_base.sav"))), QByteArray("new model"));
+    EXPECT_EQ(read_bytes(QDir(out).filePath(u"modele_base.sav"_s)), QByteArray("new model"));
 
     // Onto itself: the file stays.
-    const QString base = at(QStringLiteral("club.mdb"));
+    const QString base = at(u"club.mdb"_s);
     write_bytes(base, "data");
-    EXPECT_EQ(move_file(base, dir.path() + QLatin1Char('/')), QString());
+    EXPECT_EQ(move_file(base, dir.path() + u'/'), QString());
     EXPECT_EQ(read_bytes(base), QByteArray("data"));
 
     // Failures give the error text and keep the source.
-    const QString missing = move_file(at(QStringLiteral("missing.txt")), dir.path());
-    EXPECT_TRUE(missing.contains(QStringLiteral("missing.txt"))) << missing.toStdString();
+    const QString missing = move_file(at(u"missing.txt"_s), dir.path());
+    EXPECT_TRUE(missing.contains(u"missing.txt"_s)) << missing.toStdString();
     EXPECT_FALSE(move_file(base, testing::unwritable_folder(dir.path())).isEmpty());
     EXPECT_EQ(read_bytes(base), QByteArray("data"));
 }
 
-TEST_F(FilesTest, DeleteFileForcedRemovesReadOnlyFiles)
+TEST_F(FilesTest, DeletingRemovesReadOnlyFilesAndFoldersWithWhatTheyHold)
 {
-    const QString path = at(QStringLiteral("club.mdb.sav"));
+    const QString path = at(u"club.mdb.sav"_s);
     write_bytes(path, "x");
     make_read_only(path);
     EXPECT_TRUE(delete_file_forced(path));
     EXPECT_FALSE(QFileInfo::exists(path));
     EXPECT_FALSE(delete_file_forced(path));
-}
 
-TEST_F(FilesTest, DeleteFolderRemovesTheFolderWithWhatItHolds)
-{
-    const QString work = at(QStringLiteral("tempo"));
-    QDir().mkpath(work + QStringLiteral("/sub/deeper"));
-    write_bytes(QDir(work).filePath(QStringLiteral(".hidden")), "x");
-    write_bytes(QDir(work).filePath(QStringLiteral("sub/deeper/b.txt")), "x");
-    write_bytes(QDir(work).filePath(QStringLiteral("locked.txt")), "x");
-    make_read_only(QDir(work).filePath(QStringLiteral("locked.txt")));
+    const QString work = at(u"tempo"_s);
+    QDir().mkpath(work + u"/sub/deeper"_s);
+    for (const QString& name : {u".hidden"_s, u"sub/deeper/b.txt"_s, u"locked.txt"_s})
+        write_bytes(QDir(work).filePath(name), "x");
+    make_read_only(QDir(work).filePath(u"locked.txt"_s));
     EXPECT_TRUE(delete_folder(work));
     EXPECT_FALSE(QFileInfo::exists(work));
-    EXPECT_TRUE(delete_folder(at(QStringLiteral("missing"))));
+    EXPECT_TRUE(delete_folder(at(u"missing"_s)));
 }
 
 TEST_F(FilesTest, WholeFileIsPrivateOrKeepsTheModeItReplaces)
 {
-    const QString fresh = at(QStringLiteral("fresh.bin"));
-    ASSERT_TRUE(write_bytes(at(QStringLiteral("source.bin")), "abc"));
-    ASSERT_TRUE(copy_file_over(at(QStringLiteral("source.bin")), fresh));
+    const QString fresh = at(u"fresh.bin"_s);
+    ASSERT_TRUE(write_bytes(at(u"source.bin"_s), "abc"));
+    ASSERT_TRUE(copy_file_over(at(u"source.bin"_s), fresh));
     EXPECT_EQ(file_mode(fresh), 0600);
     QFile::setPermissions(fresh, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
                                      QFileDevice::ReadGroup | QFileDevice::ExeGroup);
-    ASSERT_TRUE(copy_file_over(at(QStringLiteral("source.bin")), fresh));
+    ASSERT_TRUE(copy_file_over(at(u"source.bin"_s), fresh));
     EXPECT_EQ(file_mode(fresh), 0750);  // an executable keeps its run bits
-    ASSERT_TRUE(make_private_folder(at(QStringLiteral("a/b"))));
-    EXPECT_EQ(file_mode(at(QStringLiteral("a"))), 0700);
-    EXPECT_EQ(file_mode(at(QStringLiteral("a/b"))), 0700);
+    ASSERT_TRUE(make_private_folder(at(u"a/b"_s)));
+    EXPECT_EQ(QList<int>({file_mode(at(u"a"_s)), file_mode(at(u"a/b"_s))}), QList<int>({0700, 0700}));
 }
 
-TEST_F(FilesTest, IsZipWantsTheExactExtension)
+TEST_F(FilesTest, SpaceDrivesAndFolderSizes)
 {
-    EXPECT_TRUE(is_zip(QStringLiteral("/srv/maj_base.zip")));
-    EXPECT_TRUE(is_zip(QStringLiteral("résultats.lxf.zip")));
-    EXPECT_FALSE(is_zip(QStringLiteral("/srv/maj_base.ZIP")));
-    EXPECT_FALSE(is_zip(QStringLiteral("/srv/maj_base.zip.bak")));
-    EXPECT_FALSE(is_zip(QStringLiteral("/srv/zip")));
-    EXPECT_FALSE(is_zip(QStringLiteral("/srv.zip/base")));
-}
-
-TEST_F(FilesTest, EnoughSpaceComparesWithTheVolume)
-{
-    const QString small = at(QStringLiteral("small.bin"));
+    const QString small = at(u"small.bin"_s);
     write_bytes(small, random_bytes(1000));
     EXPECT_TRUE(enough_space(small, dir.path()));
     // A folder still to be made is measured on the volume that will hold it.
-    EXPECT_TRUE(enough_space(small, at(QStringLiteral("tempo/sub"))));
+    EXPECT_TRUE(enough_space(small, at(u"tempo/sub"_s)));
     // The drive of a path, made or to be made, is there; no path has none.
     EXPECT_TRUE(drive_ready(dir.path()));
-    EXPECT_TRUE(drive_ready(at(QStringLiteral("tempo/sub"))));
+    EXPECT_TRUE(drive_ready(at(u"tempo/sub"_s)));
     EXPECT_FALSE(drive_ready(QString()));
 
+    const QString work = at(u"tempo"_s);
+    QDir().mkpath(work + u"/a/b"_s);
+    EXPECT_EQ(folder_size(work), 0);
+    write_bytes(QDir(work).filePath(u"empty.txt"_s), QByteArray());
+    EXPECT_EQ(folder_size(work), 0);
+    write_bytes(QDir(work).filePath(u"one.bin"_s), QByteArray(100, 'x'));
+    write_bytes(QDir(work).filePath(u"a/b/.two"_s), QByteArray(23, 'y'));
+    EXPECT_EQ(folder_size(work), 123);
+    EXPECT_EQ(folder_size(at(u"missing"_s)), 0);
+
     // A sparse file larger than the space left.
-    const QString huge = at(QStringLiteral("huge.bin"));
+    const QString huge = at(u"huge.bin"_s);
     QFile f(huge);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     const qint64 available = QStorageInfo(dir.path()).bytesAvailable();
@@ -232,19 +216,6 @@ TEST_F(FilesTest, EnoughSpaceComparesWithTheVolume)
         GTEST_SKIP() << "the file system does not take a sparse file of " << available << " bytes";
     f.close();
     EXPECT_FALSE(enough_space(huge, dir.path()));
-}
-
-TEST_F(FilesTest, FolderSizeCountsFilesAtAnyDepth)
-{
-    const QString work = at(QStringLiteral("tempo"));
-    QDir().mkpath(work + QStringLiteral("/a/b"));
-    EXPECT_EQ(folder_size(work), 0);
-    write_bytes(QDir(work).filePath(QStringLiteral("empty.txt")), QByteArray());
-    EXPECT_EQ(folder_size(work), 0);
-    write_bytes(QDir(work).filePath(QStringLiteral("one.bin")), QByteArray(100, 'x'));
-    write_bytes(QDir(work).filePath(QStringLiteral("a/b/.two")), QByteArray(23, 'y'));
-    EXPECT_EQ(folder_size(work), 123);
-    EXPECT_EQ(folder_size(at(QStringLiteral("missing"))), 0);
 }
 
 }  // namespace

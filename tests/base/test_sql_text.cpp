@@ -7,50 +7,49 @@
 
 #include <stdexcept>
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace plouvarine;
 
 TEST(SqlText, QuoteSqlSurroundsAndDoublesEveryApostrophe)
 {
-    EXPECT_EQ(quote_sql(QStringLiteral("O'Brien")).text(), QStringLiteral("'O''Brien'"));
-    EXPECT_EQ(quote_sql(QStringLiteral("'l''île'")).text(), QStringLiteral("'''l''''île'''"));
-    EXPECT_EQ(quote_sql(QString()).text(), QStringLiteral("''"));
+    EXPECT_EQ(quote_sql(u"O'Brien"_s).text(), u"'O''Brien'"_s);
+    EXPECT_EQ(quote_sql(u"'l''île'"_s).text(), u"'''l''''île'''"_s);
+    EXPECT_EQ(quote_sql(QString()).text(), u"''"_s);
     // A NUL would end the statement where the engine reads it.
-    EXPECT_EQ(quote_sql(QString::fromUtf16(u"Du\0pont'", 8)).text(), QStringLiteral("'Dupont'''"));
+    EXPECT_EQ(quote_sql(QString::fromUtf16(u"Du\0pont'", 8)).text(), u"'Dupont'''"_s);
     // Nothing else is escaped: double quotes, semicolons and backslashes are plain in a literal.
-    EXPECT_EQ(quote_sql(QStringLiteral("\"a\"; b\\c")).text(), QStringLiteral("'\"a\"; b\\c'"));
-    EXPECT_EQ(QStringLiteral("x = ") + quote_sql(QStringLiteral("d'")) + QStringLiteral(" and"),
-              QStringLiteral("x = 'd''' and"));
+    EXPECT_EQ(quote_sql(u"\"a\"; b\\c"_s).text(), u"'\"a\"; b\\c'"_s);
+    EXPECT_EQ(u"x = "_s + quote_sql(u"d'"_s) + u" and"_s, u"x = 'd''' and"_s);
 }
 
 TEST(SqlText, KeysAreDigitsOnly)
 {
-    EXPECT_EQ(sql_key(QStringLiteral("0042")).text(), QStringLiteral("0042"));
-    for (const QString& bad : {QString(), QStringLiteral("1 or 1=1"), QStringLiteral("-1"), QStringLiteral("12a"),
-                               QStringLiteral(" 12"), QStringLiteral("1;"), QString::fromUtf8("١٢")}) {
+    EXPECT_EQ(sql_key(u"0042"_s).text(), u"0042"_s);
+    for (const QString& bad :
+         {QString(), u"1 or 1=1"_s, u"-1"_s, u"12a"_s, u" 12"_s, u"1;"_s, QString::fromUtf8("١٢")}) {
         EXPECT_FALSE(is_sql_key(bad)) << bad.toStdString();
         EXPECT_THROW(sql_key(bad), std::invalid_argument) << bad.toStdString();
     }
-    EXPECT_EQ(sql_keys({QStringLiteral("3"), QStringLiteral("17")}).text(), QStringLiteral("3,17"));
-    EXPECT_THROW(sql_keys({QStringLiteral("3"), QStringLiteral("3)")}), std::invalid_argument);
-    EXPECT_EQ(sql_number(-5).text(), QStringLiteral("-5"));
-    EXPECT_EQ(sql_decimal(12.5).text(), QStringLiteral("12.5"));
-    EXPECT_EQ(bool_text(true).text(), QStringLiteral("true"));
-    EXPECT_EQ(bool_text(false).text(), QStringLiteral("false"));
+    EXPECT_EQ(sql_keys({u"3"_s, u"17"_s}).text(), u"3,17"_s);
+    EXPECT_THROW(sql_keys({u"3"_s, u"3)"_s}), std::invalid_argument);
+    EXPECT_EQ(sql_number(-5).text(), u"-5"_s);
+    EXPECT_EQ(sql_decimal(12.5).text(), u"12.5"_s);
+    EXPECT_EQ(bool_text(true).text(), u"true"_s);
+    EXPECT_EQ(bool_text(false).text(), u"false"_s);
 }
 
 TEST(SqlText, InsertsAndUpdatesShareTheirFields)
 {
-    const SqlFields fields = {{QStringLiteral("Nom"), quote_sql(QStringLiteral("L'Hermine"))},
-                              {QStringLiteral("NbCouloir"), sql_number(6)}};
-    EXPECT_EQ(sql_set(fields), QStringLiteral("Nom = 'L''Hermine', NbCouloir = 6"));
-    EXPECT_EQ(sql_columns(fields), QStringLiteral("Nom, NbCouloir"));
-    EXPECT_EQ(sql_values(fields), QStringLiteral("'L''Hermine', 6"));
+    const SqlFields fields = {{u"Nom"_s, quote_sql(u"L'Hermine"_s)}, {u"NbCouloir"_s, sql_number(6)}};
+    EXPECT_EQ(sql_set(fields), u"Nom = 'L''Hermine', NbCouloir = 6"_s);
+    EXPECT_EQ(sql_columns(fields), u"Nom, NbCouloir"_s);
+    EXPECT_EQ(sql_values(fields), u"'L''Hermine', 6"_s);
     EXPECT_EQ(sql_set({}), QString());
 }
 
 TEST(SqlText, TextOrJoinsQuotedComparisons)
 {
-    EXPECT_EQ(text_or({QStringLiteral("1"), QStringLiteral("O'Brien")}, QStringLiteral("Licence.Nom")),
-              QStringLiteral("Licence.Nom = '1' or Licence.Nom = 'O''Brien'"));
-    EXPECT_EQ(text_or({}, QStringLiteral("Code")), QString());
+    EXPECT_EQ(text_or({u"1"_s, u"O'Brien"_s}, u"Licence.Nom"_s), u"Licence.Nom = '1' or Licence.Nom = 'O''Brien'"_s);
+    EXPECT_EQ(text_or({}, u"Code"_s), QString());
 }

@@ -1,5 +1,5 @@
-// Text helpers: SQL quoting, numbers typed the French way, family names in
-// capitals, and text files that are replaced whole or not at all.
+// Text helpers: French numbers, family names in capitals, and text files
+// replaced whole or not at all.
 
 #include "src/base/text.h"
 #include "support/scripted_services.h"
@@ -9,110 +9,89 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace plouvarine {
 namespace {
 
+using namespace Qt::Literals::StringLiterals;
 using testing::read_bytes;
 using testing::ScriptedServices;
 using testing::write_bytes;
 
-const QString kWriteFailed = QStringLiteral("Une erreur s'est produite lors de l'écriture du fichier.");
+const QString kWriteFailed = u"Une erreur s'est produite lors de l'écriture du fichier."_s;
 
 TEST(SansAccents, FrenchAccentsGoAndTheRestIsInCapitals)
 {
-    EXPECT_EQ(SansAccents(QStringLiteral("Hélène")), QStringLiteral("HELENE"));
-    EXPECT_EQ(SansAccents(QStringLiteral("Çà")), QStringLiteral("CA"));
-    EXPECT_EQ(SansAccents(QStringLiteral("Noël")), QStringLiteral("NOEL"));
-    EXPECT_EQ(SansAccents(QStringLiteral("éèêë àäâ îï ôö üû ç")), QStringLiteral("EEEE AAA II OO UU C"));
-    // Capitals with accents are lowered first, so they lose theirs too.
-    EXPECT_EQ(SansAccents(QStringLiteral("ÉLODIE DE L'ÎLE-BÂTIE")), QStringLiteral("ELODIE DE L'ILE-BATIE"));
-    // Letters outside the list keep their accents.
-    EXPECT_EQ(SansAccents(QStringLiteral("Núñez")), QStringLiteral("NÚÑEZ"));
-    EXPECT_EQ(SansAccents(QStringLiteral("Ÿves Œuvray")), QStringLiteral("ŸVES ŒUVRAY"));
-    EXPECT_EQ(SansAccents(QString()), QString());
+    const std::pair<const char16_t*, const char16_t*> cases[] = {
+        {u"Hélène", u"HELENE"}, {u"Çà", u"CA"}, {u"Noël", u"NOEL"}, {u"", u""},
+        {u"éèêë àäâ îï ôö üû ç", u"EEEE AAA II OO UU C"},
+        // Capitals with accents are lowered first, so they lose theirs too.
+        {u"ÉLODIE DE L'ÎLE-BÂTIE", u"ELODIE DE L'ILE-BATIE"},
+        // Letters outside the list keep their accents.
+        {u"Núñez", u"NÚÑEZ"}, {u"Ÿves Œuvray", u"ŸVES ŒUVRAY"}};
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(SansAccents(QString::fromUtf16(text)), QString::fromUtf16(expected));
 }
 
 TEST(TextToDouble, ReadsTheLeadingNumberLikeVal)
 {
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("12,5")), 12.5);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("12.5")), 12.5);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("3abc")), 3.0);
+    const std::pair<const char16_t*, double> cases[] = {
+        {u"12,5", 12.5}, {u"12.5", 12.5}, {u"3abc", 3}, {u" 7", 7}, {u"abc", 0}, {u"-1,25", -1.25},
+        {u"+4", 4}, {u",5", 0.5}, {u"5,", 5}, {u"-", 0}, {u",", 0}, {u"", 0},
+        // Blanks are skipped anywhere, so thousands typed with spaces read whole.
+        {u"1 234,5", 1234.5}, {u"\t- 3", -3},
+        // Every comma becomes a point, and the second point ends the number.
+        {u"1,234,5", 1.234}, {u"2.10.36", 2.10},
+        // Exponents, and an exponent marker with nothing after it.
+        {u"1e3", 1000}, {u"2,5E-1", 0.25}, {u"4e", 4}, {u"3 m", 3},
+        // Digits other than ASCII ones are no number.
+        {u"٣", 0}};
+    for (const auto& [text, value] : cases)
+        EXPECT_DOUBLE_EQ(text_to_double(QString::fromUtf16(text)), value) << QString::fromUtf16(text).toStdString();
     EXPECT_DOUBLE_EQ(text_to_double(QString()), 0.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral(" 7")), 7.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("abc")), 0.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("-1,25")), -1.25);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("+4")), 4.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral(",5")), 0.5);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("5,")), 5.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("-")), 0.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral(",")), 0.0);
-    // Blanks are skipped anywhere, so thousands typed with spaces read whole.
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("1 234,5")), 1234.5);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("\t- 3")), -3.0);
-    // Every comma becomes a point, and the second point ends the number.
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("1,234,5")), 1.234);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("2.10.36")), 2.10);
-    // Exponents, and an exponent marker with nothing after it.
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("1e3")), 1000.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("2,5E-1")), 0.25);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("4e")), 4.0);
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("3 m")), 3.0);
-    // Digits other than ASCII ones are no number.
-    EXPECT_DOUBLE_EQ(text_to_double(QStringLiteral("٣")), 0.0);
 }
 
 TEST(RoundHalfEven, TiesGoToTheEvenNeighbour)
 {
-    EXPECT_EQ(round_half_even(2.5), 2);
-    EXPECT_EQ(round_half_even(3.5), 4);
-    EXPECT_EQ(round_half_even(0.5), 0);
-    EXPECT_EQ(round_half_even(-2.5), -2);
-    EXPECT_EQ(round_half_even(-3.5), -4);
-    EXPECT_EQ(round_half_even(2.4999), 2);
-    EXPECT_EQ(round_half_even(2.5001), 3);
+    const std::pair<double, int> cases[] = {{2.5, 2},     {3.5, 4},    {0.5, 0},       {-2.5, -2},
+                                            {-3.5, -4},   {2.4999, 2}, {2.5001, 3},    {1e12, INT_MAX}};
+    for (const auto& [value, rounded] : cases)
+        EXPECT_EQ(round_half_even(value), rounded) << value;
     // The archive report: 250000 bytes of a 1000000-byte base save 75 %.
     EXPECT_EQ(round_half_even((1000000.0 - 250000.0) * 100.0 / 1000000.0), 75);
-    EXPECT_EQ(round_half_even(1e12), INT_MAX);
 }
 
-class WriteTextFileTest : public ::testing::Test {
-protected:
-    QString at(const QString& name) const { return QDir(dir.path()).filePath(name); }
+TEST(WriteTextFile, WritesUtf8OverTheOldTextOrKeepsTheOldFileWithTheMessage)
+{
     QTemporaryDir dir;
     ScriptedServices ui;
-};
-
-TEST_F(WriteTextFileTest, WritesUtf8AndReplacesTheOldText)
-{
-    const QString path = at(QStringLiteral("export.txt"));
+    const QString path = dir.filePath(u"export.txt"_s);
     ASSERT_TRUE(write_bytes(path, QByteArray(10000, 'x')));
-    const QString text = QStringLiteral("Nom\tPrénom\r\nNOËL\tHélène\r\n");
+    const QString text = u"Nom\tPrénom\r\nNOËL\tHélène\r\n"_s;
     EXPECT_TRUE(write_text_file(ui, path, text));
     EXPECT_EQ(read_bytes(path), text.toUtf8());
     EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(WriteTextFileTest, FailureShowsTheMessageAndKeepsTheOldFile)
-{
-    const QString path = QDir(testing::unwritable_folder(dir.path())).filePath(QStringLiteral("export.txt"));
-    EXPECT_FALSE(write_text_file(ui, path, QStringLiteral("text")));
+    const QString locked = QDir(testing::unwritable_folder(dir.path())).filePath(u"export.txt"_s);
+    EXPECT_FALSE(write_text_file(ui, locked, u"text"_s));
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
-    EXPECT_TRUE(ui.messages[0].text.endsWith(QLatin1Char('\n') + kWriteFailed)) << ui.messages[0].text.toStdString();
-    EXPECT_TRUE(ui.messages[0].text.contains(path));
+    EXPECT_EQ(ui.messages[0].title, u"Erreur"_s);
+    EXPECT_TRUE(ui.messages[0].text.endsWith(u'\n' + kWriteFailed)) << ui.messages[0].text.toStdString();
+    EXPECT_TRUE(ui.messages[0].text.contains(locked));
 
     // On a full disk, the old file stays whole.
-    QDir().mkdir(at(QStringLiteral("full")));
-    const QString old = at(QStringLiteral("full/old.txt"));
+    QDir().mkdir(dir.filePath(u"full"_s));
+    const QString old = dir.filePath(u"full/old.txt"_s);
     ASSERT_TRUE(write_bytes(old, "previous export"));
     const int code = testing::run_with_file_size_limit(64 * 1024, [&] {
         ScriptedServices child_ui;
-        const bool written = write_text_file(child_ui, old, QString(200000, QLatin1Char('z')));
+        const bool written = write_text_file(child_ui, old, QString(200000, u'z'));
         return !written && child_ui.messages.size() == 1 && child_ui.messages[0].text.endsWith(kWriteFailed) ? 0 : 1;
     });
     EXPECT_EQ(code, 0);
     EXPECT_EQ(read_bytes(old), QByteArray("previous export"));
-    EXPECT_EQ(QDir(at(QStringLiteral("full"))).entryList(QDir::Files), QStringList{QStringLiteral("old.txt")});
+    EXPECT_EQ(QDir(dir.filePath(u"full"_s)).entryList(QDir::Files), QStringList{u"old.txt"_s});
 }
 
 }  // namespace
