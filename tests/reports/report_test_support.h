@@ -74,6 +74,19 @@ inline TextRun run_with(const QTextDocument& document, const QString& text)
     return {};
 }
 
+// How the run holding `text` looks: "family size[ bold][ italic][ underline]".
+inline QString look(const QTextDocument& document, const QString& text)
+{
+    const TextRun run = run_with(document, text);
+    return run.family + QLatin1Char(' ') + QString::number(run.size) + QLatin1String(run.bold ? " bold" : "") +
+           QLatin1String(run.italic ? " italic" : "") + QLatin1String(run.underline ? " underline" : "");
+}
+
+inline Qt::Alignment alignment(const QTextBlock& block)
+{
+    return block.blockFormat().alignment() & Qt::AlignHorizontal_Mask;
+}
+
 inline QTextBlock block_with(const QTextDocument& document, const QString& text)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())

@@ -1,6 +1,5 @@
-// The report templates: filling at the selection, tags replaced once, the
-// loader with the template component, the profile and competition tags read
-// from a real base, and printing to a real PDF.
+// The report templates: tags replaced at the selection, the loader with the
+// template component, tags read from a real base, and printing to a real PDF.
 
 #include "src/reports/rich_text.h"
 #include "src/reports/rtf_writer.h"
@@ -18,11 +17,13 @@
 
 #include <stdexcept>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace plouvarine::testing {
 namespace {
 
 // A document holding `text` in the given font, as the template of a test.
-void set_text(RichBox& rich, const QString& text, const QString& family = QStringLiteral("Arial"))
+void set_text(RichBox& rich, const QString& text, const QString& family = u"Arial"_s)
 {
     QTextCharFormat f;
     f.setFontFamilies(QStringList{family});
@@ -35,95 +36,84 @@ TEST(RichBoxOperations, TagReplacedOnlyAtItsFirstPlaceAfterTheStart)
 {
     ensure_gui_application();
     RichBox rich;
-    set_text(rich, QStringLiteral("<NOM_CLUB> écrit à <NOM_CLUB>"));
-    EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("CN Brest")));
-    EXPECT_EQ(rich.text(), QStringLiteral("CN Brest écrit à <NOM_CLUB>"));
+    set_text(rich, u"<NOM_CLUB> écrit à <NOM_CLUB>"_s);
+    EXPECT_TRUE(RemplacerBalise(rich, u"<NOM_CLUB>"_s, u"CN Brest"_s));
+    EXPECT_EQ(rich.text(), u"CN Brest écrit à <NOM_CLUB>"_s);
 
     // From a start past the first place, the second one changes.
-    set_text(rich, QStringLiteral("<X> puis <X> puis <X>"));
-    EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<X>"), QStringLiteral("b"), 1));
-    EXPECT_EQ(rich.text(), QStringLiteral("<X> puis b puis <X>"));
+    set_text(rich, u"<X> puis <X> puis <X>"_s);
+    EXPECT_TRUE(RemplacerBalise(rich, u"<X>"_s, u"b"_s, 1));
+    EXPECT_EQ(rich.text(), u"<X> puis b puis <X>"_s);
 
     // A tag that is not there writes nothing anywhere.
-    set_text(rich, QStringLiteral("Bonjour"));
+    set_text(rich, u"Bonjour"_s);
     rich.select(3, 0);
-    EXPECT_FALSE(RemplacerBalise(rich, QStringLiteral("<ENGAG>"), QStringLiteral("perdu")));
-    EXPECT_EQ(rich.text(), QStringLiteral("Bonjour"));
+    EXPECT_FALSE(RemplacerBalise(rich, u"<ENGAG>"_s, u"perdu"_s));
+    EXPECT_EQ(rich.text(), u"Bonjour"_s);
 
     // The text takes the tag's font; the tag is found in any case.
-    set_text(rich, QStringLiteral("Ligne <engag_indiv> fin"), QStringLiteral("Courier New"));
-    ASSERT_TRUE(RemplacerBalise(rich, QStringLiteral("<ENGAG_INDIV>"), QStringLiteral("DUPONT\nMARTIN")));
-    EXPECT_EQ(rich.text(), QStringLiteral("Ligne DUPONT\nMARTIN fin"));
+    set_text(rich, u"Ligne <engag_indiv> fin"_s, u"Courier New"_s);
+    ASSERT_TRUE(RemplacerBalise(rich, u"<ENGAG_INDIV>"_s, u"DUPONT\nMARTIN"_s));
+    EXPECT_EQ(rich.text(), u"Ligne DUPONT\nMARTIN fin"_s);
     EXPECT_EQ(rich.document().blockCount(), 2);
-    EXPECT_EQ(run_with(rich.document(), QStringLiteral("MARTIN")).family, QStringLiteral("Courier New"));
+    EXPECT_EQ(run_with(rich.document(), u"MARTIN"_s).family, u"Courier New"_s);
 }
 
 TEST(RichBoxOperations, StylesApplyToWhatIsWrittenAndStop)
 {
     ensure_gui_application();
     RichBox rich;
-    set_text(rich, QStringLiteral("<ENGAG>"));
-    ASSERT_EQ(rich.Find(QStringLiteral("<ENGAG>")), 0);
+    set_text(rich, u"<ENGAG>"_s);
+    ASSERT_EQ(rich.Find(u"<ENGAG>"_s), 0);
     int start = -1, length = -1;
     LirePosition(rich, start, length);
-    EXPECT_EQ(start, 0);
-    EXPECT_EQ(length, 7);
+    EXPECT_EQ(QList<int>({start, length}), QList<int>({0, 7}));
 
-    EcrireSouligne(rich, QStringLiteral("Equipe 1 Homme"), 12);
-    EcrireTexte(rich, QStringLiteral(" / "));
-    EcrireGras(rich, QStringLiteral("gras"));
-    EcrireStyle(rich, QStringLiteral("les deux"), 8, true, true);
-    EcrireTexte(rich, QStringLiteral("fin"), 0);
-    EXPECT_EQ(rich.text(), QStringLiteral("Equipe 1 Homme / grasles deuxfin"));
+    EcrireSouligne(rich, u"Equipe 1 Homme"_s, 12);
+    EcrireTexte(rich, u" / "_s);
+    EcrireGras(rich, u"gras"_s);
+    EcrireStyle(rich, u"les deux"_s, 8, true, true);
+    EcrireTexte(rich, u"fin"_s, 0);
+    EXPECT_EQ(rich.text(), u"Equipe 1 Homme / grasles deuxfin"_s);
 
-    const TextRun heading = run_with(rich.document(), QStringLiteral("Equipe"));
-    EXPECT_TRUE(heading.underline);
-    EXPECT_FALSE(heading.bold);
-    EXPECT_EQ(heading.size, 12);
-    const TextRun plain = run_with(rich.document(), QStringLiteral(" / "));
-    EXPECT_FALSE(plain.underline);
-    EXPECT_EQ(plain.size, 12);  // a size of 0 keeps the size in use
-    EXPECT_TRUE(run_with(rich.document(), QStringLiteral("gras")).bold);
-    const TextRun both = run_with(rich.document(), QStringLiteral("les deux"));
-    EXPECT_TRUE(both.bold && both.underline);
-    EXPECT_EQ(both.size, 8);
-    const TextRun last = run_with(rich.document(), QStringLiteral("fin"));
-    EXPECT_FALSE(last.bold || last.underline);
-    EXPECT_EQ(last.size, 8);
+    // A size of 0 keeps the size in use.
+    const QTextDocument& doc = rich.document();
+    EXPECT_EQ(QStringList({look(doc, u"Equipe"_s), look(doc, u" / "_s), look(doc, u"gras"_s), look(doc, u"les deux"_s),
+                           look(doc, u"fin"_s)}),
+              QStringList({"Arial 12 underline", "Arial 12", "Arial 12 bold", "Arial 8 bold underline", "Arial 8"}));
 
     // Attributes set on a selection change it in place.
     rich.select(0, 6);
     SetGras(rich, true);
-    SetPolice(rich, QStringLiteral("Wingdings"));
-    EXPECT_TRUE(run_with(rich.document(), QStringLiteral("Equipe")).bold);
-    EXPECT_EQ(run_with(rich.document(), QStringLiteral("Equipe")).family, QStringLiteral("Wingdings"));
-    EXPECT_FALSE(run_with(rich.document(), QStringLiteral(" 1 Homme")).bold);
+    SetPolice(rich, u"Wingdings"_s);
+    EXPECT_EQ(QStringList({look(doc, u"Equipe"_s), look(doc, u" 1 Homme"_s)}),
+              QStringList({"Wingdings 12 bold underline", "Arial 12 underline"}));
     SetAlignement(rich, Qt::AlignRight);
-    EXPECT_EQ(rich.document().begin().blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    EXPECT_EQ(alignment(doc.begin()), Qt::AlignRight);
 }
 
 TEST(RichBoxOperations, RichMessageKeepsItsFormattingInPlaceOfTheTag)
 {
     ensure_gui_application();
     RichBox message;
-    set_text(message, QStringLiteral("Rendez-vous "));
+    set_text(message, u"Rendez-vous "_s);
     message.move_to_end();
-    EcrireGras(message, QStringLiteral("à 8 h"));
+    EcrireGras(message, u"à 8 h"_s);
     RichBox rich;
-    set_text(rich, QStringLiteral("Début <MSG_PERSO> suite"), QStringLiteral("Times New Roman"));
-    ASSERT_GE(rich.Find(QStringLiteral("<MSG_PERSO>")), 0);
+    set_text(rich, u"Début <MSG_PERSO> suite"_s, u"Times New Roman"_s);
+    ASSERT_GE(rich.Find(u"<MSG_PERSO>"_s), 0);
     EcrireRich(rich, message);
-    EXPECT_EQ(rich.text(), QStringLiteral("Début Rendez-vous à 8 h suite"));
-    EXPECT_TRUE(run_with(rich.document(), QStringLiteral("à 8 h")).bold);
-    EXPECT_EQ(run_with(rich.document(), QStringLiteral("Rendez-vous")).family, QStringLiteral("Arial"));
-    EXPECT_EQ(run_with(rich.document(), QStringLiteral(" suite")).family, QStringLiteral("Times New Roman"));
+    EXPECT_EQ(rich.text(), u"Début Rendez-vous à 8 h suite"_s);
+    const QTextDocument& doc = rich.document();
+    EXPECT_EQ(QStringList({look(doc, u"Rendez-vous"_s), look(doc, u"à 8 h"_s), look(doc, u" suite"_s)}),
+              QStringList({"Arial 10", "Arial 10 bold", "Times New Roman 10"}));
 
     // A copy of a loaded template is independent of it.
     RichBox copy;
     copy.copy_from(rich);
-    RemplacerBalise(copy, QStringLiteral("Début"), QStringLiteral("X"));
-    EXPECT_TRUE(rich.text().startsWith(QStringLiteral("Début")));
-    EXPECT_TRUE(copy.text().startsWith(QStringLiteral("X ")));
+    RemplacerBalise(copy, u"Début"_s, u"X"_s);
+    EXPECT_EQ(QStringList({rich.text(), copy.text()}),
+              QStringList({u"Début Rendez-vous à 8 h suite"_s, u"X Rendez-vous à 8 h suite"_s}));
 }
 
 class ReportTemplates : public AppFixture {
@@ -134,40 +124,21 @@ protected:
         AppFixture::SetUp();
     }
 
-    void install_component() { install_template_component(); }
-
     QString add_competition(const QString& pool_name)
     {
-        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom, Adresse, Code_Postal, Ville) VALUES ('") +
-                         pool_name + QStringLiteral("', '12 rue du Port', '29200', 'Brest')"));
-        const QString pool = app->db.load_rows(QStringLiteral("SELECT max(Num) FROM Piscine")).first();
+        app->db.exec_sql(u"INSERT INTO Piscine (Nom, Adresse, Code_Postal, Ville) VALUES ('"_s + pool_name +
+                         u"', '12 rue du Port', '29200', 'Brest')"_s);
+        const QString pool = app->db.load_rows(u"SELECT max(Num) FROM Piscine"_s).first();
         app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Nom, Debut, Fin, Lieu, Longueur, Num_Piscine) VALUES "
                                         "('Meeting d''hiver', '20260207', '20260208', 'Brest', 25, ") +
-                         pool + QStringLiteral(")"));
-        return app->db.load_rows(QStringLiteral("SELECT max(AutoNum) FROM Rcomp")).first();
+                         pool + u")"_s);
+        return app->db.load_rows(u"SELECT max(AutoNum) FROM Rcomp"_s).first();
     }
 };
 
-TEST_F(ReportTemplates, MissingComponentNamesTheKindAndBuildsNothing)
-{
-    const QString path = template_path(*app, QStringLiteral("convo"));
-    EXPECT_TRUE(path.endsWith(QStringLiteral("/modeles/convo.rtf")));
-    RichBox rich;
-    EXPECT_FALSE(ChargerModele(*app, path, rich, QStringLiteral("convo")));
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors du chargement du modèle convo")});
-    EXPECT_EQ(ui.messages.at(0).title, QStringLiteral("Erreur"));
-    EXPECT_FALSE(QFile::exists(path));
-
-    // A component file that is no plugin fails the same way.
-    ui.clear();
-    ASSERT_TRUE(write_bytes(template_component_path(*app), "MZ not a plugin"));
-    EXPECT_FALSE(ChargerModele(*app, path, rich, QStringLiteral("convo")));
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors du chargement du modèle convo")});
-}
-
 TEST_F(ReportTemplates, EachKindIsBuiltWithItsTagsThenLoaded)
 {
-    install_component();
+    install_template_component();
     for (const TemplateKind& kind : template_kinds()) {
         SCOPED_TRACE(kind.kind.toStdString());
         const QString path = template_path(*app, kind.kind);
@@ -187,142 +158,154 @@ TEST_F(ReportTemplates, EachKindIsBuiltWithItsTagsThenLoaded)
 
     // The column tags stand in the fixed-width font.
     RichBox slip;
-    ASSERT_TRUE(ChargerModele(*app, template_path(*app, QStringLiteral("bor_engag")), slip, QStringLiteral("bor_engag")));
-    EXPECT_EQ(run_with(slip.document(), tags::kEngagIndiv).family, kFixedFont);
-    EXPECT_EQ(run_with(slip.document(), tags::kEngagRelais).family, kFixedFont);
+    ASSERT_TRUE(ChargerModele(*app, template_path(*app, u"bor_engag"_s), slip, u"bor_engag"_s));
     RichBox convo;
-    ASSERT_TRUE(ChargerModele(*app, template_path(*app, QStringLiteral("convo")), convo, QStringLiteral("convo")));
-    EXPECT_EQ(run_with(convo.document(), tags::kEngag).family, kFixedFont);
+    ASSERT_TRUE(ChargerModele(*app, template_path(*app, u"convo"_s), convo, u"convo"_s));
+    EXPECT_EQ(QStringList({run_with(slip.document(), tags::kEngagIndiv).family,
+                           run_with(slip.document(), tags::kEngagRelais).family,
+                           run_with(convo.document(), tags::kEngag).family}),
+              QStringList(3, kFixedFont));
     EXPECT_NE(run_with(convo.document(), tags::kMsgPerso).family, kFixedFont);
 
     QString error;
-    EXPECT_FALSE(build_template(*app, app->app_file(QStringLiteral("modeles/x.rtf")), QStringLiteral("inconnu"), &error));
-    EXPECT_FALSE(QFile::exists(app->app_file(QStringLiteral("modeles/x.rtf"))));
+    EXPECT_FALSE(build_template(*app, app->app_file(u"modeles/x.rtf"_s), u"inconnu"_s, &error));
+    EXPECT_FALSE(QFile::exists(app->app_file(u"modeles/x.rtf"_s)));
 }
 
-TEST_F(ReportTemplates, AnEditedTemplateIsLoadedAsItIsAndNeverRebuilt)
+TEST_F(ReportTemplates, FailedLoadsNameTheKindAndAnEditedTemplateIsNeverRebuilt)
 {
-    install_component();
-    const QString path = template_path(*app, QStringLiteral("sperf"));
+    const QString convo = template_path(*app, u"convo"_s);
+    EXPECT_TRUE(convo.endsWith(u"/modeles/convo.rtf"_s));
+    RichBox rich;
+    EXPECT_FALSE(ChargerModele(*app, convo, rich, u"convo"_s));
+    EXPECT_EQ(ui.messages.at(0).title, u"Erreur"_s);
+    EXPECT_FALSE(QFile::exists(convo));
+    // A component file that is no plugin fails the same way.
+    ASSERT_TRUE(write_bytes(template_component_path(*app), "MZ not a plugin"));
+    EXPECT_FALSE(ChargerModele(*app, convo, rich, u"convo"_s));
+
+    QFile::remove(template_component_path(*app));
+    install_template_component();
+    const QString path = template_path(*app, u"sperf"_s);
     ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
     ASSERT_TRUE(write_bytes(path, "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Suivi de <NOM_CLUB> modifi\\'e9\\par}"));
-    RichBox rich;
-    ASSERT_TRUE(ChargerModele(*app, path, rich, QStringLiteral("sperf")));
-    EXPECT_EQ(rich.text(), QStringLiteral("Suivi de <NOM_CLUB> modifié"));
+    ASSERT_TRUE(ChargerModele(*app, path, rich, u"sperf"_s));
+    EXPECT_EQ(rich.text(), u"Suivi de <NOM_CLUB> modifié"_s);
     // The absent tag <DATE_MAJ> is skipped with no error.
-    EXPECT_FALSE(RemplacerBalise(rich, tags::kDateMaj, QStringLiteral("1 mars 2026")));
-    EXPECT_EQ(rich.text(), QStringLiteral("Suivi de <NOM_CLUB> modifié"));
+    EXPECT_FALSE(RemplacerBalise(rich, tags::kDateMaj, u"1 mars 2026"_s));
+    EXPECT_EQ(rich.text(), u"Suivi de <NOM_CLUB> modifié"_s);
 
     // A damaged template names its kind; with the build skipped, a missing one too.
     ASSERT_TRUE(write_bytes(path, "pas du RTF"));
-    EXPECT_FALSE(ChargerModele(*app, path, rich, QStringLiteral("sperf")));
-    const QString rec = template_path(*app, QStringLiteral("rec"));
-    EXPECT_FALSE(ChargerModele(*app, rec, rich, QStringLiteral("rec"), true));
+    EXPECT_FALSE(ChargerModele(*app, path, rich, u"sperf"_s));
+    const QString rec = template_path(*app, u"rec"_s);
+    EXPECT_FALSE(ChargerModele(*app, rec, rich, u"rec"_s, true));
     EXPECT_FALSE(QFile::exists(rec));
-    EXPECT_EQ(ui.texts(), (QStringList{QStringLiteral("Erreur lors du chargement du modèle sperf"),
-                                       QStringLiteral("Erreur lors du chargement du modèle rec")}));
+    EXPECT_EQ(ui.texts(), QStringList({u"Erreur lors du chargement du modèle convo"_s,
+                                       u"Erreur lors du chargement du modèle convo"_s,
+                                       u"Erreur lors du chargement du modèle sperf"_s,
+                                       u"Erreur lors du chargement du modèle rec"_s}));
 }
 
 TEST_F(ReportTemplates, ProfileAndCompetitionTagsFromTheBase)
 {
     connect(make_base());
-    install_component();
-    app->state.club_name = QStringLiteral("Cercle Nautique de Brest");
-    app->state.club_code = QStringLiteral("FRA3290290012");
+    install_template_component();
+    app->state.club_name = u"Cercle Nautique de Brest"_s;
+    app->state.club_code = u"FRA3290290012"_s;
     app->clock.set_today(QDate(2026, 2, 1));
-    const QString num = add_competition(QStringLiteral("Piscine de Recouvrance"));
+    const QString num = add_competition(u"Piscine de Recouvrance"_s);
 
     RichBox rich;
-    ASSERT_TRUE(ChargerModele(*app, template_path(*app, QStringLiteral("convo")), rich, QStringLiteral("convo")));
+    ASSERT_TRUE(ChargerModele(*app, template_path(*app, u"convo"_s), rich, u"convo"_s));
     EcrireTagsProfil(*app, rich);
     const auto info = lire_competition(*app, num, true);
     ASSERT_TRUE(info.has_value());
     EcrireTagsCompetition(*app, rich, *info);
     const QString text = rich.text();
     for (const QString& expected :
-         {QStringLiteral("Cercle Nautique de Brest"), QStringLiteral("Code club : FRA3290290012"),
-          QStringLiteral("Le 1 février 2026"), QStringLiteral("Meeting d'hiver"), QStringLiteral("7/02 - 8/02/2026"),
-          QStringLiteral("Bassin : 25 m"), QStringLiteral("Piscine : Piscine de Recouvrance"),
-          QStringLiteral("12 rue du Port"), QStringLiteral("29200 Brest")})
+         {u"Cercle Nautique de Brest"_s, u"Code club : FRA3290290012"_s, u"Le 1 février 2026"_s, u"Meeting d'hiver"_s,
+          u"7/02 - 8/02/2026"_s, u"Bassin : 25 m"_s, u"Piscine : Piscine de Recouvrance"_s, u"12 rue du Port"_s,
+          u"29200 Brest"_s})
         EXPECT_TRUE(text.contains(expected)) << expected.toStdString();
     for (const QString& gone : {tags::kNomClub, tags::kCodeClub, tags::kDateJour, tags::kNomCompet, tags::kDateCompet,
                                 tags::kLieuCompet, tags::kBassin, tags::kNomPiscine, tags::kVillePiscine})
         EXPECT_FALSE(text.contains(gone)) << gone.toStdString();
     // The rich-text export of a filled report reads back as it was.
-    const QString saved = work_file(QStringLiteral("convocation.rtf"));
+    const QString saved = work_file(u"convocation.rtf"_s);
     ASSERT_TRUE(rich.SaveFile(saved));
     RichBox again;
     ASSERT_TRUE(again.LoadFile(saved));
     EXPECT_EQ(again.text(), text);
-    EXPECT_TRUE(run_with(again.document(), QStringLiteral("Meeting")).bold);
-    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Impression information profil utilisateur")));
-    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Ecriture informations sur la compétition")));
+    EXPECT_TRUE(run_with(again.document(), u"Meeting"_s).bold);
+    EXPECT_TRUE(ui.status_history.contains(u"Impression information profil utilisateur"_s));
+    EXPECT_TRUE(ui.status_history.contains(u"Ecriture informations sur la compétition"_s));
 
     // The pool "Null" stands for no pool: the three pool tags vanish.
-    const QString without = add_competition(QStringLiteral("Null"));
+    const QString without = add_competition(u"Null"_s);
     RichBox other;
-    ASSERT_TRUE(ChargerModele(*app, template_path(*app, QStringLiteral("convo")), other, QStringLiteral("convo")));
+    ASSERT_TRUE(ChargerModele(*app, template_path(*app, u"convo"_s), other, u"convo"_s));
     EcrireTagsCompetition(*app, other, *lire_competition(*app, without, true));
-    EXPECT_TRUE(other.text().contains(QStringLiteral("Piscine : \n\n\n")));
-    EXPECT_FALSE(other.text().contains(QStringLiteral("Brest\n29200")));
-    EXPECT_FALSE(other.text().contains(QStringLiteral("Null")));
+    EXPECT_TRUE(other.text().contains(u"Piscine : \n\n\n"_s));
+    EXPECT_FALSE(other.text().contains(u"Brest\n29200"_s));
+    EXPECT_FALSE(other.text().contains(u"Null"_s));
 
-    EXPECT_FALSE(lire_competition(*app, QStringLiteral("9999"), false).has_value());
-    EXPECT_EQ(date_compet_text(QStringLiteral("20261115"), QStringLiteral("20261115")), QStringLiteral("15/11 - 15/11/2026"));
+    EXPECT_FALSE(lire_competition(*app, u"9999"_s, false).has_value());
+    EXPECT_EQ(date_compet_text(u"20261115"_s, u"20261115"_s), u"15/11 - 15/11/2026"_s);
 }
 
 TEST_F(ReportTemplates, AMetafileLogoIsToldAndLeftOutAndTheHeaderIsFilledAndPrinted)
 {
     connect(make_base());
-    app->state.club_name = QStringLiteral("CN Brest");
-    const QString path = template_path(*app, QStringLiteral("rptlic"));
+    app->state.club_name = u"CN Brest"_s;
+    const QString path = template_path(*app, u"rptlic"_s);
     ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
-    ASSERT_TRUE(write_bytes(path, "{\\rtf1\\ansi{\\header Licences du <NOM_CLUB>\\par}{\\footer <NOM_CLUB>, "
-                                  "<NOM_CLUB>\\par}{\\pict\\wmetafile8\\picwgoal600\\pichgoal300 01000900}"
-                                  "Liste de <NOM_CLUB>\\par}"));
+    ASSERT_TRUE(write_bytes(path,
+                            "{\\rtf1\\ansi{\\header Licences du <NOM_CLUB>\\par}{\\footer <NOM_CLUB>, "
+                            "<NOM_CLUB>\\par}{\\pict\\wmetafile8\\picwgoal600\\pichgoal300 01000900}"
+                            "Liste de <NOM_CLUB>\\par}"));
     ReportJob job;
-    job.kind = QStringLiteral("rptlic");
-    job.title = QStringLiteral("Licences");
+    job.kind = u"rptlic"_s;
+    job.title = u"Licences"_s;
     ASSERT_TRUE(imprimer_rapport(*app, job));
     ASSERT_EQ(ui.reports.size(), 1u);
-    EXPECT_EQ(ui.reports.at(0).title, QStringLiteral("Chargement du modèle rptlic"));
+    EXPECT_EQ(ui.reports.at(0).title, u"Chargement du modèle rptlic"_s);
     ASSERT_EQ(ui.reports.at(0).lines.size(), 1u);
-    EXPECT_TRUE(ui.reports.at(0).lines.at(0).text.contains(QStringLiteral("WMF")));
+    EXPECT_TRUE(ui.reports.at(0).lines.at(0).text.contains(u"WMF"_s));
     EXPECT_TRUE(ui.messages.empty());
     ASSERT_EQ(ui.printed.size(), 1u);
-    EXPECT_EQ(ui.printed.at(0).text, QStringLiteral("Liste de CN Brest"));
     // Printed on every page, the header and the footer have all their tags filled.
-    EXPECT_EQ(ui.printed.at(0).header, QStringLiteral("Licences du CN Brest"));
-    EXPECT_EQ(ui.printed.at(0).footer, QStringLiteral("CN Brest, CN Brest"));
+    EXPECT_EQ(QStringList({ui.printed.at(0).text, ui.printed.at(0).header, ui.printed.at(0).footer}),
+              QStringList({"Liste de CN Brest", "Licences du CN Brest", "CN Brest, CN Brest"}));
 }
 
 TEST_F(ReportTemplates, PrintsAFilledReportToPdfAndNothingHalfFilled)
 {
     connect(make_base());
-    install_component();
-    app->state.club_name = QStringLiteral("CN Brest");
-    const QString num = add_competition(QStringLiteral("Piscine de Recouvrance"));
-    const QString pdf = work_file(QStringLiteral("bordereau.pdf"));
+    install_template_component();
+    app->state.club_name = u"CN Brest"_s;
+    const QString num = add_competition(u"Piscine de Recouvrance"_s);
+    const QString pdf = work_file(u"bordereau.pdf"_s);
     ui.print_pdf = pdf;
 
     ReportJob job;
-    job.kind = QStringLiteral("bor_engag");
-    job.title = QStringLiteral("Bordereau");
+    job.kind = u"bor_engag"_s;
+    job.title = u"Bordereau"_s;
     job.competition = num;
     job.fill = [](TempoRapport& tempo) {
-        RemplacerBalise(tempo.rich, tags::kEngagIndiv, QStringLiteral("DUPONT               Jean  100 Nage Libre  1:02.35"));
+        RemplacerBalise(tempo.rich, tags::kEngagIndiv, u"DUPONT               Jean  100 Nage Libre  1:02.35"_s);
         RemplacerBalise(tempo.rich, tags::kEngagRelais, QString());
     };
     ASSERT_TRUE(imprimer_rapport(*app, job));
     ASSERT_EQ(ui.printed.size(), 1u);
-    EXPECT_EQ(ui.printed.at(0).title, QStringLiteral("Bordereau"));
-    EXPECT_TRUE(ui.printed.at(0).text.contains(QStringLiteral("Meeting d'hiver")));
-    EXPECT_TRUE(ui.printed.at(0).text.contains(QStringLiteral("DUPONT")));
-    EXPECT_FALSE(ui.printed.at(0).text.contains(QLatin1Char('<')));
+    EXPECT_EQ(ui.printed.at(0).title, u"Bordereau"_s);
+    for (const QString& filled : {u"Meeting d'hiver"_s, u"DUPONT"_s})
+        EXPECT_TRUE(ui.printed.at(0).text.contains(filled)) << filled.toStdString();
+    EXPECT_FALSE(ui.printed.at(0).text.contains(u'<'));
     const QByteArray bytes = read_bytes(pdf);
     EXPECT_TRUE(bytes.startsWith("%PDF"));
     EXPECT_GT(bytes.size(), 1000);
-    EXPECT_EQ(ui.status_history.last(), QStringLiteral("Impression"));
+    EXPECT_EQ(ui.status_history.last(), u"Impression"_s);
 
     // A filling that fails prints nothing.
     job.fill = [](TempoRapport&) { throw std::runtime_error("lecture impossible"); };
@@ -330,16 +313,16 @@ TEST_F(ReportTemplates, PrintsAFilledReportToPdfAndNothingHalfFilled)
     EXPECT_EQ(ui.printed.size(), 1u);
 
     // A damaged template stops the report with its kind named, before printing.
-    ASSERT_TRUE(write_bytes(template_path(*app, QStringLiteral("bor_engag")), QByteArray()));
+    ASSERT_TRUE(write_bytes(template_path(*app, u"bor_engag"_s), QByteArray()));
     job.fill = nullptr;
     EXPECT_FALSE(imprimer_rapport(*app, job));
     EXPECT_EQ(ui.printed.size(), 1u);
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors du chargement du modèle bor_engag")});
+    EXPECT_EQ(ui.texts(), QStringList{u"Erreur lors du chargement du modèle bor_engag"_s});
 
     // Cancelling the printer choice prints nothing and is no error.
     ui.clear();
     ui.print_answer = false;
-    job.kind = QStringLiteral("rescompet");
+    job.kind = u"rescompet"_s;
     EXPECT_FALSE(imprimer_rapport(*app, job));
     EXPECT_TRUE(ui.messages.empty());
 }

@@ -1,5 +1,5 @@
-// Reading and writing RTF: round trips of every attribute the reports use,
-// files as word processors write them, and damaged data.
+// Reading and writing RTF: round trips, files as word processors write them,
+// and damaged data.
 
 #include "src/base/doc_units.h"
 #include "src/reports/rtf_reader.h"
@@ -15,6 +15,8 @@
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace plouvarine::testing {
 namespace {
@@ -50,31 +52,31 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
     QTextBlockFormat centred;
     centred.setAlignment(Qt::AlignHCenter);
     c.setBlockFormat(centred);
-    c.insertText(QStringLiteral("Convocation "), format(QStringLiteral("Arial"), 16, true));
-    c.insertText(QStringLiteral("du {club} \\ été"), format(QStringLiteral("Arial"), 16, false, true));
+    c.insertText(u"Convocation "_s, format(u"Arial"_s, 16, true));
+    c.insertText(u"du {club} \\ été"_s, format(u"Arial"_s, 16, false, true));
 
     QTextBlockFormat tabs;
     tabs.setAlignment(Qt::AlignLeft);
     tabs.setTabPositions({QTextOption::Tab(100, QTextOption::LeftTab), QTextOption::Tab(350.5, QTextOption::RightTab)});
     tabs.setLeftMargin(28.35);
     c.insertBlock(tabs);
-    c.insertText(QStringLiteral("Nom\tPrénom\t1:02.35"), format(QStringLiteral("Courier New"), 9));
-    c.insertText(QStringLiteral(" souligné"), format(QStringLiteral("Courier New"), 9, false, false, true));
+    c.insertText(u"Nom\tPrénom\t1:02.35"_s, format(u"Courier New"_s, 9));
+    c.insertText(u" souligné"_s, format(u"Courier New"_s, 9, false, false, true));
 
     QTextBlockFormat right;
     right.setAlignment(Qt::AlignRight);
     c.insertBlock(right);
-    c.insertText(QStringLiteral("Łódź – 東京 € œ ¤ 𝄞") + QChar(QChar::LineSeparator) + QStringLiteral("suite"),
-                 format(QStringLiteral("Times New Roman"), 11.5, true, true, true));
+    c.insertText(u"Łódź – 東京 € œ ¤ 𝄞"_s + QChar(QChar::LineSeparator) + u"suite"_s,
+                 format(u"Times New Roman"_s, 11.5, true, true, true));
 
     QTextBlockFormat empty;
     empty.setAlignment(Qt::AlignJustify);
-    c.insertBlock(empty, format(QStringLiteral("Courier New"), 10));
+    c.insertBlock(empty, format(u"Courier New"_s, 10));
 
     QTextBlockFormat next_page;
     next_page.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     c.insertBlock(next_page);
-    c.insertText(QStringLiteral("page 2"), format(QStringLiteral("Arial"), 10));
+    c.insertText(u"page 2"_s, format(u"Arial"_s, 10));
 
     const QByteArray rtf = write_rtf(doc);
     for (const char byte : rtf)
@@ -85,9 +87,9 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
     EXPECT_EQ(back.toPlainText(), doc.toPlainText());
     EXPECT_EQ(runs_of(back), runs_of(doc));
     ASSERT_EQ(back.blockCount(), 5);
-    EXPECT_EQ(back.findBlockByNumber(0).blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
-    EXPECT_EQ(back.findBlockByNumber(2).blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
-    EXPECT_EQ(back.findBlockByNumber(3).blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignJustify);
+    EXPECT_EQ(QList<Qt::Alignment>({alignment(back.findBlockByNumber(0)), alignment(back.findBlockByNumber(2)),
+                                    alignment(back.findBlockByNumber(3))}),
+              QList<Qt::Alignment>({Qt::AlignHCenter, Qt::AlignRight, Qt::AlignJustify}));
     const QTextBlockFormat tabs_back = back.findBlockByNumber(1).blockFormat();
     ASSERT_EQ(tabs_back.tabPositions().size(), 2);
     EXPECT_DOUBLE_EQ(tabs_back.tabPositions().at(0).position, 100);
@@ -95,7 +97,7 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
     EXPECT_NEAR(tabs_back.tabPositions().at(1).position, 350.5, 0.05);
     EXPECT_NEAR(tabs_back.leftMargin(), 28.35, 0.05);
     // The empty paragraph keeps the format of what will be typed there.
-    EXPECT_EQ(back.findBlockByNumber(3).charFormat().fontFamilies().toStringList().value(0), QStringLiteral("Courier New"));
+    EXPECT_EQ(back.findBlockByNumber(3).charFormat().fontFamilies().toStringList().value(0), u"Courier New"_s);
     EXPECT_TRUE(back.findBlockByNumber(4).blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore);
     EXPECT_FALSE(back.findBlockByNumber(2).blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore);
 
@@ -105,9 +107,10 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
 
 TEST_F(Rtf, ParagraphLengthsAreInTheLayoutUnitAndKeepTheirTwipsThroughARoundTrip)
 {
-    const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}"
-                           "\\pard\\li1134\\ri567\\fi1701\\sb113\\sa57\\sl-317\\slmult0\\tx1701\\tqr\\tx9071 A\\par"
-                           "\\pard\\fi-283\\li283\\sl397\\slmult0 B\\par}";
+    const QByteArray rtf =
+        "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}"
+        "\\pard\\li1134\\ri567\\fi1701\\sb113\\sa57\\sl-317\\slmult0\\tx1701\\tqr\\tx9071 A\\par"
+        "\\pard\\fi-283\\li283\\sl397\\slmult0 B\\par}";
     QTextDocument doc;
     ASSERT_TRUE(read_rtf(rtf, doc));
     // 1134 twips, 2 cm, are 75.6 of the layout's 96ths of an inch.
@@ -134,37 +137,29 @@ TEST_F(Rtf, ParagraphLengthsAreInTheLayoutUnitAndKeepTheirTwipsThroughARoundTrip
 
 TEST_F(Rtf, EmptyDocumentAndTrailingEmptyParagraphSurvive)
 {
-    QTextDocument empty;
-    QTextDocument back;
+    QTextDocument empty, two, back;
     ASSERT_TRUE(read_rtf(write_rtf(empty), back));
     EXPECT_EQ(back.blockCount(), 1);
     EXPECT_TRUE(back.toPlainText().isEmpty());
 
-    QTextDocument two;
-    QTextCursor(&two).insertText(QStringLiteral("A\n"));  // "A" and an empty paragraph
-    ASSERT_EQ(two.blockCount(), 2);
+    QTextCursor(&two).insertText(u"A\n"_s);  // "A" and an empty paragraph
     ASSERT_TRUE(read_rtf(write_rtf(two), back));
     EXPECT_EQ(back.blockCount(), 2);
-    EXPECT_EQ(back.toPlainText(), QStringLiteral("A\n"));
+    EXPECT_EQ(back.toPlainText(), u"A\n"_s);
 }
 
 TEST_F(Rtf, ReadsLibreOfficeOutput)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(QStringLiteral("libreoffice_convocation.rtf")), doc));
+    ASSERT_TRUE(read_rtf(read_fixture(u"libreoffice_convocation.rtf"_s), doc));
     EXPECT_EQ(doc.toPlainText(), QStringLiteral("Convocation du club\nCompétition : <NOM_COMPET>\n"
                                                 "Nageur\t<NAGEUR>\t€ 12\n<ENGAG>"));
-    const TextRun title = run_with(doc, QStringLiteral("Convocation"));
-    EXPECT_EQ(title.family, QStringLiteral("Arial"));
-    EXPECT_EQ(title.size, 16);
-    EXPECT_TRUE(title.bold);
-    EXPECT_EQ(doc.begin().blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
+    EXPECT_EQ(look(doc, u"Convocation"_s), u"Arial 16 bold"_s);
+    EXPECT_EQ(alignment(doc.begin()), Qt::AlignHCenter);
     // The font with an alternative name in its entry keeps its own name.
-    EXPECT_EQ(run_with(doc, QStringLiteral("Compétition")).family, QStringLiteral("Liberation Serif"));
-    const TextRun tag = run_with(doc, QStringLiteral("<NOM_COMPET>"));
-    EXPECT_EQ(tag.family, QStringLiteral("Courier New"));
-    EXPECT_TRUE(tag.italic);
-    const QTextBlock tabs = block_with(doc, QStringLiteral("Nageur"));
+    EXPECT_EQ(run_with(doc, u"Compétition"_s).family, u"Liberation Serif"_s);
+    EXPECT_EQ(look(doc, u"<NOM_COMPET>"_s), u"Courier New 10 italic"_s);
+    const QTextBlock tabs = block_with(doc, u"Nageur"_s);
     ASSERT_EQ(tabs.blockFormat().tabPositions().size(), 2);
     EXPECT_DOUBLE_EQ(tabs.blockFormat().tabPositions().at(0).position, units_from_twips(2835));
     EXPECT_EQ(tabs.blockFormat().tabPositions().at(1).type, QTextOption::RightTab);
@@ -174,21 +169,18 @@ TEST_F(Rtf, ReadsLibreOfficeOutput)
 TEST_F(Rtf, ReadsWordOutput)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(QStringLiteral("word_bordereau.rtf")), doc));
+    ASSERT_TRUE(read_rtf(read_fixture(u"word_bordereau.rtf"_s), doc));
     const QString text = doc.toPlainText();
-    EXPECT_EQ(text, QStringLiteral("Bordereau d’engagement\nClub\t<NOM_CLUB>\t€ été souligné fin łódź\n<ENGAG_INDIV>"));
+    EXPECT_EQ(text, u"Bordereau d’engagement\nClub\t<NOM_CLUB>\t€ été souligné fin łódź\n<ENGAG_INDIV>"_s);
     // Nothing of the header, the information block, the style sheet, the
     // pictures or the theme reaches the text.
     for (const char* absent : {"EN-TETE", "Normal", "Secr", "89504e47", "504b03", "Default Paragraph"})
         EXPECT_FALSE(text.contains(QLatin1String(absent))) << absent;
-    const TextRun title = run_with(doc, QStringLiteral("Bordereau"));
-    EXPECT_TRUE(title.bold);
-    EXPECT_EQ(title.size, 14);
-    EXPECT_EQ(title.family, QStringLiteral("Calibri"));
-    EXPECT_TRUE(run_with(doc, QStringLiteral("souligné")).underline);
-    EXPECT_FALSE(run_with(doc, QStringLiteral(" fin")).underline);
-    EXPECT_EQ(run_with(doc, QStringLiteral("<ENGAG_INDIV>")).family, QStringLiteral("Courier New"));
-    const QTextBlockFormat club = block_with(doc, QStringLiteral("<NOM_CLUB>")).blockFormat();
+    EXPECT_EQ(look(doc, u"Bordereau"_s), u"Calibri 14 bold"_s);
+    EXPECT_EQ(look(doc, u"souligné"_s), u"Calibri 11 underline"_s);
+    EXPECT_EQ(look(doc, u" fin"_s), u"Calibri 11"_s);
+    EXPECT_EQ(run_with(doc, u"<ENGAG_INDIV>"_s).family, u"Courier New"_s);
+    const QTextBlockFormat club = block_with(doc, u"<NOM_CLUB>"_s).blockFormat();
     EXPECT_NEAR(club.leftMargin(), units_from_twips(567), 0.01);
     ASSERT_EQ(club.tabPositions().size(), 2);
     EXPECT_EQ(club.tabPositions().at(1).type, QTextOption::RightTab);
@@ -197,20 +189,18 @@ TEST_F(Rtf, ReadsWordOutput)
 TEST_F(Rtf, ReadsWordPadOutputWithPicturesBinaryAndPageBreak)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(QStringLiteral("wordpad_bordereau.rtf")), doc));
+    ASSERT_TRUE(read_rtf(read_fixture(u"wordpad_bordereau.rtf"_s), doc));
     EXPECT_EQ(doc.toPlainText(),
-              QStringLiteral("Le <DATE_JOUR>\nGras italique normal\nseconde ligne\n\n<ENGAG_INDIV>\nPage deux \u05D0 fin"));
+              u"Le <DATE_JOUR>\nGras italique normal\nseconde ligne\n\n<ENGAG_INDIV>\nPage deux \u05D0 fin"_s);
     // The line break stays inside its paragraph.
     EXPECT_EQ(doc.blockCount(), 5);
     EXPECT_EQ(doc.findBlockByNumber(1).text(),
-              QStringLiteral("Gras italique normal") + QChar(QChar::LineSeparator) + QStringLiteral("seconde ligne"));
-    EXPECT_EQ(doc.begin().blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
-    EXPECT_TRUE(run_with(doc, QStringLiteral("Gras")).bold);
-    EXPECT_TRUE(run_with(doc, QStringLiteral("italique")).italic);
-    EXPECT_FALSE(run_with(doc, QStringLiteral(" normal")).italic);
-    EXPECT_EQ(run_with(doc, QStringLiteral("<ENGAG_INDIV>")).family, QStringLiteral("Courier New"));
-    EXPECT_TRUE(block_with(doc, QStringLiteral("Page deux")).blockFormat().pageBreakPolicy() &
-                QTextFormat::PageBreak_AlwaysBefore);
+              u"Gras italique normal"_s + QChar(QChar::LineSeparator) + u"seconde ligne"_s);
+    EXPECT_EQ(alignment(doc.begin()), Qt::AlignRight);
+    EXPECT_EQ(QStringList({look(doc, u"Gras"_s), look(doc, u"italique"_s), look(doc, u" normal"_s),
+                           look(doc, u"<ENGAG_INDIV>"_s)}),
+              QStringList({"Calibri 11 bold", "Calibri 11 italic", "Calibri 11", "Courier New 10"}));
+    EXPECT_TRUE(block_with(doc, u"Page deux"_s).blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore);
 }
 
 TEST_F(Rtf, DamagedDataLoadsWhatItCanAndNeverCrashes)
@@ -221,16 +211,16 @@ TEST_F(Rtf, DamagedDataLoadsWhatItCanAndNeverCrashes)
     EXPECT_FALSE(error.isEmpty());
     EXPECT_FALSE(read_rtf("   \r\n", doc, &error));
     EXPECT_FALSE(read_rtf("Bonjour <NOM_CLUB>", doc, &error));
-    EXPECT_EQ(error, QStringLiteral("Le fichier n'est pas au format RTF."));
-    EXPECT_FALSE(load_rtf_file(QStringLiteral("/nonexistent/modele.rtf"), doc, &error));
+    EXPECT_EQ(error, u"Le fichier n'est pas au format RTF."_s);
+    EXPECT_FALSE(load_rtf_file(u"/nonexistent/modele.rtf"_s, doc, &error));
 
     // Truncated in the middle of a run: the text up to the cut.
-    const QByteArray whole = read_fixture(QStringLiteral("word_bordereau.rtf"));
+    const QByteArray whole = read_fixture(u"word_bordereau.rtf"_s);
     const qsizetype cut = whole.indexOf("soulign");
     ASSERT_GT(cut, 0);
     ASSERT_TRUE(read_rtf(whole.left(cut + 4), doc));
-    EXPECT_TRUE(doc.toPlainText().startsWith(QStringLiteral("Bordereau d’engagement\nClub\t<NOM_CLUB>")));
-    EXPECT_TRUE(doc.toPlainText().endsWith(QStringLiteral("soul")));
+    EXPECT_TRUE(doc.toPlainText().startsWith(u"Bordereau d’engagement\nClub\t<NOM_CLUB>"_s));
+    EXPECT_TRUE(doc.toPlainText().endsWith(u"soul"_s));
 
     // Every prefix of a real file reads without harm.
     for (qsizetype n = 0; n <= whole.size(); n += 97)
@@ -248,50 +238,49 @@ TEST_F(Rtf, DamagedDataLoadsWhatItCanAndNeverCrashes)
     for (const QByteArray& data : damaged)
         EXPECT_TRUE(read_rtf(data, doc)) << data.left(40).toStdString();
     ASSERT_TRUE(read_rtf(damaged[0], doc));
-    EXPECT_EQ(doc.toPlainText(), QStringLiteral("a"));
+    EXPECT_EQ(doc.toPlainText(), u"a"_s);
     ASSERT_TRUE(read_rtf(damaged[1], doc));
-    EXPECT_EQ(doc.toPlainText(), QStringLiteral("deep"));
+    EXPECT_EQ(doc.toPlainText(), u"deep"_s);
 }
 
 TEST_F(Rtf, SaveReplacesTheFileOnlyWhenWritten)
 {
     QTemporaryDir dir;
-    QTextDocument doc;
-    QTextCursor(&doc).insertText(QStringLiteral("modèle"));
-    const QString path = dir.filePath(QStringLiteral("a.rtf"));
+    QTextDocument doc, back;
+    QTextCursor(&doc).insertText(u"modèle"_s);
+    const QString path = dir.filePath(u"a.rtf"_s);
     ASSERT_TRUE(save_rtf_file(doc, path));
-    QTextDocument back;
     ASSERT_TRUE(load_rtf_file(path, back));
-    EXPECT_EQ(back.toPlainText(), QStringLiteral("modèle"));
+    EXPECT_EQ(back.toPlainText(), u"modèle"_s);
     QString error;
-    EXPECT_FALSE(save_rtf_file(doc, dir.filePath(QStringLiteral("missing/a.rtf")), &error));
+    EXPECT_FALSE(save_rtf_file(doc, dir.filePath(u"missing/a.rtf"_s), &error));
     EXPECT_FALSE(error.isEmpty());
 }
 
 TEST_F(Rtf, ReadsWhatLibreOfficeConverts)
 {
-    const QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    const QString soffice = QStandardPaths::findExecutable(u"soffice"_s);
     if (soffice.isEmpty())
         GTEST_SKIP() << "soffice is not installed";
     QTemporaryDir dir;
-    const QString html = dir.filePath(QStringLiteral("modele.html"));
+    const QString html = dir.filePath(u"modele.html"_s);
     QFile file(html);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<html><body><p align=center><b>Bordereau</b></p><p><i>Comp&eacute;tition</i> "
-               "&lt;NOM_COMPET&gt; &#8364;</p></body></html>");
+    file.write(
+        "<html><body><p align=center><b>Bordereau</b></p><p><i>Comp&eacute;tition</i> "
+        "&lt;NOM_COMPET&gt; &#8364;</p></body></html>");
     file.close();
     // Imported into the word processor proper: its web module has no RTF export.
     QString error;
-    const QString rtf = office_convert(html, dir.path(),
-                                       {QStringLiteral("--infilter=HTML (StarWriter)"), QStringLiteral("--convert-to"),
-                                        QStringLiteral("rtf:Rich Text Format")},
-                                       QStringLiteral("modele.rtf"), &error);
+    const QString rtf = office_convert(
+        html, dir.path(), {u"--infilter=HTML (StarWriter)"_s, u"--convert-to"_s, u"rtf:Rich Text Format"_s},
+        u"modele.rtf"_s, &error);
     ASSERT_FALSE(rtf.isEmpty()) << error.toStdString();
     QTextDocument doc;
     ASSERT_TRUE(load_rtf_file(rtf, doc));
-    EXPECT_TRUE(doc.toPlainText().contains(QStringLiteral("Compétition <NOM_COMPET> €")));
-    EXPECT_TRUE(run_with(doc, QStringLiteral("Bordereau")).bold);
-    EXPECT_TRUE(run_with(doc, QStringLiteral("Compétition")).italic);
+    EXPECT_TRUE(doc.toPlainText().contains(u"Compétition <NOM_COMPET> €"_s));
+    EXPECT_TRUE(run_with(doc, u"Bordereau"_s).bold);
+    EXPECT_TRUE(run_with(doc, u"Compétition"_s).italic);
 }
 
 }  // namespace

@@ -19,6 +19,8 @@
 #include <QTextTable>
 #include <gtest/gtest.h>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace plouvarine::testing {
 namespace {
 
@@ -46,28 +48,40 @@ std::vector<Picture> pictures_of(const QTextDocument& document)
     return out;
 }
 
-std::vector<QTextTable*> tables_of(const QTextDocument& document)
+// The one table of a document: each row its cells' texts joined with "|".
+QStringList table_rows(const QTextDocument& document, QTextTable** found = nullptr)
 {
-    std::vector<QTextTable*> out;
+    QTextTable* table = nullptr;
     for (QTextFrame* frame : document.rootFrame()->childFrames())
-        if (auto* table = qobject_cast<QTextTable*>(frame))
-            out.push_back(table);
+        if (auto* t = qobject_cast<QTextTable*>(frame)) {
+            EXPECT_EQ(table, nullptr) << "a second table";
+            table = t;
+        }
+    if (found)
+        *found = table;
+    QStringList rows;
+    for (int row = 0; table && row < table->rows(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < table->columns(); ++column) {
+            const QTextTableCell cell = table->cellAt(row, column);
+            QTextCursor cursor = cell.firstCursorPosition();
+            cursor.setPosition(cell.lastPosition(), QTextCursor::KeepAnchor);
+            cells << cursor.selectedText();
+        }
+        rows << cells.join(u'|');
+    }
+    return rows;
+}
+
+// The list of the paragraph holding each text: its style and its number of items.
+QList<std::pair<int, int>> lists_with(const QTextDocument& document, const QStringList& texts)
+{
+    QList<std::pair<int, int>> out;
+    for (const QString& text : texts) {
+        const QTextList* list = block_with(document, text).textList();
+        out << (list ? std::pair{int(list->format().style()), list->count()} : std::pair{0, 0});
+    }
     return out;
-}
-
-QString cell_text(QTextTable* table, int row, int column)
-{
-    const QTextTableCell cell = table->cellAt(row, column);
-    QTextCursor cursor = cell.firstCursorPosition();
-    cursor.setPosition(cell.lastPosition(), QTextCursor::KeepAnchor);
-    return cursor.selectedText();
-}
-
-// The list of the paragraph holding `text`: its style and its number of items.
-std::pair<int, int> list_with(const QTextDocument& document, const QString& text)
-{
-    const QTextList* list = block_with(document, text).textList();
-    return list ? std::pair{int(list->format().style()), list->count()} : std::pair{0, 0};
 }
 
 QByteArray round_trip(const QTextDocument& document, QTextDocument& back)
@@ -85,7 +99,7 @@ TEST_F(RtfLayout, LibreOfficeTemplateKeepsLogoTableListHeaderAndFooterThroughARo
         GTEST_SKIP() << made.error.toStdString();
     RichBox rich;
     ASSERT_TRUE(rich.LoadFile(made.rtf));
-    EXPECT_TRUE(rich.load_notes().isEmpty()) << rich.load_notes().join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(rich.load_notes().isEmpty()) << rich.load_notes().join(u'\n').toStdString();
 
     const auto pictures = pictures_of(rich.document());
     ASSERT_EQ(pictures.size(), 1u);  // the WMF stand-in is not taken as a second picture
@@ -94,34 +108,25 @@ TEST_F(RtfLayout, LibreOfficeTemplateKeepsLogoTableListHeaderAndFooterThroughARo
     EXPECT_NEAR(pictures[0].width, 4 / 2.54 * 96, 2);  // 4 cm in the layout's unit
     EXPECT_NEAR(pictures[0].height, 2 / 2.54 * 96, 2);
 
-    const auto tables = tables_of(rich.document());
-    ASSERT_EQ(tables.size(), 1u);
-    QTextTable* table = tables[0];
-    ASSERT_EQ(table->rows(), 2);
-    ASSERT_EQ(table->columns(), 2);
-    EXPECT_EQ(cell_text(table, 0, 0), QStringLiteral("Club"));
-    EXPECT_EQ(cell_text(table, 1, 1), QStringLiteral("<CODE_CLUB>"));
+    QTextTable* table = nullptr;
+    EXPECT_EQ(table_rows(rich.document(), &table), QStringList({"Club|<NOM_CLUB>", "Code|<CODE_CLUB>"}));
+    ASSERT_TRUE(table);
     const QList<QTextLength> widths = table->format().columnWidthConstraints();
     ASSERT_EQ(widths.size(), 2);
     EXPECT_NEAR(widths[1].rawValue() / widths[0].rawValue(), 2.0, 0.1);  // 8 cm beside 4 cm
     EXPECT_GT(table->cellAt(0, 0).format().toTableCellFormat().topBorder(), 0);
-
-    EXPECT_EQ(list_with(rich.document(), QStringLiteral("Bonnet")),
-              std::pair(int(QTextListFormat::ListDisc), 2));
-    EXPECT_EQ(block_with(rich.document(), QStringLiteral("Licence")).text(), QStringLiteral("Licence à jour"));
+    EXPECT_EQ(block_with(rich.document(), u"Licence"_s).text(), u"Licence à jour"_s);
     EXPECT_TRUE(rich.page_setup().header);
-    EXPECT_EQ(rich.header().toPlainText().trimmed(), QStringLiteral("En-tête du <NOM_CLUB>"));
-    EXPECT_EQ(rich.footer().toPlainText().trimmed(), QStringLiteral("Pied de page du club"));
-    const QMarginsF margins = rich.page_layout().margins(QPageLayout::Millimeter);
-    EXPECT_NEAR(margins.left(), 25, 0.5);
+    EXPECT_EQ(rich.footer().toPlainText().trimmed(), u"Pied de page du club"_s);
     EXPECT_EQ(rich.page_layout().orientation(), QPageLayout::Portrait);
 
     // Tags inside cells are found like any other.
-    EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("Cercle des nageurs")));
-    EXPECT_EQ(cell_text(table, 0, 1), QStringLiteral("Cercle des nageurs"));
+    EXPECT_TRUE(RemplacerBalise(rich, u"<NOM_CLUB>"_s, u"Cercle des nageurs"_s));
+    const QStringList filled = {u"Club|Cercle des nageurs"_s, u"Code|<CODE_CLUB>"_s};
+    EXPECT_EQ(table_rows(rich.document()), filled);
 
     // Saved and read again: the same picture bytes, cells, list, header and page.
-    const QString saved = dir.filePath(QStringLiteral("saved.rtf"));
+    const QString saved = dir.filePath(u"saved.rtf"_s);
     ASSERT_TRUE(rich.SaveFile(saved));
     RichBox back;
     ASSERT_TRUE(back.LoadFile(saved));
@@ -129,14 +134,12 @@ TEST_F(RtfLayout, LibreOfficeTemplateKeepsLogoTableListHeaderAndFooterThroughARo
     ASSERT_EQ(pictures_back.size(), 1u);
     EXPECT_EQ(pictures_back[0].bytes, pictures[0].bytes);
     EXPECT_NEAR(pictures_back[0].width, pictures[0].width, 0.1);
-    const auto tables_back = tables_of(back.document());
-    ASSERT_EQ(tables_back.size(), 1u);
-    ASSERT_EQ(tables_back[0]->rows(), 2);
-    EXPECT_EQ(cell_text(tables_back[0], 0, 1), QStringLiteral("Cercle des nageurs"));
-    EXPECT_EQ(cell_text(tables_back[0], 1, 0), QStringLiteral("Code"));
-    EXPECT_EQ(list_with(back.document(), QStringLiteral("Bonnet")), std::pair(int(QTextListFormat::ListDisc), 2));
-    EXPECT_EQ(back.header().toPlainText().trimmed(), QStringLiteral("En-tête du <NOM_CLUB>"));
-    EXPECT_NEAR(back.page_layout().margins(QPageLayout::Millimeter).left(), 25, 0.5);
+    EXPECT_EQ(table_rows(back.document()), filled);
+    for (RichBox* box : {&rich, &back}) {
+        EXPECT_EQ(lists_with(box->document(), {u"Bonnet"_s}), QList({std::pair(int(QTextListFormat::ListDisc), 2)}));
+        EXPECT_EQ(box->header().toPlainText().trimmed(), u"En-tête du <NOM_CLUB>"_s);
+        EXPECT_NEAR(box->page_layout().margins(QPageLayout::Millimeter).left(), 25, 0.5);
+    }
 
     // The word processor's file cut anywhere: read up to the cut, never a failure.
     QFile file(made.rtf);
@@ -156,9 +159,10 @@ TEST_F(RtfLayout, PicturesInEveryFormWordWritesThemAndTheOnesThatCannotBeDrawn)
     const QByteArray png = solid_png(6, 3, Qt::blue);
     // Binary data in \bin, scaled to half its goal width, inside \shppict with a
     // metafile stand-in that is not drawn beside it.
-    QByteArray rtf = "{\\rtf1\\ansi{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn wzName}{\\sv Logo}}}"
-                     "\\picscalex50\\picscaley100\\picw6\\pich3\\picwgoal1440\\pichgoal720\\pngblip\\bin" +
-                     QByteArray::number(png.size()) + " " + png + "}}{\\nonshppict{\\pict\\wmetafile8 0100}}";
+    QByteArray rtf =
+        "{\\rtf1\\ansi{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn wzName}{\\sv Logo}}}"
+        "\\picscalex50\\picscaley100\\picw6\\pich3\\picwgoal1440\\pichgoal720\\pngblip\\bin" +
+        QByteArray::number(png.size()) + " " + png + "}}{\\nonshppict{\\pict\\wmetafile8 0100}}";
     // An EMF with a PNG stand-in: the stand-in is drawn, nothing is noted.
     rtf += "{\\*\\shppict{\\pict\\emfblip 01000000}}{\\nonshppict{\\pict\\pngblip " + png.toHex() + "}}";
     // A WMF alone and an EMF whose stand-in is a WMF: one note each, no failure.
@@ -170,13 +174,13 @@ TEST_F(RtfLayout, PicturesInEveryFormWordWritesThemAndTheOnesThatCannotBeDrawn)
     const auto pictures = pictures_of(doc);
     ASSERT_EQ(pictures.size(), 2u);
     EXPECT_EQ(pictures[0].bytes, png);
-    EXPECT_NEAR(pictures[0].width, 720 / 15.0, 0.01);   // 1 inch at 50 %
+    EXPECT_NEAR(pictures[0].width, 720 / 15.0, 0.01);  // 1 inch at 50 %
     EXPECT_NEAR(pictures[0].height, 720 / 15.0, 0.01);
-    EXPECT_NEAR(pictures[1].width, 6, 0.01);             // no goal: its pixels
+    EXPECT_NEAR(pictures[1].width, 6, 0.01);  // no goal: its pixels
     ASSERT_EQ(extras.notes.size(), 2);
-    EXPECT_TRUE(extras.notes[0].contains(QStringLiteral("WMF")));
-    EXPECT_TRUE(extras.notes[1].contains(QStringLiteral("EMF")));
-    EXPECT_TRUE(doc.toPlainText().endsWith(QStringLiteral("fin")));
+    EXPECT_TRUE(extras.notes[0].contains(u"WMF"_s));
+    EXPECT_TRUE(extras.notes[1].contains(u"EMF"_s));
+    EXPECT_TRUE(doc.toPlainText().endsWith(u"fin"_s));
 
     // A damaged PNG is left out the same way.
     QTextDocument damaged;
@@ -184,7 +188,7 @@ TEST_F(RtfLayout, PicturesInEveryFormWordWritesThemAndTheOnesThatCannotBeDrawn)
     ASSERT_TRUE(read_rtf("{\\rtf1{\\pict\\pngblip 89504e470d0a1a0a0000}ok\\par}", damaged, nullptr, &damaged_extras));
     EXPECT_TRUE(pictures_of(damaged).empty());
     EXPECT_EQ(damaged_extras.notes.size(), 1);
-    EXPECT_EQ(damaged.toPlainText(), QStringLiteral("ok"));
+    EXPECT_EQ(damaged.toPlainText(), u"ok"_s);
 
     // JPEG comes back byte for byte too.
     QImage photo(20, 10, QImage::Format_RGB32);
@@ -193,13 +197,13 @@ TEST_F(RtfLayout, PicturesInEveryFormWordWritesThemAndTheOnesThatCannotBeDrawn)
     QBuffer buffer(&jpeg);
     buffer.open(QIODevice::WriteOnly);
     photo.save(&buffer, "JPEG");
-    QTextDocument with_jpeg;
+    QTextDocument with_jpeg, back;
     ASSERT_TRUE(read_rtf("{\\rtf1{\\pict\\jpegblip\\picwgoal300\\pichgoal150 " + jpeg.toHex() + "}\\par}", with_jpeg));
-    QTextDocument back;
     round_trip(with_jpeg, back);
-    ASSERT_EQ(pictures_of(back).size(), 1u);
-    EXPECT_EQ(pictures_of(back)[0].bytes, jpeg);
-    EXPECT_NEAR(pictures_of(back)[0].width, 20, 0.01);
+    const auto jpeg_back = pictures_of(back);
+    ASSERT_EQ(jpeg_back.size(), 1u);
+    EXPECT_EQ(jpeg_back[0].bytes, jpeg);
+    EXPECT_NEAR(jpeg_back[0].width, 20, 0.01);
 }
 
 TEST_F(RtfLayout, WordTablesWithMergedCellsAlignmentAndTagsSurviveARoundTrip)
@@ -217,42 +221,32 @@ TEST_F(RtfLayout, WordTablesWithMergedCellsAlignmentAndTagsSurviveARoundTrip)
         "\\pard Apr\\'e8s\\par}";
     RichBox rich;
     ASSERT_TRUE(read_rtf(rtf, rich.document()));
-    auto tables = tables_of(rich.document());
-    ASSERT_EQ(tables.size(), 1u);
-    QTextTable* table = tables[0];
-    ASSERT_EQ(table->rows(), 3);
-    ASSERT_EQ(table->columns(), 2);
-    EXPECT_EQ(table->cellAt(0, 0).columnSpan(), 2);
-    EXPECT_EQ(table->cellAt(1, 0).rowSpan(), 2);
-    EXPECT_EQ(cell_text(table, 0, 0), QStringLiteral("Réponse"));
-    EXPECT_EQ(table->cellAt(0, 0).firstCursorPosition().blockFormat().alignment() & Qt::AlignHorizontal_Mask,
-              Qt::AlignHCenter);
-    EXPECT_EQ(table->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
+    QTextTable* table = nullptr;
+    EXPECT_EQ(table_rows(rich.document(), &table).size(), 3);
+    ASSERT_TRUE(table);
+    EXPECT_EQ(alignment(table->cellAt(0, 0).firstCursorPosition().block()), Qt::AlignHCenter);
     EXPECT_NEAR(table->format().columnWidthConstraints().at(1).rawValue(), 4000 / 15.0, 0.01);
-    EXPECT_TRUE(rich.text().endsWith(QStringLiteral("Après")));
     // The table opens the page: the paragraph a document keeps before it takes no room.
     EXPECT_LE(rich.document().documentLayout()->blockBoundingRect(rich.document().begin()).height(), 2);
 
     // Tags in cells, one of them split over two runs, are replaced in place.
-    EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<NAGEUR>"), QStringLiteral("Marie Le Goff")));
-    EXPECT_TRUE(RemplacerBalise(rich, QStringLiteral("<LICENCE>"), QStringLiteral("123456")));
-    EXPECT_EQ(cell_text(table, 1, 1), QStringLiteral("Marie Le Goff"));
-    EXPECT_TRUE(run_with(rich.document(), QStringLiteral("Marie")).bold);
+    EXPECT_TRUE(RemplacerBalise(rich, u"<NAGEUR>"_s, u"Marie Le Goff"_s));
+    EXPECT_TRUE(RemplacerBalise(rich, u"<LICENCE>"_s, u"123456"_s));
+    EXPECT_TRUE(run_with(rich.document(), u"Marie"_s).bold);
 
     QTextDocument back;
     round_trip(rich.document(), back);
-    tables = tables_of(back);
-    ASSERT_EQ(tables.size(), 1u);
-    ASSERT_EQ(tables[0]->rows(), 3);
-    EXPECT_EQ(tables[0]->cellAt(0, 0).columnSpan(), 2);
-    EXPECT_EQ(tables[0]->cellAt(1, 0).rowSpan(), 2);
-    EXPECT_EQ(cell_text(tables[0], 1, 1), QStringLiteral("Marie Le Goff"));
-    EXPECT_EQ(cell_text(tables[0], 2, 1), QStringLiteral("123456") + QChar(QChar::ParagraphSeparator) +
-                                              QStringLiteral("second"));
-    EXPECT_GT(tables[0]->cellAt(0, 0).format().toTableCellFormat().bottomBorder(), 0);
-    EXPECT_EQ(tables[0]->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
-    EXPECT_TRUE(back.toPlainText().endsWith(QStringLiteral("Après")));
     EXPECT_EQ(back.toPlainText(), rich.text());  // no paragraph added before the table
+    for (const QTextDocument* doc : std::initializer_list<const QTextDocument*>{&rich.document(), &back}) {
+        const QStringList rows = table_rows(*doc, &table);
+        ASSERT_TRUE(table);
+        EXPECT_EQ(rows, QStringList({u"Réponse|Réponse"_s, u"Nageur|Marie Le Goff"_s,
+                                     u"Nageur|123456"_s + QChar(QChar::ParagraphSeparator) + u"second"_s}));
+        EXPECT_EQ(QList<int>({table->cellAt(0, 0).columnSpan(), table->cellAt(1, 0).rowSpan()}), QList<int>({2, 2}));
+        EXPECT_GT(table->cellAt(0, 0).format().toTableCellFormat().bottomBorder(), 0);
+        EXPECT_EQ(table->cellAt(1, 1).format().verticalAlignment(), QTextCharFormat::AlignMiddle);
+        EXPECT_TRUE(doc->toPlainText().endsWith(u"Après"_s));
+    }
 
     // Cut anywhere, a table gives what was read before the cut and never fails.
     for (qsizetype cut = 6; cut < rtf.size(); cut += 3) {
@@ -276,115 +270,97 @@ TEST_F(RtfLayout, ListsInWordsFormAndTheOlderFormAndCharacterAttributes)
         "\\pard\\fi567\\sb240\\sa120\\sl360\\slmult1 {\\strike barr\\'e9} H{\\sub 2}O m{\\super 2}\\par}";
     QTextDocument doc;
     ASSERT_TRUE(read_rtf(rtf, doc));
-    EXPECT_EQ(list_with(doc, QStringLiteral("Un")), std::pair(int(QTextListFormat::ListDisc), 2));
-    EXPECT_EQ(list_with(doc, QStringLiteral("Premier")), std::pair(int(QTextListFormat::ListDecimal), 2));
-    EXPECT_EQ(list_with(doc, QStringLiteral("Puce")), std::pair(int(QTextListFormat::ListDisc), 2));
-    EXPECT_EQ(list_with(doc, QStringLiteral("Lettre")), std::pair(int(QTextListFormat::ListLowerAlpha), 1));
-    EXPECT_EQ(block_with(doc, QStringLiteral("Un")).text(), QStringLiteral("Un"));  // the label is the list's
-    EXPECT_NE(block_with(doc, QStringLiteral("Un")).textList(), block_with(doc, QStringLiteral("Puce")).textList());
+    EXPECT_EQ(block_with(doc, u"Un"_s).text(), u"Un"_s);  // the label is the list's
+    EXPECT_NE(block_with(doc, u"Un"_s).textList(), block_with(doc, u"Puce"_s).textList());
 
-    const auto check = [](const QTextDocument& d) {
-        const QTextBlock last = block_with(d, QStringLiteral("barré"));
+    QTextDocument back;
+    round_trip(doc, back);
+    EXPECT_EQ(back.toPlainText(), doc.toPlainText());
+    for (const QTextDocument* d : std::initializer_list<const QTextDocument*>{&doc, &back}) {
+        EXPECT_EQ(lists_with(*d, {u"Un"_s, u"Premier"_s, u"Puce"_s, u"Lettre"_s}),
+                  QList({std::pair(int(QTextListFormat::ListDisc), 2), std::pair(int(QTextListFormat::ListDecimal), 2),
+                         std::pair(int(QTextListFormat::ListDisc), 2),
+                         std::pair(int(QTextListFormat::ListLowerAlpha), 1)}));
+        const QTextBlock last = block_with(*d, u"barré"_s);
+        EXPECT_EQ(last.text(), u"barré H2O m2"_s);
         EXPECT_NEAR(last.blockFormat().textIndent(), units_from_twips(567), 0.01);
         EXPECT_NEAR(last.blockFormat().topMargin(), units_from_twips(240), 0.01);
         EXPECT_NEAR(last.blockFormat().bottomMargin(), units_from_twips(120), 0.01);
         EXPECT_EQ(last.blockFormat().lineHeightType(), int(QTextBlockFormat::ProportionalHeight));
         EXPECT_NEAR(last.blockFormat().lineHeight(), 150, 0.01);
+        QStringList marks;
         for (auto it = last.begin(); !it.atEnd(); ++it) {
-            const QTextFragment f = it.fragment();
-            const QTextCharFormat c = f.charFormat();
-            if (f.text() == QStringLiteral("barré"))
-                EXPECT_TRUE(c.fontStrikeOut());
-            else if (f.text() == QStringLiteral("2"))
-                EXPECT_NE(c.verticalAlignment(), QTextCharFormat::AlignNormal);
-            else
-                EXPECT_FALSE(c.fontStrikeOut() || c.verticalAlignment() != QTextCharFormat::AlignNormal)
-                    << f.text().toStdString();
+            const QTextCharFormat c = it.fragment().charFormat();
+            marks << it.fragment().text() + (c.fontStrikeOut() ? u" strike"_s : QString()) +
+                         (c.verticalAlignment() != QTextCharFormat::AlignNormal ? u" shifted"_s : QString());
         }
-        EXPECT_EQ(block_with(d, QStringLiteral("H")).text(), QStringLiteral("barré H2O m2"));
-    };
-    check(doc);
-
-    QTextDocument back;
-    round_trip(doc, back);
-    EXPECT_EQ(list_with(back, QStringLiteral("Un")), std::pair(int(QTextListFormat::ListDisc), 2));
-    EXPECT_EQ(list_with(back, QStringLiteral("Premier")), std::pair(int(QTextListFormat::ListDecimal), 2));
-    EXPECT_EQ(list_with(back, QStringLiteral("Lettre")), std::pair(int(QTextListFormat::ListLowerAlpha), 1));
-    EXPECT_EQ(back.toPlainText(), doc.toPlainText());
-    check(back);
+        EXPECT_EQ(marks, QStringList({"barré strike", " H", "2 shifted", "O m", "2 shifted"}));
+    }
 }
 
 TEST_F(RtfLayout, TagSplitOverThreeRunsIsReplacedInTheFormatOfItsFirstCharacter)
 {
     // As Word leaves it after a spelling check: the tag cut into runs, with a
     // bookmark between two of them.
-    const QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}{\\f1 Times;}}"
-                           "Club : {\\b\\f1 <NOM}{\\i _CL}{\\*\\bkmkstart x}{\\ul UB>}{\\bkmkend x} fin\\par}";
+    const QByteArray rtf =
+        "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}{\\f1 Times;}}"
+        "Club : {\\b\\f1 <NOM}{\\i _CL}{\\*\\bkmkstart x}{\\ul UB>}{\\bkmkend x} fin\\par}";
     RichBox rich;
     ASSERT_TRUE(read_rtf(rtf, rich.document()));
-    ASSERT_TRUE(RemplacerBalise(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("Dauphins")));
-    EXPECT_EQ(rich.text(), QStringLiteral("Club : Dauphins fin"));
-    const TextRun run = run_with(rich.document(), QStringLiteral("Dauphins"));
-    EXPECT_EQ(run.text, QStringLiteral("Dauphins"));
-    EXPECT_TRUE(run.bold);
-    EXPECT_FALSE(run.italic || run.underline);
-    EXPECT_EQ(run.family, QStringLiteral("Times"));
+    ASSERT_TRUE(RemplacerBalise(rich, u"<NOM_CLUB>"_s, u"Dauphins"_s));
+    EXPECT_EQ(rich.text(), u"Club : Dauphins fin"_s);
+    EXPECT_EQ(run_with(rich.document(), u"Dauphins"_s).text, u"Dauphins"_s);
+    EXPECT_EQ(look(rich.document(), u"Dauphins"_s), u"Times 12 bold"_s);
 }
 
 TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
 {
-    const QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\\paperw16838\\paperh11906"
-                           "\\margl720\\margr720\\margt1080\\margb1080\\landscape\\sectd\\headery500\\footery400"
-                           "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>{\\pict\\pngblip " +
-                           solid_png(4, 4, Qt::red).toHex() +
-                           "}\\par}{\\footer Page\\par}{\\header second\\par}"
-                           "\\titlepg{\\headerf Premi\\'e8re <NOM_CLUB>\\par}Corps\\par}";
+    const QByteArray rtf =
+        "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\\paperw16838\\paperh11906"
+        "\\margl720\\margr720\\margt1080\\margb1080\\landscape\\sectd\\headery500\\footery400"
+        "{\\headerl gauche\\par}{\\header {\\b Club} <NOM_CLUB>{\\pict\\pngblip " +
+        solid_png(4, 4, Qt::red).toHex() +
+        "}\\par}{\\footer Page\\par}{\\header second\\par}"
+        "\\titlepg{\\headerf Premi\\'e8re <NOM_CLUB>\\par}Corps\\par}";
     RichBox rich;
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("paysage.rtf"));
+    const QString path = dir.filePath(u"paysage.rtf"_s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(rtf);
     file.close();
     ASSERT_TRUE(rich.LoadFile(path));
-    EXPECT_EQ(rich.text(), QStringLiteral("Corps"));
-    const QString header = QStringLiteral("Club <NOM_CLUB>") + QChar(QChar::ObjectReplacementCharacter);
-    EXPECT_EQ(rich.header().toPlainText(), header);
-    ASSERT_EQ(pictures_of(rich.header()).size(), 1u);
-    EXPECT_EQ(rich.footer().toPlainText(), QStringLiteral("Page"));
-    EXPECT_EQ(rich.page_layout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(rich.text(), u"Corps"_s);
+    const QString header = u"Club <NOM_CLUB>"_s + QChar(QChar::ObjectReplacementCharacter);
     EXPECT_EQ(rich.page_layout().pageSize().id(), QPageSize::A4);
     EXPECT_NEAR(rich.page_layout().margins(QPageLayout::Point).top(), 54, 0.01);
     EXPECT_NEAR(rich.page_setup().header_distance, 25, 0.01);
-    // The first page's own header; no first-page footer: none on that page.
-    EXPECT_TRUE(rich.page_setup().first_page_differs);
-    ASSERT_TRUE(rich.page_setup().first_header);
-    EXPECT_EQ(rich.page_setup().first_header->toPlainText(), QStringLiteral("Première <NOM_CLUB>"));
-    EXPECT_FALSE(rich.page_setup().first_footer);
-    RemplacerBaliseEnTete(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("CN Brest"));
-    EXPECT_EQ(rich.first_header().toPlainText(), QStringLiteral("Première CN Brest"));
-    EXPECT_EQ(rich.header().toPlainText(), QStringLiteral("Club CN Brest") + QChar(QChar::ObjectReplacementCharacter));
-    RemplacerBaliseEnTete(rich, QStringLiteral("CN Brest"), QStringLiteral("<NOM_CLUB>"));
+    RemplacerBaliseEnTete(rich, u"<NOM_CLUB>"_s, u"CN Brest"_s);
+    EXPECT_EQ(rich.first_header().toPlainText(), u"Première CN Brest"_s);
+    EXPECT_EQ(rich.header().toPlainText(), u"Club CN Brest"_s + QChar(QChar::ObjectReplacementCharacter));
+    RemplacerBaliseEnTete(rich, u"CN Brest"_s, u"<NOM_CLUB>"_s);
 
-    // The convocation copies the template for each swimmer, page and all.
-    RichBox copy;
+    // The convocation copies the template for each swimmer, page and all; the
+    // copy saved and read again keeps it too.
+    RichBox copy, back;
     copy.copy_from(rich);
-    EXPECT_EQ(copy.header().toPlainText(), header);
-    EXPECT_EQ(copy.page_layout().orientation(), QPageLayout::Landscape);
-
     ASSERT_TRUE(copy.SaveFile(path));
-    RichBox back;
     ASSERT_TRUE(back.LoadFile(path));
-    EXPECT_EQ(back.header().toPlainText(), header);
-    EXPECT_TRUE(run_with(back.header(), QStringLiteral("Club")).bold);
-    ASSERT_EQ(pictures_of(back.header()).size(), 1u);
-    EXPECT_EQ(pictures_of(back.header())[0].bytes, pictures_of(rich.header())[0].bytes);
-    EXPECT_EQ(back.footer().toPlainText(), QStringLiteral("Page"));
-    EXPECT_EQ(back.page_layout().orientation(), QPageLayout::Landscape);
     EXPECT_NEAR(back.page_layout().margins(QPageLayout::Point).left(), 36, 0.01);
     EXPECT_NEAR(back.page_setup().footer_distance, 20, 0.01);
-    ASSERT_TRUE(back.page_setup().first_page_differs && back.page_setup().first_header);
-    EXPECT_EQ(back.page_setup().first_header->toPlainText(), QStringLiteral("Première <NOM_CLUB>"));
+    EXPECT_TRUE(run_with(back.header(), u"Club"_s).bold);
+    for (RichBox* box : {&rich, &copy, &back}) {
+        EXPECT_EQ(box->header().toPlainText(), header);
+        const auto logo = pictures_of(box->header());
+        ASSERT_EQ(logo.size(), 1u);
+        EXPECT_EQ(logo[0].bytes, pictures_of(rich.header())[0].bytes);
+        EXPECT_EQ(box->footer().toPlainText(), u"Page"_s);
+        EXPECT_EQ(box->page_layout().orientation(), QPageLayout::Landscape);
+        // The first page's own header; no first-page footer: none on that page.
+        ASSERT_TRUE(box->page_setup().first_page_differs && box->page_setup().first_header);
+        EXPECT_EQ(box->page_setup().first_header->toPlainText(), u"Première <NOM_CLUB>"_s);
+        EXPECT_FALSE(box->page_setup().first_footer);
+    }
 }
 
 }  // namespace
