@@ -55,15 +55,13 @@ TEST(DateField, AnImpossibleDayOrMonthIsUndone)
     u.type(0, u"31"_s);
     EXPECT_EQ(u.type(1, u"04"_s), u"0"_s);  // month 0 has 31 days, April not
     EXPECT_EQ(u.type(1, u"5"_s), u"05"_s);
-}
 
-TEST(DateField, ThePartlyTypedTripleFollowsTheFebruaryRule)
-{
-    DateTriple t;
-    t.type(0, u"29"_s);
-    EXPECT_EQ(t.type(1, u"02"_s), u"02"_s);      // no year yet: 29 February passes
-    EXPECT_EQ(t.type(2, u"1901"_s), u"190"_s);   // 1901 has no 29 February
-    EXPECT_EQ(t.type(2, u"4"_s), u"1904"_s);
+    // The partly typed triple follows the February rule.
+    DateTriple v;
+    v.type(0, u"29"_s);
+    EXPECT_EQ(v.type(1, u"02"_s), u"02"_s);     // no year yet: 29 February passes
+    EXPECT_EQ(v.type(2, u"1901"_s), u"190"_s);  // 1901 has no 29 February
+    EXPECT_EQ(v.type(2, u"4"_s), u"1904"_s);
 }
 
 TEST(DateField, NothingIsCheckedWhileTheViewFillsItsFields)

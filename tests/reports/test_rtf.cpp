@@ -5,13 +5,10 @@
 #include "src/reports/rtf_reader.h"
 #include "src/reports/rtf_writer.h"
 #include "report_test_support.h"
-#include "support/office_template.h"
 #include "support/temp_files.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <gtest/gtest.h>
@@ -35,9 +32,7 @@ QTextCharFormat format(const QString& family, double size, bool bold = false, bo
 
 QByteArray read_fixture(const QString& name)
 {
-    QFile file(rtf_fixture(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    return file.readAll();
+    return read_bytes(rtf_fixture(name));
 }
 
 class Rtf : public ::testing::Test {
@@ -255,32 +250,6 @@ TEST_F(Rtf, SaveReplacesTheFileOnlyWhenWritten)
     QString error;
     EXPECT_FALSE(save_rtf_file(doc, dir.filePath(u"missing/a.rtf"_s), &error));
     EXPECT_FALSE(error.isEmpty());
-}
-
-TEST_F(Rtf, ReadsWhatLibreOfficeConverts)
-{
-    const QString soffice = QStandardPaths::findExecutable(u"soffice"_s);
-    if (soffice.isEmpty())
-        GTEST_SKIP() << "soffice is not installed";
-    QTemporaryDir dir;
-    const QString html = dir.filePath(u"modele.html"_s);
-    QFile file(html);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(
-        "<html><body><p align=center><b>Bordereau</b></p><p><i>Comp&eacute;tition</i> "
-        "&lt;NOM_COMPET&gt; &#8364;</p></body></html>");
-    file.close();
-    // Imported into the word processor proper: its web module has no RTF export.
-    QString error;
-    const QString rtf = office_convert(
-        html, dir.path(), {u"--infilter=HTML (StarWriter)"_s, u"--convert-to"_s, u"rtf:Rich Text Format"_s},
-        u"modele.rtf"_s, &error);
-    ASSERT_FALSE(rtf.isEmpty()) << error.toStdString();
-    QTextDocument doc;
-    ASSERT_TRUE(load_rtf_file(rtf, doc));
-    EXPECT_TRUE(doc.toPlainText().contains(u"Compétition <NOM_COMPET> €"_s));
-    EXPECT_TRUE(run_with(doc, u"Bordereau"_s).bold);
-    EXPECT_TRUE(run_with(doc, u"Compétition"_s).italic);
 }
 
 }  // namespace
