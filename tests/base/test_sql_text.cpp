@@ -33,10 +33,9 @@ TEST(SqlText, KeysAreDigitsOnly)
     }
     EXPECT_EQ(sql_keys({u"3"_s, u"17"_s}).text(), u"3,17"_s);
     EXPECT_THROW(sql_keys({u"3"_s, u"3)"_s}), std::invalid_argument);
-    EXPECT_EQ(sql_number(-5).text(), u"-5"_s);
-    EXPECT_EQ(sql_decimal(12.5).text(), u"12.5"_s);
-    EXPECT_EQ(bool_text(true).text(), u"true"_s);
-    EXPECT_EQ(bool_text(false).text(), u"false"_s);
+    EXPECT_EQ(QStringList({sql_number(-5).text(), sql_decimal(12.5).text(), bool_text(true).text(),
+                           bool_text(false).text()}),
+              QStringList({"-5", "12.5", "true", "false"}));
 }
 
 TEST(SqlText, InsertsAndUpdatesShareTheirFields)

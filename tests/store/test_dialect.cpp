@@ -30,10 +30,6 @@ std::string text(const QStringList& values)
     return values.join(u" / "_s).toStdString();
 }
 
-// ---------------------------------------------------------------------------
-// The rewrites, as texts
-// ---------------------------------------------------------------------------
-
 struct Rewrite {
     const char* jet;
     const char* sqlite;  // null: SQLite takes the statement as it stands
@@ -90,10 +86,6 @@ TEST(JetToSqlite, RewritesOnlyTheFormsSqliteRefusesAndNeverInsideQuotes)
         EXPECT_EQ(jet_to_sqlite(QString::fromUtf8(c.jet)).toStdString(), c.sqlite ? c.sqlite : c.jet);
 }
 
-// ---------------------------------------------------------------------------
-// Real statements on a real base
-// ---------------------------------------------------------------------------
-
 constexpr const char* kClub = "FRA1234560001";
 constexpr const char* kSelection = "FRA1234560000";
 
@@ -143,15 +135,12 @@ protected:
             .first();
     }
 
-    void add_entry(const QString& prof, const QString& comp, const QString& event, const QString& swimmer, int team = 0,
-                   const QString& tps = u"0.3012"_s)
+    void add_entry(const QString& prof, const QString& comp, const QString& event, const QString& swimmer)
     {
         run(QStringLiteral(
                 "INSERT INTO Engag (Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, Num_profil, Num_compet, "
-                "Tps_engagement, Date_perf, Lieu_perf, Bassin) VALUES (%1, %2, %3, false, %4, %5, %6, '', '', 25);")
-                .arg(event, swimmer)
-                .arg(team)
-                .arg(prof, comp, tps));
+                "Tps_engagement, Date_perf, Lieu_perf, Bassin) VALUES (%1, %2, 0, false, %3, %4, 0.3012, '', '', 25);")
+                .arg(event, swimmer, prof, comp));
     }
 
     QString profile, sel_profile, compet, past;
@@ -200,11 +189,10 @@ TEST_F(DialectOnBase, PositionalInsertNamesTheFirstColumnsOfTheTable)
                   .toStdString());
     // As many values as columns, a column list, a SELECT, no connection, an
     // unknown table: nothing to complete.
-    const QString full = u"INSERT INTO Activite_licence VALUES (4, 'Natation');"_s;
-    const QString named = u"INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('X', 4);"_s;
-    const QString select = u"INSERT INTO Relais SELECT Relais_tempo.* From Relais_tempo"_s;
-    const QString unknown = u"INSERT INTO Absente VALUES (1)"_s;
-    for (const QString& same : {full, named, select, unknown})
+    for (const QString& same : {u"INSERT INTO Activite_licence VALUES (4, 'Natation');"_s,
+                                u"INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('X', 4);"_s,
+                                u"INSERT INTO Relais SELECT Relais_tempo.* From Relais_tempo"_s,
+                                u"INSERT INTO Absente VALUES (1)"_s})
         EXPECT_EQ(jet_to_sqlite(same, app->db.handle()).toStdString(), same.toStdString());
     EXPECT_EQ(jet_to_sqlite(sql, nullptr).toStdString(), sql.toStdString());
     // Values are counted at the top level, texts and parentheses as one value each.
@@ -242,11 +230,8 @@ TEST_F(DialectOnBase, OrdersOnBooleanColumnsRunAsUnderJet)
     // With no connection nothing is known of the columns.
     EXPECT_EQ(jet_to_sqlite(u"SELECT Code_Nage FROM Nage ORDER BY Mixte DESC"_s).toStdString(),
               "SELECT Code_Nage FROM Nage ORDER BY Mixte DESC");
-}
 
-// The statements that need the tables, through the access layer.
-TEST_F(DialectOnBase, TheAccessLayerRunsTheFormsThatNeedTheTables)
-{
+    // Run through the access layer.
     const QString swimmer = add_swimmer(u"11111A"_s, u"LE GALL"_s, u"M"_s);
     for (const auto& [event, mixed] : {std::pair{u"51"_s, u"false"_s}, std::pair{u"52"_s, u"true"_s}})
         run(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, "
@@ -304,10 +289,6 @@ TEST(DialectSurvey, EveryStatementTheTestsSentPreparesOnTheModelBase)
     sqlite3_close_v2(db);
     EXPECT_GT(checked, 300);
 }
-
-// ---------------------------------------------------------------------------
-// The statements of the catalogue and the access layer
-// ---------------------------------------------------------------------------
 
 // Forms SQLite takes as written, where a different reading would go unnoticed.
 TEST_F(DialectOnBase, FormsTakenAsWrittenReadAsUnderJet)
