@@ -39,17 +39,16 @@ struct TextRun {
     bool operator==(const TextRun&) const = default;
 };
 
-inline void PrintTo(const TextRun& run, std::ostream* os)
+// How a run looks: "family size[ bold][ italic][ underline]".
+inline QString look_of(const TextRun& run)
 {
-    *os << '"' << run.text.toStdString() << "\" " << run.family.toStdString() << ' ' << run.size
-        << (run.bold ? " bold" : "") << (run.italic ? " italic" : "") << (run.underline ? " underline" : "");
+    return run.family + QLatin1Char(' ') + QString::number(run.size) + QLatin1String(run.bold ? " bold" : "") +
+           QLatin1String(run.italic ? " italic" : "") + QLatin1String(run.underline ? " underline" : "");
 }
 
-inline TextRun run_of(const QTextFragment& fragment)
+inline void PrintTo(const TextRun& run, std::ostream* os)
 {
-    const QTextCharFormat f = fragment.charFormat();
-    return {fragment.text(), f.fontFamilies().toStringList().value(0), f.fontPointSize(),
-            f.fontWeight() > QFont::Medium, f.fontItalic(), f.fontUnderline()};
+    *os << '"' << run.text.toStdString() << "\" " << look_of(run).toStdString();
 }
 
 // The runs of each paragraph, in order.
@@ -58,8 +57,11 @@ inline std::vector<std::vector<TextRun>> runs_of(const QTextDocument& document)
     std::vector<std::vector<TextRun>> out;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         out.emplace_back();
-        for (auto it = block.begin(); !it.atEnd(); ++it)
-            out.back().push_back(run_of(it.fragment()));
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextCharFormat f = it.fragment().charFormat();
+            out.back().push_back({it.fragment().text(), f.fontFamilies().toStringList().value(0), f.fontPointSize(),
+                                  f.fontWeight() > QFont::Medium, f.fontItalic(), f.fontUnderline()});
+        }
     }
     return out;
 }
@@ -74,12 +76,10 @@ inline TextRun run_with(const QTextDocument& document, const QString& text)
     return {};
 }
 
-// How the run holding `text` looks: "family size[ bold][ italic][ underline]".
+// How the run holding `text` looks.
 inline QString look(const QTextDocument& document, const QString& text)
 {
-    const TextRun run = run_with(document, text);
-    return run.family + QLatin1Char(' ') + QString::number(run.size) + QLatin1String(run.bold ? " bold" : "") +
-           QLatin1String(run.italic ? " italic" : "") + QLatin1String(run.underline ? " underline" : "");
+    return look_of(run_with(document, text));
 }
 
 inline Qt::Alignment alignment(const QTextBlock& block)

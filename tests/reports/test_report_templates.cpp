@@ -11,7 +11,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTextCursor>
 #include <gtest/gtest.h>
 

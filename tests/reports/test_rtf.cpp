@@ -7,8 +7,6 @@
 #include "report_test_support.h"
 #include "support/temp_files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <gtest/gtest.h>
@@ -28,11 +26,6 @@ QTextCharFormat format(const QString& family, double size, bool bold = false, bo
     f.setFontItalic(italic);
     f.setFontUnderline(underline);
     return f;
-}
-
-QByteArray read_fixture(const QString& name)
-{
-    return read_bytes(rtf_fixture(name));
 }
 
 class Rtf : public ::testing::Test {
@@ -145,7 +138,7 @@ TEST_F(Rtf, EmptyDocumentAndTrailingEmptyParagraphSurvive)
 TEST_F(Rtf, ReadsLibreOfficeOutput)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(u"libreoffice_convocation.rtf"_s), doc));
+    ASSERT_TRUE(read_rtf(read_bytes(rtf_fixture(u"libreoffice_convocation.rtf"_s)), doc));
     EXPECT_EQ(doc.toPlainText(), QStringLiteral("Convocation du club\nCompétition : <NOM_COMPET>\n"
                                                 "Nageur\t<NAGEUR>\t€ 12\n<ENGAG>"));
     EXPECT_EQ(look(doc, u"Convocation"_s), u"Arial 16 bold"_s);
@@ -163,7 +156,7 @@ TEST_F(Rtf, ReadsLibreOfficeOutput)
 TEST_F(Rtf, ReadsWordOutput)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(u"word_bordereau.rtf"_s), doc));
+    ASSERT_TRUE(read_rtf(read_bytes(rtf_fixture(u"word_bordereau.rtf"_s)), doc));
     const QString text = doc.toPlainText();
     EXPECT_EQ(text, u"Bordereau d’engagement\nClub\t<NOM_CLUB>\t€ été souligné fin łódź\n<ENGAG_INDIV>"_s);
     // Nothing of the header, the information block, the style sheet, the
@@ -183,7 +176,7 @@ TEST_F(Rtf, ReadsWordOutput)
 TEST_F(Rtf, ReadsWordPadOutputWithPicturesBinaryAndPageBreak)
 {
     QTextDocument doc;
-    ASSERT_TRUE(read_rtf(read_fixture(u"wordpad_bordereau.rtf"_s), doc));
+    ASSERT_TRUE(read_rtf(read_bytes(rtf_fixture(u"wordpad_bordereau.rtf"_s)), doc));
     EXPECT_EQ(doc.toPlainText(),
               u"Le <DATE_JOUR>\nGras italique normal\nseconde ligne\n\n<ENGAG_INDIV>\nPage deux \u05D0 fin"_s);
     // The line break stays inside its paragraph.
@@ -209,7 +202,7 @@ TEST_F(Rtf, DamagedDataLoadsWhatItCanAndNeverCrashes)
     EXPECT_FALSE(load_rtf_file(u"/nonexistent/modele.rtf"_s, doc, &error));
 
     // Truncated in the middle of a run: the text up to the cut.
-    const QByteArray whole = read_fixture(u"word_bordereau.rtf"_s);
+    const QByteArray whole = read_bytes(rtf_fixture(u"word_bordereau.rtf"_s));
     const qsizetype cut = whole.indexOf("soulign");
     ASSERT_GT(cut, 0);
     ASSERT_TRUE(read_rtf(whole.left(cut + 4), doc));

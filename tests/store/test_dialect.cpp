@@ -3,7 +3,6 @@
 
 #include "src/base/errors.h"
 #include "src/base/sql_text.h"
-#include "src/base/text.h"
 #include "src/store/database.h"
 #include "src/store/dialect.h"
 #include "support/app_fixture.h"
