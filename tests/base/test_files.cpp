@@ -53,7 +53,7 @@ TEST_F(FilesTest, PathJoinFileNameParentFolderAndZipExtension)
         EXPECT_FALSE(is_zip(other)) << other.toStdString();
 }
 
-TEST_F(FilesTest, UniqueNameCountsFromZeroBeforeTheExtensionAndUniqueFolderFromOne)
+TEST_F(FilesTest, UniqueNamesCountFromZeroBeforeTheExtensionAndFoldersFromOne)
 {
     const QString source = u"/elsewhere/a.txt"_s;
     EXPECT_EQ(unique_name(source, dir.path()), at(u"a.txt"_s));
@@ -75,6 +75,17 @@ TEST_F(FilesTest, UniqueNameCountsFromZeroBeforeTheExtensionAndUniqueFolderFromO
     // A file of the name is taken as well: no folder could be made there.
     write_bytes(at(u"tmpexpimp1"_s), "x");
     EXPECT_EQ(unique_folder(name, dir.path() + u'/'), at(u"tmpexpimp2"_s));
+
+    // A copy under a unique name keeps what is there.
+    const QString out = at(u"out"_s);
+    QDir().mkdir(out);
+    write_bytes(QDir(out).filePath(u"a.txt"_s), "old");
+    write_bytes(at(u"a.txt"_s), "new");
+    const QString copy = copy_unique(at(u"a.txt"_s), out);
+    EXPECT_EQ(copy, QDir(out).filePath(u"a0.txt"_s));
+    EXPECT_EQ(read_bytes(copy), QByteArray("new"));
+    EXPECT_EQ(read_bytes(QDir(out).filePath(u"a.txt"_s)), QByteArray("old"));
+    EXPECT_EQ(copy_unique(at(u"missing.txt"_s), out), QString());
 }
 
 TEST_F(FilesTest, CopyFileOverReplacesTheWholeTargetOrKeepsTheOldOne)
@@ -112,19 +123,6 @@ TEST_F(FilesTest, CopyFileOverOnAFullDiskLeavesNoHalfWrittenTarget)
     EXPECT_EQ(code, 0) << "the failure names a full disk";
     EXPECT_EQ(read_bytes(target), QByteArray("old content"));
     EXPECT_EQ(listing(dir.path()), QStringList({"source.bin", "target.bin"}));
-}
-
-TEST_F(FilesTest, CopyUniqueKeepsWhatIsThere)
-{
-    const QString out = at(u"out"_s);
-    QDir().mkdir(out);
-    write_bytes(at(u"a.txt"_s), "new");
-    write_bytes(QDir(out).filePath(u"a.txt"_s), "old");
-    const QString copy = copy_unique(at(u"a.txt"_s), out);
-    EXPECT_EQ(copy, QDir(out).filePath(u"a0.txt"_s));
-    EXPECT_EQ(read_bytes(copy), QByteArray("new"));
-    EXPECT_EQ(read_bytes(QDir(out).filePath(u"a.txt"_s)), QByteArray("old"));
-    EXPECT_EQ(copy_unique(at(u"missing.txt"_s), out), QString());
 }
 
 TEST_F(FilesTest, MoveFileReplacesTheTargetOrGivesTheErrorAndKeepsTheSource)

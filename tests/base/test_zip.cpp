@@ -214,7 +214,6 @@ TEST_F(ZipTest, FullDiskKeepsTheOldArchiveIntact)
     });
     EXPECT_EQ(code, 0);
     EXPECT_EQ(read_bytes(archive), before);
-    EXPECT_EQ(zip_entries(archive), QStringList{u"payload.bin"_s});
     EXPECT_EQ(listing(dir.path()), QStringList({"club.mdb", "club.mdb.sav"}));
 }
 

@@ -31,7 +31,7 @@ void set_text(RichBox& rich, const QString& text, const QString& family = u"Aria
     QTextCursor(&rich.document()).insertText(text, f);
 }
 
-TEST(RichBoxOperations, TagReplacedOnlyAtItsFirstPlaceAfterTheStart)
+TEST(RichBoxOperations, TagReplacedOnlyAtItsFirstPlaceAfterTheStartByTextOrRichText)
 {
     ensure_gui_application();
     RichBox rich;
@@ -56,6 +56,26 @@ TEST(RichBoxOperations, TagReplacedOnlyAtItsFirstPlaceAfterTheStart)
     EXPECT_EQ(rich.text(), u"Ligne DUPONT\nMARTIN fin"_s);
     EXPECT_EQ(rich.document().blockCount(), 2);
     EXPECT_EQ(run_with(rich.document(), u"MARTIN"_s).family, u"Courier New"_s);
+
+    // A rich message keeps its formatting in place of the tag.
+    RichBox message;
+    set_text(message, u"Rendez-vous "_s);
+    message.move_to_end();
+    EcrireGras(message, u"à 8 h"_s);
+    set_text(rich, u"Début <MSG_PERSO> suite"_s, u"Times New Roman"_s);
+    ASSERT_GE(rich.Find(u"<MSG_PERSO>"_s), 0);
+    EcrireRich(rich, message);
+    EXPECT_EQ(rich.text(), u"Début Rendez-vous à 8 h suite"_s);
+    const QTextDocument& doc = rich.document();
+    EXPECT_EQ(QStringList({look(doc, u"Rendez-vous"_s), look(doc, u"à 8 h"_s), look(doc, u" suite"_s)}),
+              QStringList({"Arial 10", "Arial 10 bold", "Times New Roman 10"}));
+
+    // A copy of a loaded template is independent of it.
+    RichBox copy;
+    copy.copy_from(rich);
+    RemplacerBalise(copy, u"Début"_s, u"X"_s);
+    EXPECT_EQ(QStringList({rich.text(), copy.text()}),
+              QStringList({u"Début Rendez-vous à 8 h suite"_s, u"X Rendez-vous à 8 h suite"_s}));
 }
 
 TEST(RichBoxOperations, StylesApplyToWhatIsWrittenAndStop)
@@ -89,30 +109,6 @@ TEST(RichBoxOperations, StylesApplyToWhatIsWrittenAndStop)
               QStringList({"Wingdings 12 bold underline", "Arial 12 underline"}));
     SetAlignement(rich, Qt::AlignRight);
     EXPECT_EQ(alignment(doc.begin()), Qt::AlignRight);
-}
-
-TEST(RichBoxOperations, RichMessageKeepsItsFormattingInPlaceOfTheTag)
-{
-    ensure_gui_application();
-    RichBox message;
-    set_text(message, u"Rendez-vous "_s);
-    message.move_to_end();
-    EcrireGras(message, u"à 8 h"_s);
-    RichBox rich;
-    set_text(rich, u"Début <MSG_PERSO> suite"_s, u"Times New Roman"_s);
-    ASSERT_GE(rich.Find(u"<MSG_PERSO>"_s), 0);
-    EcrireRich(rich, message);
-    EXPECT_EQ(rich.text(), u"Début Rendez-vous à 8 h suite"_s);
-    const QTextDocument& doc = rich.document();
-    EXPECT_EQ(QStringList({look(doc, u"Rendez-vous"_s), look(doc, u"à 8 h"_s), look(doc, u" suite"_s)}),
-              QStringList({"Arial 10", "Arial 10 bold", "Times New Roman 10"}));
-
-    // A copy of a loaded template is independent of it.
-    RichBox copy;
-    copy.copy_from(rich);
-    RemplacerBalise(copy, u"Début"_s, u"X"_s);
-    EXPECT_EQ(QStringList({rich.text(), copy.text()}),
-              QStringList({u"Début Rendez-vous à 8 h suite"_s, u"X Rendez-vous à 8 h suite"_s}));
 }
 
 class ReportTemplates : public AppFixture {
@@ -247,32 +243,7 @@ TEST_F(ReportTemplates, ProfileAndCompetitionTagsFromTheBase)
     EXPECT_EQ(date_compet_text(u"20261115"_s, u"20261115"_s), u"15/11 - 15/11/2026"_s);
 }
 
-TEST_F(ReportTemplates, AMetafileLogoIsToldAndLeftOutAndTheHeaderIsFilledAndPrinted)
-{
-    connect(make_base());
-    app->state.club_name = u"CN Brest"_s;
-    const QString path = template_path(*app, u"rptlic"_s);
-    ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
-    ASSERT_TRUE(write_bytes(path,
-                            "{\\rtf1\\ansi{\\header Licences du <NOM_CLUB>\\par}{\\footer <NOM_CLUB>, "
-                            "<NOM_CLUB>\\par}{\\pict\\wmetafile8\\picwgoal600\\pichgoal300 01000900}"
-                            "Liste de <NOM_CLUB>\\par}"));
-    ReportJob job;
-    job.kind = u"rptlic"_s;
-    job.title = u"Licences"_s;
-    ASSERT_TRUE(imprimer_rapport(*app, job));
-    ASSERT_EQ(ui.reports.size(), 1u);
-    EXPECT_EQ(ui.reports.at(0).title, u"Chargement du modèle rptlic"_s);
-    ASSERT_EQ(ui.reports.at(0).lines.size(), 1u);
-    EXPECT_TRUE(ui.reports.at(0).lines.at(0).text.contains(u"WMF"_s));
-    EXPECT_TRUE(ui.messages.empty());
-    ASSERT_EQ(ui.printed.size(), 1u);
-    // Printed on every page, the header and the footer have all their tags filled.
-    EXPECT_EQ(QStringList({ui.printed.at(0).text, ui.printed.at(0).header, ui.printed.at(0).footer}),
-              QStringList({"Liste de CN Brest", "Licences du CN Brest", "CN Brest, CN Brest"}));
-}
-
-TEST_F(ReportTemplates, PrintsAFilledReportToPdfAndNothingHalfFilled)
+TEST_F(ReportTemplates, PrintsFilledReportsWithTheirHeadersToPdfAndNothingHalfFilled)
 {
     connect(make_base());
     install_template_component();
@@ -303,11 +274,29 @@ TEST_F(ReportTemplates, PrintsAFilledReportToPdfAndNothingHalfFilled)
     EXPECT_THROW(imprimer_rapport(*app, job), std::runtime_error);
     EXPECT_EQ(ui.printed.size(), 1u);
 
+    // A metafile logo is told and left out; the header and the footer, printed
+    // on every page, have all their tags filled.
+    ASSERT_TRUE(write_bytes(template_path(*app, u"rptlic"_s),
+                            "{\\rtf1\\ansi{\\header Licences du <NOM_CLUB>\\par}{\\footer <NOM_CLUB>, "
+                            "<NOM_CLUB>\\par}{\\pict\\wmetafile8\\picwgoal600\\pichgoal300 01000900}"
+                            "Liste de <NOM_CLUB>\\par}"));
+    job = ReportJob();
+    job.kind = u"rptlic"_s;
+    job.title = u"Licences"_s;
+    ASSERT_TRUE(imprimer_rapport(*app, job));
+    ASSERT_EQ(ui.reports.size(), 1u);
+    EXPECT_EQ(ui.reports.at(0).title, u"Chargement du modèle rptlic"_s);
+    ASSERT_EQ(ui.reports.at(0).lines.size(), 1u);
+    EXPECT_TRUE(ui.reports.at(0).lines.at(0).text.contains(u"WMF"_s));
+    EXPECT_TRUE(ui.messages.empty());
+    ASSERT_EQ(ui.printed.size(), 2u);
+    EXPECT_EQ(QStringList({ui.printed.back().text, ui.printed.back().header, ui.printed.back().footer}),
+              QStringList({"Liste de CN Brest", "Licences du CN Brest", "CN Brest, CN Brest"}));
+
     // Cancelling the printer choice prints nothing and is no error.
     ui.clear();
     ui.print_answer = false;
     job.kind = u"rescompet"_s;
-    job.fill = nullptr;
     EXPECT_FALSE(imprimer_rapport(*app, job));
     EXPECT_TRUE(ui.messages.empty());
 }

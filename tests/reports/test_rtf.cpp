@@ -72,8 +72,7 @@ TEST_F(Rtf, RoundTripKeepsRunsParagraphsAndText)
 
     QTextDocument back;
     ASSERT_TRUE(read_rtf(rtf, back));
-    EXPECT_EQ(back.toPlainText(), doc.toPlainText());
-    EXPECT_EQ(runs_of(back), runs_of(doc));
+    EXPECT_EQ(runs_of(back), runs_of(doc));  // every paragraph's runs, their texts and looks
     ASSERT_EQ(back.blockCount(), 5);
     EXPECT_EQ(QList<Qt::Alignment>({alignment(back.findBlockByNumber(0)), alignment(back.findBlockByNumber(2)),
                                     alignment(back.findBlockByNumber(3))}),
