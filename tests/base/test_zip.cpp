@@ -136,7 +136,7 @@ TEST_F(ZipTest, BinaryFileRoundTripIntoAFolderToBeMadeWithItsBytesAndDate)
     EXPECT_TRUE(ui.messages.empty());
 }
 
-TEST_F(ZipTest, NamesWithAccentsAndGivenNames)
+TEST_F(ZipTest, NamesWithAccentsAndGivenNamesAndAnArchiveReplacedWhole)
 {
     const QString name = u"Hélène Noël — Çà.txt"_s;
     const QString source = at(name);
@@ -156,23 +156,15 @@ TEST_F(ZipTest, NamesWithAccentsAndGivenNames)
     ASSERT_TRUE(unzip_archive(archive, out));
     EXPECT_EQ(read_bytes(QDir(out).filePath(name)), QByteArray("accents"));
 
-    // A snapshot file zipped under the base's own name.
+    // A snapshot file zipped under the base's own name, over the archive
+    // there, leaving nothing beside it.
     ASSERT_TRUE(zip_file(archive, source, u"club.mdb"_s));
     EXPECT_EQ(zip_entries(archive), QStringList{u"club.mdb"_s});
-}
-
-TEST_F(ZipTest, AnExistingArchiveIsReplacedWithoutLeftovers)
-{
-    const QString archive = valid_archive(u"club.zip"_s, "first");
-    ASSERT_TRUE(write_bytes(at(u"second.txt"_s), "second"));
-    ASSERT_TRUE(zip_file(archive, at(u"second.txt"_s)));
-    EXPECT_EQ(zip_entries(archive), QStringList{u"second.txt"_s});
-    EXPECT_EQ(listing(dir.path()), QStringList({"club.zip", "second.txt"}));
-
+    EXPECT_EQ(listing(dir.path()), QStringList({u"Hélène Noël — Çà.txt"_s, u"accents.zip"_s, u"dézippé"_s}));
     // Whatever lay under the archive's name is replaced too.
     ASSERT_TRUE(write_bytes(archive, random_bytes(3000)));
-    ASSERT_TRUE(zip_file(archive, at(u"second.txt"_s)));
-    EXPECT_EQ(zip_entries(archive), QStringList{u"second.txt"_s});
+    ASSERT_TRUE(zip_file(archive, source));
+    EXPECT_EQ(zip_entries(archive), QStringList{name});
 }
 
 TEST_F(ZipTest, AMissingSourceOrAnUnwritableFolderIsReportedAndKeepsTheOldArchive)
@@ -247,7 +239,7 @@ TEST_F(ZipTest, DamagedAndMissingArchivesAreReported)
     }
 }
 
-TEST_F(ZipTest, EntriesLeavingTheFolderAreRefusedBeforeAnythingIsWritten)
+TEST_F(ZipTest, EntriesLeavingTheFolderAreRefusedBeforeAnythingIsWrittenAndTheOthersMade)
 {
     const QString inside = at(u"a/b/out"_s);
     QDir().mkpath(QFileInfo(inside).absolutePath());
@@ -265,11 +257,18 @@ TEST_F(ZipTest, EntriesLeavingTheFolderAreRefusedBeforeAnythingIsWritten)
         EXPECT_FALSE(QFileInfo::exists(at(u"abs.txt"_s)));
     }
 
-    // Points inside names, and steps that stay within the folder, are fine.
+    // Points inside names, and steps that stay within the folder, are fine;
+    // sub-folders and folder entries are made; extracting again replaces.
     const QString archive = at(u"fine.zip"_s);
-    make_zip(archive, {{"a..b.txt", "1"}, {"./c.txt", "2"}, {"sub/./d.txt", "3"}, {"..e", "4"}});
+    make_zip(archive, {{"a..b.txt", "1"}, {"./c.txt", "2"}, {"sub/./d.txt", "3"}, {"..e", "4"}, {"d1/d2/f.txt", "5"},
+                       {"empty/", {}}});
     ASSERT_TRUE(unzip_archive(archive, inside));
-    EXPECT_EQ(tree(inside), Tree({{u"..e"_s, "4"}, {u"a..b.txt"_s, "1"}, {u"c.txt"_s, "2"}, {u"sub/d.txt"_s, "3"}}));
+    EXPECT_EQ(tree(inside), Tree({{u"..e"_s, "4"}, {u"a..b.txt"_s, "1"}, {u"c.txt"_s, "2"}, {u"d1/d2/f.txt"_s, "5"},
+                                  {u"sub/d.txt"_s, "3"}}));
+    EXPECT_TRUE(QFileInfo(QDir(inside).filePath(u"empty"_s)).isDir());
+    make_zip(archive, {{"c.txt", "again"}});
+    ASSERT_TRUE(unzip_archive(archive, inside));
+    EXPECT_EQ(read_bytes(QDir(inside).filePath(u"c.txt"_s)), QByteArray("again"));
 
     // A link in the folder does not carry an entry outside.
     const QString elsewhere = at(u"elsewhere"_s);
@@ -278,20 +277,6 @@ TEST_F(ZipTest, EntriesLeavingTheFolderAreRefusedBeforeAnythingIsWritten)
     make_zip(archive, {{"link/planted.txt", "x"}});
     EXPECT_THROW(unzip_archive(archive, inside), FileError);
     EXPECT_TRUE(listing(elsewhere).isEmpty());
-}
-
-TEST_F(ZipTest, SubFoldersAndFolderEntriesAreMadeAndFilesReplaced)
-{
-    const QString archive = at(u"tree.zip"_s);
-    make_zip(archive, {{"d1/d2/f.txt", "deep"}, {"empty/", {}}, {"top.txt", "top"}});
-    const QString out = at(u"tmpdezip"_s);
-    ASSERT_TRUE(unzip_archive(archive, out));
-    EXPECT_EQ(tree(out), Tree({{u"d1/d2/f.txt"_s, "deep"}, {u"top.txt"_s, "top"}}));
-    EXPECT_TRUE(QFileInfo(QDir(out).filePath(u"empty"_s)).isDir());
-
-    make_zip(archive, {{"top.txt", "again"}});
-    ASSERT_TRUE(unzip_archive(archive, out));
-    EXPECT_EQ(read_bytes(QDir(out).filePath(u"top.txt"_s)), QByteArray("again"));
 }
 
 TEST_F(ZipTest, ZipFolderRoundTripAndEmptyFolder)
