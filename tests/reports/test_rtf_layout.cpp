@@ -9,9 +9,9 @@
 #include "src/reports/rtf_writer.h"
 #include "report_test_support.h"
 #include "support/office_template.h"
+#include "support/temp_files.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImage>
 #include <QAbstractTextDocumentLayout>
 #include <QTemporaryDir>
@@ -130,21 +130,19 @@ TEST_F(RtfLayout, LibreOfficeTemplateKeepsLogoTableListHeaderAndFooterThroughARo
     ASSERT_TRUE(rich.SaveFile(saved));
     RichBox back;
     ASSERT_TRUE(back.LoadFile(saved));
-    const auto pictures_back = pictures_of(back.document());
-    ASSERT_EQ(pictures_back.size(), 1u);
-    EXPECT_EQ(pictures_back[0].bytes, pictures[0].bytes);
-    EXPECT_NEAR(pictures_back[0].width, pictures[0].width, 0.1);
     EXPECT_EQ(table_rows(back.document()), filled);
     for (RichBox* box : {&rich, &back}) {
+        const auto logo = pictures_of(box->document());
+        ASSERT_EQ(logo.size(), 1u);
+        EXPECT_EQ(logo[0].bytes, pictures[0].bytes);
+        EXPECT_NEAR(logo[0].width, pictures[0].width, 0.1);
         EXPECT_EQ(lists_with(box->document(), {u"Bonnet"_s}), QList({std::pair(int(QTextListFormat::ListDisc), 2)}));
         EXPECT_EQ(box->header().toPlainText().trimmed(), u"En-tête du <NOM_CLUB>"_s);
         EXPECT_NEAR(box->page_layout().margins(QPageLayout::Millimeter).left(), 25, 0.5);
     }
 
     // The word processor's file cut anywhere: read up to the cut, never a failure.
-    QFile file(made.rtf);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray whole = file.readAll();
+    const QByteArray whole = read_bytes(made.rtf);
     for (qsizetype cut = 6; cut < whole.size(); cut += whole.size() / 89) {
         QTextDocument part, header, footer;
         RtfExtras extras;
@@ -325,10 +323,7 @@ TEST_F(RtfLayout, PageHeaderAndFooterFromWordAreReadAndWrittenBack)
     RichBox rich;
     QTemporaryDir dir;
     const QString path = dir.filePath(u"paysage.rtf"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(rtf);
-    file.close();
+    ASSERT_TRUE(write_bytes(path, rtf));
     ASSERT_TRUE(rich.LoadFile(path));
     EXPECT_EQ(rich.text(), u"Corps"_s);
     const QString header = u"Club <NOM_CLUB>"_s + QChar(QChar::ObjectReplacementCharacter);
