@@ -23,12 +23,6 @@ using plouvarine::testing::AppFixture;
 
 namespace {
 
-// Texts as one standard string, so that a failure shows them.
-std::string text(const QStringList& values)
-{
-    return values.join(u" / "_s).toStdString();
-}
-
 struct Rewrite {
     const char* jet;
     const char* sqlite;  // null: SQLite takes the statement as it stands
@@ -173,7 +167,7 @@ TEST_F(DialectOnBase, DeleteWithAnAliasTakesOnlyTheRowsItsSubqueriesName)
                         QStringList({sel_profile, compet, member}).join(u'|')};
     left.sort();
     kept.sort();
-    EXPECT_EQ(text(left), text(kept));
+    EXPECT_EQ(left, kept);
 }
 
 // INSERT INTO t VALUES with fewer values than t has columns: the values go to
@@ -199,8 +193,7 @@ TEST_F(DialectOnBase, PositionalInsertNamesTheFirstColumnsOfTheTable)
               "insert into Activites (Code_federal, Activite) values ('a, b', ('c,d'))");
 
     app->db.exec_sql(jet_to_sqlite(sql, app->db.handle()));
-    EXPECT_EQ(text(lines(u"select * from Engag_equipe"_s)),
-              text(QStringList({compet + QLatin1Char('|') + profile + u"|0|0|0|0|0|0"_s})));
+    EXPECT_EQ(lines(u"select * from Engag_equipe"_s), QStringList{compet + u'|' + profile + u"|0|0|0|0|0|0"_s});
 }
 
 // An order on a yes/no column comes out as under Jet, where true is -1.
@@ -241,14 +234,13 @@ TEST_F(DialectOnBase, OrdersOnBooleanColumnsRunAsUnderJet)
     ASSERT_FALSE(mixed.isEmpty());
     const QStringList listed =
         read(u"SELECT Libelle, Code_Nage FROM Nage ORDER BY Mixte DESC, Sexe, Nb_nageurs, Code_nage"_s).column(1);
-    EXPECT_EQ(text(listed.mid(listed.size() - mixed.size())), text(mixed));
+    EXPECT_EQ(listed.mid(listed.size() - mixed.size()), mixed);
     // The entry slip's order: within a team number, the mixed team first.
-    EXPECT_EQ(
-        text(read(QStringLiteral("SELECT Nage.Code_Nage, Engag.Equipe_mixte FROM Nage Nage, Engag Engag WHERE "
-                                 "Nage.Code_Nage = Engag.Code_epreuve ORDER BY Engag.Num_equipe, Engag.Equipe_mixte, "
-                                 "Nage.Code_Nage"))
-                 .column(1)),
-        text(QStringList({u"Vrai"_s, u"Faux"_s})));
+    EXPECT_EQ(read(QStringLiteral("SELECT Nage.Code_Nage, Engag.Equipe_mixte FROM Nage Nage, Engag Engag WHERE "
+                                  "Nage.Code_Nage = Engag.Code_epreuve ORDER BY Engag.Num_equipe, "
+                                  "Engag.Equipe_mixte, Nage.Code_Nage"))
+                  .column(1),
+              QStringList({"Vrai", "Faux"}));
 }
 
 // The survey of the dialect, on the statements the other tests really sent
@@ -301,15 +293,15 @@ TEST_F(DialectOnBase, FormsTakenAsWrittenReadAsUnderJet)
     run(QStringLiteral("Update Licence set Tarif = '' where Code_club = '%1' and not Tarif in "
                        "(select Intitule from Tarifs where code_federal = '%1')")
             .arg(club()));
-    EXPECT_EQ(text(lines(u"select Num, Tarif from Licence order by Num"_s)),
-              text(QStringList({kept + u"|ADULTE"_s, cleared + QLatin1Char('|')})));
+    EXPECT_EQ(lines(u"select Num, Tarif from Licence order by Num"_s),
+              QStringList({kept + u"|ADULTE"_s, cleared + u'|'}));
 
     // The prefix of a selection finds its clubs with "%", in any case.
     const QString prefix = selection().left(9).toLower();
-    EXPECT_EQ(text(read(u"SELECT Code_federal, Intitule, Num FROM Club where Code_federal like '"_s + prefix +
-                        u"%' and Visible = true order by Intitule"_s)
-                       .column(0)),
-              text(QStringList({club(), selection()})));
+    EXPECT_EQ(read(u"SELECT Code_federal, Intitule, Num FROM Club where Code_federal like '"_s + prefix +
+                   u"%' and Visible = true order by Intitule"_s)
+                  .column(0),
+              QStringList({club(), selection()}));
 
     // The doubled WHERE of the relay swimmers' read fails, as it always did.
     EXPECT_THROW(read(QStringLiteral("SELECT Licence.Nom FROM Club Club, Licence Licence, Selection Selection "
