@@ -38,17 +38,14 @@ TEST(SqlText, KeysAreDigitsOnly)
               QStringList({"-5", "12.5", "true", "false"}));
 }
 
-TEST(SqlText, InsertsAndUpdatesShareTheirFields)
+TEST(SqlText, InsertsUpdatesAndComparisonsShareTheirQuoting)
 {
     const SqlFields fields = {{u"Nom"_s, quote_sql(u"L'Hermine"_s)}, {u"NbCouloir"_s, sql_number(6)}};
     EXPECT_EQ(sql_set(fields), u"Nom = 'L''Hermine', NbCouloir = 6"_s);
     EXPECT_EQ(sql_columns(fields), u"Nom, NbCouloir"_s);
     EXPECT_EQ(sql_values(fields), u"'L''Hermine', 6"_s);
     EXPECT_EQ(sql_set({}), QString());
-}
-
-TEST(SqlText, TextOrJoinsQuotedComparisons)
-{
+    // Comparisons joined with "or", quoted.
     EXPECT_EQ(text_or({u"1"_s, u"O'Brien"_s}, u"Licence.Nom"_s), u"Licence.Nom = '1' or Licence.Nom = 'O''Brien'"_s);
     EXPECT_EQ(text_or({}, u"Code"_s), QString());
 }

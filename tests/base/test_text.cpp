@@ -52,7 +52,7 @@ TEST(TextToDouble, ReadsTheLeadingNumberLikeVal)
     EXPECT_DOUBLE_EQ(text_to_double(QString()), 0.0);
 }
 
-TEST(RoundHalfEven, TiesGoToTheEvenNeighbour)
+TEST(Numbers, RoundHalfEvenSendsTiesToTheEvenNeighbour)
 {
     const std::pair<double, int> cases[] = {{2.5, 2},     {3.5, 4},    {0.5, 0},       {-2.5, -2},
                                             {-3.5, -4},   {2.4999, 2}, {2.5001, 3},    {1e12, INT_MAX}};

@@ -52,7 +52,7 @@ protected:
 
 }  // namespace
 
-TEST_F(TimeFieldTest, OnlyDigitsBackspaceAndOnePointAreTyped)
+TEST_F(TimeFieldTest, OnlyDigitsBackspaceAndOnePointAreTypedAndNeverSixtySeconds)
 {
     for (const QChar c : u",: -a\r"_s)
         EXPECT_EQ(rule.filtre_touche_temps(field, c.unicode()), 0) << int(c.unicode());
@@ -61,10 +61,9 @@ TEST_F(TimeFieldTest, OnlyDigitsBackspaceAndOnePointAreTyped)
     EXPECT_TRUE(rule.memory().text.isEmpty());  // consumed by the check
     EXPECT_EQ(type(u"5907"_s), u"1.5907"_s);
     EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(TimeFieldTest, SixtySecondsAreRefusedAtTheKeyThatMakesThem)
-{
+    // Sixty seconds are refused at the key that makes them.
+    write(QString(), 0);
     EXPECT_EQ(type(u"7.9"_s), u"7."_s);  // the 7 goes unchecked, the 9 is refused
     EXPECT_EQ(field.cursor_position(), 2);
     ASSERT_EQ(ui.messages.size(), 1u);
