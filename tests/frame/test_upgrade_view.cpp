@@ -1,5 +1,4 @@
-// The base upgrade window's view on real bases from the model, real upgrade
-// files and a real package, with the person's choices scripted.
+// The base upgrade window's view on real bases, upgrade files and a package.
 
 #include "src/base/zip.h"
 #include "src/store/database.h"
@@ -14,9 +13,7 @@
 #include <QTemporaryDir>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::read_bytes;
-using plouvarine::testing::write_bytes;
+using namespace plouvarine::testing;
 
 namespace {
 
@@ -37,10 +34,10 @@ protected:
     }
 
     // A base from the model at `version`, closed.
-    QString base_at(const QString& version, const QString& name = QStringLiteral("club.mdb"))
+    QString base_at(const QString& version)
     {
-        const QString path = make_base(name);
-        plouvarine::testing::set_base_version(path, version);
+        const QString path = make_base();
+        set_base_version(path, version);
         return path;
     }
 
@@ -77,13 +74,13 @@ TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
     ASSERT_TRUE(app->db.is_open());
     EXPECT_EQ(app->db.path(), base);
     EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(UpgradeViewTest, WithNoBaseInUseLoadAndUnloadOpenNothing)
-{
-    UpgradeView view(*app);
-    view.load();
-    view.unload();
+    // With no base in use, nothing is opened.
+    app->db.close();
+    app->state.base_path.clear();
+    UpgradeView no_base(*app);
+    no_base.load();
+    no_base.unload();
     EXPECT_FALSE(app->db.is_open());
     EXPECT_TRUE(ui.messages.empty());
 }
@@ -107,7 +104,7 @@ TEST_F(UpgradeViewTest, UnloadReportsABaseThatCannotBeOpenedAgain)
 
 // ---- Choosing --------------------------------------------------------------------------
 
-TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
+TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
 {
     UpgradeView view(*app);
     view.load();
@@ -139,12 +136,9 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
         EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
         EXPECT_EQ(view.txt_base(), good);
     }
-}
 
-TEST_F(UpgradeViewTest, APackageMustBeNamedMajBaseZip)
-{
-    UpgradeView view(*app);
-    view.load();
+    // A package must be named maj_base.zip, exactly.
+    ui.clear();
     for (const QString& wrong : {work_file(QStringLiteral("maj_base (1).zip")), work_file(QStringLiteral("MAJ_BASE.ZIP")),
                                  work_file(QStringLiteral("maj_soft_2.zip"))}) {
         ui.files.push_back(wrong);
@@ -167,6 +161,11 @@ TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
     EXPECT_FALSE(view.run_enabled());
     view.set_txt_base(QStringLiteral("   "));
     EXPECT_FALSE(view.run_enabled());
+    // With nothing chosen, running does nothing at all.
+    view.run();
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_EQ(ui.max_wait_depth, 0);
 
     ui.files.push_back(base_at(QStringLiteral("1")));
     ASSERT_TRUE(view.choose_base());
@@ -177,15 +176,6 @@ TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
     ui.files.push_back(work_file(QStringLiteral("maj_base.zip")));
     ASSERT_TRUE(package_only.choose_package());
     EXPECT_TRUE(package_only.run_enabled());
-
-    // With nothing chosen, running does nothing at all.
-    UpgradeView nothing(*app);
-    nothing.load();
-    ui.clear();
-    nothing.run();
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(ui.reports.empty());
-    EXPECT_EQ(ui.max_wait_depth, 0);
 }
 
 // ---- Running ---------------------------------------------------------------------------
@@ -195,7 +185,7 @@ TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
     const QString base = base_at(QStringLiteral("1"));
     QTemporaryDir content;
-    ASSERT_TRUE(write_bytes(content.filePath(QStringLiteral("maj_base.ini")), kUpgradeTo3.toUtf8()));
+    write_bytes(content.filePath(QStringLiteral("maj_base.ini")), kUpgradeTo3.toUtf8());
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     ASSERT_TRUE(zip_folder(package, content.path()));
 
