@@ -132,7 +132,6 @@ TEST_F(BaseCommandsTest, OpeningRefusesWhatIsNotAnUsableBase)
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(app->state.base_path.isEmpty());
 
-    // A text file named like a base.
     ui.clear();
     const QString text = work_file(QStringLiteral("notes.mdb"));
     ASSERT_TRUE(write_bytes(text, "liste des nageurs\n"));

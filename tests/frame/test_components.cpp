@@ -38,7 +38,6 @@ class ComponentsTest : public AppFixture {
 protected:
     QString app_path(const QString& name) const { return app->app_file(name); }
 
-    // The version the row of component `dll` shows.
     static QString version_of(const std::vector<ComponentRow>& rows, const QString& dll)
     {
         for (const ComponentRow& r : rows)
@@ -50,7 +49,6 @@ protected:
 
 }  // namespace
 
-// ---- Component files -----------------------------------------------------------
 
 TEST(ComponentFile, AComponentIsNamedWithThePlatformsPluginSuffix)
 {
@@ -121,7 +119,6 @@ TEST_F(ComponentsTest, APluginsVersionComesFromItsMetadata)
 }
 #endif
 
-// ---- The information window ------------------------------------------------------
 
 TEST_F(ComponentsTest, InformationWindowShowsTheVersionOfTheOpenBase)
 {

@@ -114,7 +114,6 @@ TEST_F(OperationRunnerTest, NoAtTheOverwriteQuestionRemovesTheWorkFoldersAndTheB
         EXPECT_FALSE(runner.report_shown());
         EXPECT_FALSE(runner.ok_enabled());
         EXPECT_FALSE(runner.option_enabled());
-        // The close box, as the person leaves.
     };
     run_operation(*app, QStringLiteral("explic"));
     EXPECT_EQ(ui.texts(), QStringList{kOverwrite});
@@ -226,7 +225,6 @@ protected:
                            QStringLiteral("Num"));
     }
     QStringList codes() { return dump(QStringLiteral("select Code_unique from Licence where Licence <> '' order by Licence")); }
-    // Runs "majiuf" on the package; gives the report.
     QString run(const QString& package, bool my_club_only)
     {
         QString report;

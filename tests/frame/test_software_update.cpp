@@ -37,7 +37,6 @@ protected:
         return archive;
     }
 
-    // Runs the command with `archive` as the person's choice.
     void run(const QString& archive)
     {
         ui.files.push_back(archive);
@@ -68,7 +67,6 @@ protected:
 
 }  // namespace
 
-// ---- maj.txt ---------------------------------------------------------------------
 
 TEST(UpdateList, ValuesEndAtCommasAndLineBreaks)
 {
@@ -85,7 +83,6 @@ TEST(UpdateList, ValuesEndAtCommasAndLineBreaks)
     EXPECT_TRUE(update_list_values(QStringLiteral(" , \r\n,")).isEmpty());
 }
 
-// ---- Installing --------------------------------------------------------------------
 
 TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
 {
@@ -101,11 +98,8 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
     run(archive);
 
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
-    // A file new to the folder is installed as well.
     EXPECT_EQ(installed(QStringLiteral("rcpres.so")), rcpres);
-    // A file in a folder of the package goes to the same folder.
     EXPECT_EQ(installed(QStringLiteral("tables/points.csv")), table);
-    // A file of the package that maj.txt does not name stays out.
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("lisezmoi.txt"))));
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("maj.txt"))));
 
@@ -120,7 +114,6 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
                                               QStringLiteral("Mise à jour de rcpres.so"),
                                               QStringLiteral("Mise à jour de tables/points.csv")}));
     expect_clean_end();
-    // The package itself is left where it was.
     EXPECT_TRUE(QFile::exists(archive));
 }
 
@@ -181,11 +174,9 @@ TEST_F(SoftwareUpdateTest, NamesThatWouldLeaveTheApplicationFolderAreListedAsMis
         QFile::remove(above);
 }
 
-// ---- Refusals and failures ---------------------------------------------------------
 
 TEST_F(SoftwareUpdateTest, RefusedOrBrokenPackagesInstallNothing)
 {
-    // A cancelled dialog does nothing at all.
     software_update_command(*app);
     EXPECT_EQ(ui.file_requests.size(), 1u);
     EXPECT_TRUE(ui.messages.empty());
@@ -215,7 +206,6 @@ TEST_F(SoftwareUpdateTest, RefusedOrBrokenPackagesInstallNothing)
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), QByteArray("en place"));
     expect_clean_end();
 
-    // A damaged package gives the unpacking error alone.
     const QString archive = work_file(QStringLiteral("maj_soft_3.zip"));
     ASSERT_TRUE(write_bytes(archive, "PK ceci n'est pas une archive"));
     ui.clear();

@@ -24,14 +24,12 @@ class UpgradeTest : public AppFixture {
 protected:
     void write_upgrade_file(const QString& content) { write_bytes(upgrade_file_path(*app), content.toUtf8()); }
 
-    // A base from the model at `version`, closed.
     QString base_at(const QString& version)
     {
         const QString path = make_base();
         set_base_version(path, version);
         return path;
     }
-    // The same, connected as the opening leaves it.
     QString connected_base(const QString& version)
     {
         const QString path = base_at(version);
@@ -66,7 +64,6 @@ protected:
         return path;
     }
 
-    // The lines of the one report shown.
     QStringList report()
     {
         EXPECT_EQ(ui.reports.size(), 1u);
@@ -94,7 +91,6 @@ protected:
 
 }  // namespace
 
-// ---- Reading the upgrade file ----------------------------------------------
 
 TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
 {
@@ -141,7 +137,6 @@ TEST(ReadIni, ReadsAFileInTheOldEightBitCodePage)
               QStringLiteral("UPDATE Nage SET Libelle = 'Brasse débutant'"));
 }
 
-// ---- The walk through the versions -----------------------------------------
 
 TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
 {
@@ -215,7 +210,6 @@ TEST_F(UpgradeTest, WithoutTheUpgradeFileNothingRuns)
     expect_idle();
 }
 
-// ---- A statement that fails --------------------------------------------------
 
 class UpgradeFailureTest : public UpgradeTest {
 protected:
@@ -325,7 +319,6 @@ TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
     EXPECT_EQ(ui.wait_depth, 0);
 }
 
-// ---- Packages and the upgrade window ---------------------------------------
 
 TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
 {

@@ -33,7 +33,6 @@ protected:
         ASSERT_TRUE(write_bytes(upgrade_file_path(*app), content.toUtf8()));
     }
 
-    // A base from the model at `version`, closed.
     QString base_at(const QString& version)
     {
         const QString path = make_base();
@@ -54,7 +53,6 @@ protected:
 
 }  // namespace
 
-// ---- Load and unload ----------------------------------------------------------------
 
 TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
 {
@@ -102,7 +100,6 @@ TEST_F(UpgradeViewTest, UnloadReportsABaseThatCannotBeOpenedAgain)
     EXPECT_EQ(read_bytes(base), QByteArray("liste des nageurs\n"));
 }
 
-// ---- Choosing --------------------------------------------------------------------------
 
 TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
 {
@@ -110,7 +107,6 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
     view.load();
     const QString good = base_at(QStringLiteral("1"));
 
-    // Cancel: nothing chosen, nothing said.
     EXPECT_FALSE(view.choose_base());
     EXPECT_TRUE(view.txt_base().isEmpty());
     EXPECT_TRUE(ui.messages.empty());
@@ -161,7 +157,6 @@ TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
     EXPECT_FALSE(view.run_enabled());
     view.set_txt_base(QStringLiteral("   "));
     EXPECT_FALSE(view.run_enabled());
-    // With nothing chosen, running does nothing at all.
     view.run();
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(ui.reports.empty());
@@ -178,7 +173,6 @@ TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
     EXPECT_TRUE(package_only.run_enabled());
 }
 
-// ---- Running ---------------------------------------------------------------------------
 
 TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
 {

@@ -205,7 +205,6 @@ TEST_F(WindowRegistryTest, TheCallerIsToldWhenItsDetailCloses)
     windows->closed(QStringLiteral("Frm_liste_club"));
     EXPECT_TRUE(windows->caller_of(QStringLiteral("dem_info")).isEmpty());
 
-    // A new list of the same name did not open this detail.
     ASSERT_TRUE(windows->opened(QStringLiteral("Frm_liste_club"), {}, {}, &second));
     windows->closed(QStringLiteral("dem_info"));
     EXPECT_TRUE(first.unloaded.isEmpty());
