@@ -253,7 +253,7 @@ TEST_F(BaseCommandsTest, CancelThenCrashGoesUnnoticed)
     EXPECT_EQ(pools(), QStringList{QStringLiteral("Après annulation")});
 }
 
-TEST_F(BaseCommandsTest, NewBaseFromTheModel)
+TEST_F(BaseCommandsTest, NewBaseFromTheModelWithOrWithoutTheExtensionTyped)
 {
     const QString target = work_file(QStringLiteral("nouvelle.mdb"));
     ASSERT_TRUE(write_bytes(target, "une ancienne base remplacée"));
@@ -263,47 +263,45 @@ TEST_F(BaseCommandsTest, NewBaseFromTheModel)
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
     EXPECT_EQ(ui.file_requests.at(0).title, QStringLiteral("Nouvelle Base"));
     EXPECT_TRUE(ui.file_requests.at(0).confirm_overwrite);
+    EXPECT_EQ(ui.file_requests.at(0).default_suffix, QStringLiteral("mdb"));
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
     EXPECT_TRUE(QFile::exists(save_path(target)));
     EXPECT_FALSE(app->state.num_lic_nulle.isEmpty());
     EXPECT_EQ(count(QStringLiteral("select count(*) from Club")), 0);
     EXPECT_GT(count(QStringLiteral("select count(*) from Nage")), 0);
-}
+    unload_main(*app);
 
-TEST_F(BaseCommandsTest, ANameTypedWithoutTheExtensionGetsIt)
-{
     // Whatever the dialog does with its default suffix, the base is "club.mdb",
     // its lock "club.ldb", and Ouvrir and Supprimer find it under the bare name.
     const QString bare = work_file(QStringLiteral("club"));
     const QString base = bare + QStringLiteral(".mdb");
+    ui.clear();
     ui.files.push_back(bare);
     new_base_command(*app);
     ASSERT_TRUE(app->db.is_open()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
-    EXPECT_EQ(ui.file_requests.at(0).default_suffix, QStringLiteral("mdb"));
     EXPECT_EQ(app->state.base_path, base);
     EXPECT_TRUE(QFile::exists(base));
     EXPECT_FALSE(QFile::exists(bare));
     EXPECT_TRUE(QFile::exists(work_file(QStringLiteral("club.ldb"))));
     unload_main(*app);
-
     ui.clear();
     open(bare);
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QStringLiteral(" | ")).toStdString();
     EXPECT_TRUE(app->db.is_open());
     EXPECT_EQ(app->state.base_path, base);
     EXPECT_EQ(ui.file_requests.at(0).default_suffix, QStringLiteral("mdb"));
-}
+    unload_main(*app);
 
-TEST_F(BaseCommandsTest, NewBaseWithoutTheModel)
-{
+    // Without the model nothing is made.
     QFile::remove(app->app_file(QStringLiteral("modele_base.sav")));
-    const QString target = work_file(QStringLiteral("nouvelle.mdb"));
-    ui.files.push_back(target);
+    const QString lost = work_file(QStringLiteral("perdue.mdb"));
+    ui.clear();
+    ui.files.push_back(lost);
     new_base_command(*app);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Modèle de base non trouvée.\n"
                                                      "Impossible de continuer, le programme va être terminé.\n"
                                                      "Contactez le fournisseur.")});
-    EXPECT_FALSE(QFile::exists(target));
+    EXPECT_FALSE(QFile::exists(lost));
     EXPECT_FALSE(app->db.is_open());
 }
 

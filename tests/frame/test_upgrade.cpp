@@ -322,12 +322,23 @@ TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
 
 TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
 {
-    const QByteArray installed = "[INFO]\nVersion finale=9\n[FROM 8]\nmaj1=CREATE TABLE Ancienne (x INTEGER)\n";
-    write_bytes(upgrade_file_path(*app), installed);
+    // No upgrade file yet: any version is an improvement; a package without
+    // a model keeps the model.
+    EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
     const QString model_file = app->app_file(QStringLiteral("modele_base.sav"));
     const QByteArray model = read_bytes(model_file);
+    const QByteArray installed = "[INFO]\nVersion finale=9\n[FROM 8]\nmaj1=CREATE TABLE Ancienne (x INTEGER)\n";
+    EXPECT_TRUE(install_upgrade_package(*app, package({{QStringLiteral("maj_base.ini"), installed}})));
+    EXPECT_EQ(final_version(*app), QStringLiteral("9"));
+    EXPECT_EQ(read_bytes(model_file), model);
+    EXPECT_TRUE(work_folders().isEmpty());
 
-    // The same version, written otherwise, is refused.
+    // A broken package, or the same version written otherwise, is refused.
+    const QString broken = work_file(QStringLiteral("maj_base.zip"));
+    write_bytes(broken, "PK\x03\x04 ceci n'est pas une archive");
+    EXPECT_FALSE(install_upgrade_package(*app, broken));
+    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+    ui.clear();
     const QString same = package({{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=9.0\n"},
                                   {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
     EXPECT_FALSE(install_upgrade_package(*app, same));
@@ -352,24 +363,6 @@ TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
     EXPECT_EQ(final_version(*app), QStringLiteral("10"));
     EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajbase")});
     EXPECT_EQ(upgrade_package_label(*app), QStringLiteral("Package dispo pour upgrade vers version 10"));
-}
-
-TEST_F(UpgradeTest, APackageWithoutModelKeepsTheModelAndABrokenOneInstallsNothing)
-{
-    // No upgrade file yet: any version is an improvement.
-    EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
-    const QByteArray model = read_bytes(app->app_file(QStringLiteral("modele_base.sav")));
-    EXPECT_TRUE(install_upgrade_package(*app, package({{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=4\n"}})));
-    EXPECT_EQ(final_version(*app), QStringLiteral("4"));
-    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), model);
-    EXPECT_TRUE(work_folders().isEmpty());
-
-    const QString broken = work_file(QStringLiteral("maj_base.zip"));
-    write_bytes(broken, "PK\x03\x04 ceci n'est pas une archive");
-    EXPECT_FALSE(install_upgrade_package(*app, broken));
-    EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
-    EXPECT_EQ(final_version(*app), QStringLiteral("4"));
-    EXPECT_TRUE(work_folders().isEmpty());
 }
 
 TEST_F(UpgradeTest, TheToolInstallsThePackageThenUpgradesTheBase)

@@ -1,5 +1,4 @@
-// The "?" menu's guide: found in the application folder, HTML first, opened
-// through the desktop, and a message when it is missing or cannot be opened.
+// The "?" menu's guide: found in the application folder, HTML first, opened through the desktop.
 
 #include "src/frame/user_guide.h"
 #include "support/app_fixture.h"
