@@ -37,7 +37,7 @@ int selected_row(const QItemSelectionModel& selection)
 
 }  // namespace
 
-TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheList)
+TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheListExactlyByWordOrByStart)
 {
     QStandardItemModel model;
     fill(model, {QStringLiteral("Dupont"), QStringLiteral("Martin"), QStringLiteral("dupont"),
@@ -57,11 +57,8 @@ TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheList)
     EXPECT_FALSE(find_row(model, QStringLiteral("Absent")).has_value());
     QStandardItemModel empty;
     EXPECT_FALSE(find_row(empty, QStringLiteral("Dupont")).has_value());
-}
 
-TEST(FindRow, ExactWholeWordAndPartialMatches)
-{
-    QStandardItemModel model;
+    // Exact, whole-word and partial matches.
     fill(model, {QStringLiteral("100m Nage Libre"), QStringLiteral("100 m papillon"), QStringLiteral("100"),
                  QStringLiteral("1000")});
     // Exact: the cell equals the text.

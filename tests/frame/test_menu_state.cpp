@@ -43,6 +43,12 @@ QSet<QString> commands_under(const MenuState& menus, const QString& menu)
     return names;
 }
 
+// A command's counter and whether it is enabled.
+std::pair<int, bool> lock_state(const MenuState& menus, const QString& name)
+{
+    return {menus.counter(name), menus.is_enabled(name)};
+}
+
 std::vector<int> deltas(LockGroup group, int value)
 {
     return std::vector<int>(size_t(lock_group_commands(group).size()), value);
@@ -110,7 +116,7 @@ TEST(MenuTree, TheMenusOfTheBarHaveAccessKeysOfTheirOwn)
     }
 }
 
-TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
+TEST(MenuEnabling, WithNoBaseOnlyBaseFileHelpAndMonitorCommandsLeadAnywhereWithABaseAllButNewAndOpen)
 {
     MenuState menus;
     // The process starts as enable_menus(false) leaves it.
@@ -134,26 +140,22 @@ TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
     // "O&utils" opens for the monitor alone: its own switch is off.
     EXPECT_FALSE(menus.own_enabled(QStringLiteral("mnuOutils")));
     EXPECT_FALSE(menus.base_open());
-}
 
-TEST(MenuEnabling, WithABaseEverythingButNewAndOpenIsEnabled)
-{
-    MenuState menus;
+    // With a base everything but New and Open is enabled.
     menus.enable_menus(true);
     EXPECT_TRUE(menus.base_open());
-    QSet<QString> expected = all_commands(menus);
-    expected.remove(QStringLiteral("mnuBaseNew"));
-    expected.remove(QStringLiteral("mnuBaseOpen"));
-    EXPECT_EQ(enabled_commands(menus), expected);
+    QSet<QString> with_base = all_commands(menus);
+    with_base.remove(QStringLiteral("mnuBaseNew"));
+    with_base.remove(QStringLiteral("mnuBaseOpen"));
+    EXPECT_EQ(enabled_commands(menus), with_base);
     for (const MenuEntry& e : menus.entries())
         if (e.kind == MenuKind::Menu) {
             EXPECT_TRUE(menus.is_enabled(e.name)) << e.name.toStdString();
         }
 
     // Closing the base gives back exactly the state of the start.
-    MenuState fresh;
     menus.enable_menus(false);
-    EXPECT_EQ(enabled_commands(menus), enabled_commands(fresh));
+    EXPECT_EQ(enabled_commands(menus), at_start);
 }
 
 TEST(MenuEnabling, AppContextDrivesTheMenuAndStillTellsTheFrame)
@@ -183,25 +185,21 @@ TEST(MenuLocks, ACommandIsEnabledOnlyBelowOneAndUnderTheBaseState)
 
     // A window locks while a base is open...
     menus.lock_menus(LockGroup::Licence, {0, 0, 1, 0, 0, 0, 0});
-    EXPECT_EQ(menus.counter(list), 1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(1, false));
     EXPECT_FALSE(menus.own_enabled(list));
     EXPECT_TRUE(menus.is_enabled(QStringLiteral("mnuLicModif")));
     // ...the base state moves around it and never frees it...
     menus.enable_menus(false);
     menus.enable_menus(true);
-    EXPECT_EQ(menus.counter(list), 1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(1, false));
     // ...only the reverse delta does.
     menus.lock_menus(LockGroup::Licence, {0, 0, -1, 0, 0, 0, 0});
-    EXPECT_EQ(menus.counter(list), 0);
-    EXPECT_TRUE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(0, true));
 
     // With no base the licence menu is off whatever the counters say.
     menus.enable_menus(false);
     menus.lock_menus(LockGroup::Licence, deltas(LockGroup::Licence, -1));
-    EXPECT_EQ(menus.counter(list), -1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(-1, false));
     EXPECT_TRUE(menus.own_enabled(list));
 }
 
@@ -223,19 +221,16 @@ TEST(MenuLocks, AReversalWithoutItsLockGoesNegativeAndLeavesTheCommandEnabled)
     menus.enable_menus(true);
     const QString team = QStringLiteral("mnuOutilsCalculPointEquipe");
     menus.lock_menus(LockGroup::TeamPoints, {-1});
-    EXPECT_EQ(menus.counter(team), -1);
-    EXPECT_TRUE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(-1, true));
     // The next window's lock is swallowed by the debt: the command stays usable.
     menus.lock_menus(LockGroup::TeamPoints, {1});
-    EXPECT_EQ(menus.counter(team), 0);
-    EXPECT_TRUE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(0, true));
 
     // 16-bit counters stop at their ends instead of wrapping round to unlocked.
     menus.lock_menus(LockGroup::TeamPoints, {40000});
     EXPECT_EQ(menus.counter(team), 32767);
     menus.lock_menus(LockGroup::TeamPoints, {1});
-    EXPECT_EQ(menus.counter(team), 32767);
-    EXPECT_FALSE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(32767, false));
 }
 
 TEST(MenuLocks, WrongDeltaListsChangeNothing)

@@ -87,6 +87,9 @@ TEST(UpdateList, ValuesEndAtCommasAndLineBreaks)
 TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
 {
     ASSERT_TRUE(write_bytes(app_path(QStringLiteral("calpts.so")), "ancienne version"));
+    // A work folder left from before is not touched: the run takes another.
+    ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajsoft")));
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("tmpmajsoft/calpts.so")), "oublié"));
     const QByteArray calpts = random_bytes(300 * 1024, 7);
     const QByteArray rcpres = random_bytes(2048, 8);
     const QByteArray table = random_bytes(512, 3);
@@ -113,7 +116,10 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
                                               QStringLiteral("Mise à jour de calpts.so"),
                                               QStringLiteral("Mise à jour de rcpres.so"),
                                               QStringLiteral("Mise à jour de tables/points.csv")}));
-    expect_clean_end();
+    EXPECT_EQ(installed(QStringLiteral("tmpmajsoft/calpts.so")), QByteArray("oublié"));
+    EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajsoft")});
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
     EXPECT_TRUE(QFile::exists(archive));
 }
 
@@ -236,18 +242,6 @@ TEST_F(SoftwareUpdateTest, AFileThatCannotBeReplacedStopsWithTheStepInProgress)
     EXPECT_TRUE(QFileInfo(app_path(QStringLiteral("rcpres.so"))).isDir());
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("expclub.so"))));
     expect_clean_end();
-}
-
-TEST_F(SoftwareUpdateTest, AWorkFolderLeftFromBeforeIsNotTouched)
-{
-    ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajsoft")));
-    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("tmpmajsoft/calpts.so")), "oublié"));
-    const QByteArray calpts = random_bytes(100, 4);
-    run(package({{QStringLiteral("maj.txt"), "calpts.so"}, {QStringLiteral("calpts.so"), calpts}}));
-    EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
-    EXPECT_EQ(installed(QStringLiteral("tmpmajsoft/calpts.so")), QByteArray("oublié"));
-    EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajsoft")});
-    EXPECT_EQ(ui.texts(), QStringList{kSuccess});
 }
 
 TEST_F(SoftwareUpdateTest, AProgramKeepsItsRunBitsAndTheModelBaseIsNotReplaced)
