@@ -58,7 +58,6 @@ TEST_F(OperationRunnerTest, TwoExportsInOneWindowUseFreshWorkFoldersBesideALeftO
     bool base_closed_during_run = false;
     ui.drivers[QString(OperationRunner::kName)] = [&](View& view) {
         auto& runner = dynamic_cast<OperationRunner&>(view);
-        EXPECT_EQ(runner.title(), QStringLiteral("Exporter Clubs"));
         EXPECT_EQ(runner.label(), QStringLiteral("Répertoire de sauvegarde :"));
         EXPECT_FALSE(runner.option_visible());
         for (const QString& target : {first, second}) {

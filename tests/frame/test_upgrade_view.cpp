@@ -94,7 +94,7 @@ TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
 }
 
 
-TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
+TEST_F(UpgradeViewTest, RunIsEnabledOnceAnMdbBaseOrAPackageOfTheOneNameIsChosen)
 {
     UpgradeView view(*app);
     view.load();
@@ -102,15 +102,22 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
 
     EXPECT_FALSE(view.choose_base());
     EXPECT_TRUE(view.txt_base().isEmpty());
-    EXPECT_TRUE(ui.messages.empty());
     ASSERT_EQ(ui.file_requests.size(), 1u);
     EXPECT_EQ(ui.file_requests[0].title, QStringLiteral("Sélection d'une Base"));
     EXPECT_EQ(ui.file_requests[0].filter, QStringLiteral("Base de données (*.mdb)|*.mdb"));
     EXPECT_FALSE(ui.file_requests[0].save);
+    // With nothing chosen, Run is off and does nothing at all.
+    view.set_txt_base(QStringLiteral("   "));
+    EXPECT_FALSE(view.run_enabled());
+    view.run();
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_EQ(ui.max_wait_depth, 0);
 
     ui.files.push_back(good);
     EXPECT_TRUE(view.choose_base());
     EXPECT_EQ(view.txt_base(), good);
+    EXPECT_TRUE(view.run_enabled());
 
     // A base under another extension, even an upper-case one, is refused, and
     // the base chosen before stays.
@@ -126,46 +133,26 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdbAndAPackageTheOneName)
         EXPECT_EQ(view.txt_base(), good);
     }
 
-    // A package must be named maj_base.zip, exactly.
+    // A package alone will do; it must be named maj_base.zip, exactly.
     ui.clear();
+    UpgradeView package_only(*app);
+    package_only.load();
     for (const QString& wrong : {work_file(QStringLiteral("maj_base (1).zip")), work_file(QStringLiteral("MAJ_BASE.ZIP")),
                                  work_file(QStringLiteral("maj_soft_2.zip"))}) {
         ui.files.push_back(wrong);
-        EXPECT_FALSE(view.choose_package()) << wrong.toStdString();
-        EXPECT_TRUE(view.txt_rep().isEmpty());
+        EXPECT_FALSE(package_only.choose_package()) << wrong.toStdString();
+        EXPECT_TRUE(package_only.txt_rep().isEmpty());
     }
+    EXPECT_FALSE(package_only.run_enabled());
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     ui.files.push_back(package);
-    EXPECT_TRUE(view.choose_package());
-    EXPECT_EQ(view.txt_rep(), package);
+    EXPECT_TRUE(package_only.choose_package());
+    EXPECT_EQ(package_only.txt_rep(), package);
+    EXPECT_TRUE(package_only.run_enabled());
     for (const FileDialogRequest& r : ui.file_requests)
         EXPECT_EQ(r.filter, QStringLiteral("Package maj base (maj_base.zip)|maj_base.zip"));
     EXPECT_TRUE(ui.messages.empty());
 }
-
-TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
-{
-    UpgradeView view(*app);
-    view.load();
-    EXPECT_FALSE(view.run_enabled());
-    view.set_txt_base(QStringLiteral("   "));
-    EXPECT_FALSE(view.run_enabled());
-    view.run();
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(ui.reports.empty());
-    EXPECT_EQ(ui.max_wait_depth, 0);
-
-    ui.files.push_back(base_at(QStringLiteral("1")));
-    ASSERT_TRUE(view.choose_base());
-    EXPECT_TRUE(view.run_enabled());
-
-    UpgradeView package_only(*app);
-    package_only.load();
-    ui.files.push_back(work_file(QStringLiteral("maj_base.zip")));
-    ASSERT_TRUE(package_only.choose_package());
-    EXPECT_TRUE(package_only.run_enabled());
-}
-
 
 TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
 {
