@@ -72,11 +72,6 @@ protected:
         waitpid(child, &status, 0);
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "child ended with " << status;
     }
-
-    void write_upgrade_file(const QString& content)
-    {
-        ASSERT_TRUE(write_bytes(app->app_file(QStringLiteral("maj_base.ini")), content.toUtf8()));
-    }
 };
 
 }  // namespace
@@ -164,7 +159,8 @@ TEST_F(BaseCommandsTest, ABaseWithoutInfoIsClosedAgain)
 
 TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
 {
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n[FROM 2]\nmaj1=CREATE TABLE Ajout_v3 (x INTEGER)\n"));
+    ASSERT_TRUE(write_bytes(app->app_file(QStringLiteral("maj_base.ini")),
+                            "[INFO]\nVersion finale=3\n[FROM 2]\nmaj1=CREATE TABLE Ajout_v3 (x INTEGER)\n"));
     const QString base = make_base();
     set_base_version(base, QStringLiteral("2.9"));
     open(base);

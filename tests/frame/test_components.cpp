@@ -28,12 +28,6 @@ const QStringList kListed{
 const QString kZipLibrary = QStringLiteral("libzip");
 const QString kNotInstalled = QStringLiteral("non installé");
 
-// A real Qt plugin of the system, whose metadata carry no version.
-QString qt_platform_plugin()
-{
-    return QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libqoffscreen.so");
-}
-
 class ComponentsTest : public AppFixture {
 protected:
     QString app_path(const QString& name) const { return app->app_file(name); }
@@ -82,8 +76,8 @@ TEST_F(ComponentsTest, AFileThatIsNoPluginOrHasNoVersionSaysVersionNonDisponible
     // Bytes of any kind, an empty file, and a real Qt plugin without a version.
     ASSERT_TRUE(write_bytes(app_path(component_file(QStringLiteral("expclub.dll"))), "ceci n'est pas un composant\n"));
     ASSERT_TRUE(write_bytes(app_path(component_file(QStringLiteral("rcpres.dll"))), QByteArray()));
-    ASSERT_TRUE(QFile::exists(qt_platform_plugin())) << qt_platform_plugin().toStdString();
-    ASSERT_TRUE(QFile::copy(qt_platform_plugin(), app_path(component_file(QStringLiteral("explic.dll")))));
+    const QString qt_plugin = QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms/libqoffscreen.so");
+    ASSERT_TRUE(QFile::copy(qt_plugin, app_path(component_file(QStringLiteral("explic.dll"))))) << qt_plugin.toStdString();
     // Neither a folder of the component's name nor the file under its old name is the component.
     ASSERT_TRUE(QDir(app->app_dir()).mkdir(component_file(QStringLiteral("sviprf.dll"))));
     ASSERT_TRUE(write_bytes(app_path(QStringLiteral("regmodele.dll")), "MZ"));

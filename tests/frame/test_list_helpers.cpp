@@ -11,8 +11,7 @@
 #include <stdexcept>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::column_texts;
+using namespace plouvarine::testing;
 
 namespace {
 
