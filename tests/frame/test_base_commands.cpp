@@ -139,14 +139,22 @@ TEST_F(BaseCommandsTest, OpeningRefusesWhatIsNotAnUsableBase)
     EXPECT_FALSE(app->menus_base_open());
     EXPECT_FALSE(QFile::exists(save_path(text)));
     EXPECT_FALSE(QFile::exists(Database::lock_path(text)));
-}
 
-TEST_F(BaseCommandsTest, ABaseWithoutInfoIsClosedAgain)
-{
+    // A base held by another process.
+    const QString held = make_base(QStringLiteral("tenue.mdb"));
+    BaseHeldElsewhere other(held);
+    ui.clear();
+    open(held);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Une connexion est déjà active sur la base.\n"
+                                                     "Vérifier qu'elle n'est pas ouverte dans une autre application.")});
+    EXPECT_FALSE(app->db.is_open());
+
+    // A base without Info is closed again.
     const QString base = make_base();
     connect(base);
     exec(QStringLiteral("DROP TABLE Info"));
     app->db.close();
+    ui.clear();
     open(base);
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(app->menus_base_open());
@@ -177,16 +185,6 @@ TEST_F(BaseCommandsTest, AnOlderVersionGoesThroughTheUpgrade)
     set_base_version(odd, QStringLiteral("'v3'"));
     open(odd);
     ASSERT_EQ(ui.reports.size(), 1u);
-}
-
-TEST_F(BaseCommandsTest, ABaseHeldByAnotherProcessIsRefused)
-{
-    const QString base = make_base();
-    BaseHeldElsewhere other(base);
-    open(base);
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Une connexion est déjà active sur la base.\n"
-                                                     "Vérifier qu'elle n'est pas ouverte dans une autre application.")});
-    EXPECT_FALSE(app->db.is_open());
 }
 
 TEST_F(BaseCommandsTest, CrashThenOpenWithTheSaveAnsweredYes)
