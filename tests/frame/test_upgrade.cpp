@@ -64,7 +64,8 @@ protected:
         return path;
     }
 
-    QStringList report()
+    // The lines of the one report shown, or its red lines only.
+    QStringList report(bool red_only = false)
     {
         EXPECT_EQ(ui.reports.size(), 1u);
         if (ui.reports.empty())
@@ -72,14 +73,7 @@ protected:
         EXPECT_EQ(ui.reports.back().title, kTitle);
         QStringList out;
         for (const ReportLine& l : ui.reports.back().lines)
-            out << l.text;
-        return out;
-    }
-    QStringList red_lines()
-    {
-        QStringList out;
-        for (const ReportLine& l : ui.reports.back().lines)
-            if (l.error)
+            if (l.error || !red_only)
                 out << l.text;
         return out;
     }
@@ -160,7 +154,7 @@ TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
         QStringLiteral("Nouvelle version de la base : 3"),
         QStringLiteral("UPDATE Info Set Version = 3"), QStringLiteral("... OK"),
         QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie.")}));
-    EXPECT_TRUE(red_lines().isEmpty());
+    EXPECT_TRUE(report(true).isEmpty());
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(ui.status_history.contains(kTitle));
     expect_idle();
@@ -245,7 +239,7 @@ protected:
     // The report's lines after the failure, which has been told in red.
     QStringList failure_report()
     {
-        const QStringList red = red_lines();
+        const QStringList red = report(true);
         EXPECT_EQ(red.value(0), QStringLiteral("Une erreur s'est produite lors de la mise à jour de la base."));
         EXPECT_TRUE(red.size() == 2 && red[1].startsWith(QStringLiteral("Erreur n° ")) &&
                     red[1].contains(QStringLiteral("Absente")))
