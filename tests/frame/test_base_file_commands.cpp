@@ -12,17 +12,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <cmath>
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::BaseHeldElsewhere;
-using plouvarine::testing::read_bytes;
-using plouvarine::testing::ScriptedServices;
-using plouvarine::testing::write_bytes;
+using namespace plouvarine::testing;
 
 namespace {
 
@@ -42,7 +34,7 @@ protected:
         for (int i = 0; i < rows; ++i)
             app->db.exec_sql(QStringLiteral("INSERT INTO Remplissage VALUES ('%1')").arg(QString(2000, QLatin1Char('a' + i % 26))));
     }
-    QString flag() { return app->db.load_rows(QStringLiteral("select LastClose from Info")).first(); }
+    QString flag() { return value(QStringLiteral("select LastClose from Info")); }
     QString base;
 };
 
@@ -51,7 +43,7 @@ protected:
 TEST_F(BaseFilesTest, CompactionShrinksTheBaseAndKeepsItsData)
 {
     fill(200);
-    app->db.exec_sql(QStringLiteral("DELETE FROM Remplissage WHERE rowid > 10"));
+    exec(QStringLiteral("DELETE FROM Remplissage WHERE rowid > 10"));
     create_save(app->base_file());
     const QByteArray save_before = read_bytes(save_path(base));
     close_base(*app);
@@ -63,7 +55,7 @@ TEST_F(BaseFilesTest, CompactionShrinksTheBaseAndKeepsItsData)
     compact_command(*app);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Base compactée avec succès.")});
     ASSERT_TRUE(app->db.is_open());
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Remplissage")), 10);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Remplissage")), 10);
     EXPECT_EQ(flag(), QStringLiteral("Vrai"));
     EXPECT_FALSE(QFile::exists(base + QStringLiteral(".tmp.compact")));
     EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Compacter la base")));
@@ -88,37 +80,25 @@ TEST_F(BaseFilesTest, AFailedCompactionReconnectsTheSameBase)
 {
     fill(100);
     close_base(*app);
-    const pid_t child = fork();
-    if (child == 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        ScriptedServices child_ui;
-        AppContext child_app(child_ui, app->app_dir());
-        child_app.state.base_path = base;
-        if (!connect_base(child_app))
-            _exit(10);
-        rlimit limit{32 * 1024, 32 * 1024};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        compact_base(child_app, base);
-        const QStringList texts = child_ui.texts();
-        const bool step2 = !texts.isEmpty() && texts[0].startsWith(QStringLiteral("Impossible de compacter la base.\n")) &&
-                           texts[0].endsWith(QStringLiteral("\nLe compactage a échoué."));
-        const bool reopened = child_app.db.is_open() && texts.size() == 1;
-        child_app.db.close();
-        _exit(step2 && reopened ? 0 : 20);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    // On a full disk: the copy cannot be written.
+    EXPECT_EQ(run_with_file_size_limit(32 * 1024, [&] {
+                  connect(base);
+                  compact_base(*app, base);
+                  const QStringList texts = ui.texts();
+                  const bool told = texts.size() == 1 && texts[0].startsWith(QStringLiteral("Impossible de compacter la base.\n")) &&
+                                    texts[0].endsWith(QStringLiteral("\nLe compactage a échoué."));
+                  return told && app->db.is_open() ? 0 : 20;
+              }),
+              0);
     connect(base);
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Remplissage")), 100);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Remplissage")), 100);
     EXPECT_FALSE(QFile::exists(base + QStringLiteral(".tmp.compact")));
 }
 
 TEST_F(BaseFilesTest, ArchiveToAChosenFolder)
 {
     fill(50);
-    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp_tempo (AutoNum) VALUES (5);"));
+    exec(QStringLiteral("INSERT INTO Rcomp_tempo (AutoNum) VALUES (5);"));
     const QString target_dir = work_file(QStringLiteral("archives"));
     ASSERT_TRUE(QDir().mkdir(target_dir));
     ui.folders.push_back(target_dir);
@@ -141,14 +121,12 @@ TEST_F(BaseFilesTest, ArchiveToAChosenFolder)
                           .arg(compression_rate(zipped, zip_size)));
     EXPECT_EQ(ui.folder_prompts, QStringList{QStringLiteral("Répertoire d'archivage :")});
     EXPECT_EQ(flag(), QStringLiteral("Faux"));
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Rcomp_tempo")), 0);
+    EXPECT_EQ(count(QStringLiteral("select count(*) from Rcomp_tempo")), 0);
     EXPECT_FALSE(QFileInfo::exists(app->tempo_dir()));
 
     // The archive holds a base at rest.
-    const QString out = work_file(QStringLiteral("ouverte"));
-    ASSERT_TRUE(unzip_archive(archive, out));
     Database copy;
-    copy.open(QDir(out).filePath(QStringLiteral("club.mdb")));
+    copy.open(QDir(unpacked).filePath(QStringLiteral("club.mdb")));
     EXPECT_EQ(copy.load_rows(QStringLiteral("select LastClose from Info")).first(), QStringLiteral("Vrai"));
     EXPECT_EQ(copy.count_query(QStringLiteral("select count(*) from Remplissage")), 50);
     copy.close();
@@ -219,15 +197,14 @@ TEST_F(BaseFilesTest, DeletingABaseFile)
     EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
     EXPECT_TRUE(QFile::exists(save_path(other))) << "the save file beside it stays";
     EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Supprimer une Base"));
-}
 
-TEST_F(BaseFilesTest, DeletingABaseHeldByAnotherProcess)
-{
-    const QString other = make_base(QStringLiteral("autre.mdb"));
-    BaseHeldElsewhere holder(other);
-    ui.files.push_back(other);
+    // A base held by another process stays, whatever the answer.
+    const QString held = make_base(QStringLiteral("tenue.mdb"));
+    BaseHeldElsewhere holder(held);
+    ui.clear();
+    ui.files.push_back(held);
     ui.answers.push_back(Button::Yes);
     delete_base_command(*app);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Impossible de supprimer cette base.\nUne connexion est active sur la base.")});
-    EXPECT_TRUE(QFile::exists(other));
+    EXPECT_TRUE(QFile::exists(held));
 }

@@ -1,6 +1,5 @@
-// The list conventions: finding and selecting rows, ticks, filling lists in
-// step from one query on a real base, the search as the person types, the
-// digit filter and the minimum size of a window.
+// The list conventions: finding, selecting and ticking rows, filling lists from
+// a real base, the search as the person types, key filters and minimum sizes.
 
 #include "src/base/errors.h"
 #include "src/frame/list_helpers.h"
@@ -12,8 +11,7 @@
 #include <stdexcept>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::column_texts;
+using namespace plouvarine::testing;
 
 namespace {
 
@@ -38,7 +36,7 @@ int selected_row(const QItemSelectionModel& selection)
 
 }  // namespace
 
-TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheList)
+TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheListExactlyByWordOrByStart)
 {
     QStandardItemModel model;
     fill(model, {QStringLiteral("Dupont"), QStringLiteral("Martin"), QStringLiteral("dupont"),
@@ -58,11 +56,8 @@ TEST(FindRow, SearchesFromTheStartRowCorrectedIntoTheList)
     EXPECT_FALSE(find_row(model, QStringLiteral("Absent")).has_value());
     QStandardItemModel empty;
     EXPECT_FALSE(find_row(empty, QStringLiteral("Dupont")).has_value());
-}
 
-TEST(FindRow, ExactWholeWordAndPartialMatches)
-{
-    QStandardItemModel model;
+    // Exact, whole-word and partial matches.
     fill(model, {QStringLiteral("100m Nage Libre"), QStringLiteral("100 m papillon"), QStringLiteral("100"),
                  QStringLiteral("1000")});
     // Exact: the cell equals the text.
@@ -75,7 +70,6 @@ TEST(FindRow, ExactWholeWordAndPartialMatches)
     EXPECT_EQ(find_row(model, QStringLiteral("100M nage"), 0, true, true), 0);
     EXPECT_FALSE(find_row(model, QStringLiteral("Nage"), 0, false, true).has_value());
 
-    // Another column of the same rows.
     model.setItem(1, 1, new QStandardItem(QStringLiteral("Dames")));
     EXPECT_EQ(find_row(model, QStringLiteral("dames"), 0, false, false, 1), 1);
 }
@@ -89,7 +83,6 @@ TEST(SelectRows, SelectByTextAndAfterARemoval)
     EXPECT_EQ(select_row(selection, QStringLiteral("b")), 1);
     EXPECT_EQ(selected_row(selection), 1);
     EXPECT_EQ(selection.currentIndex().row(), 1);
-    // Not found: the selection stays.
     EXPECT_FALSE(select_row(selection, QStringLiteral("Z")).has_value());
     EXPECT_EQ(selected_row(selection), 1);
 
@@ -97,11 +90,9 @@ TEST(SelectRows, SelectByTextAndAfterARemoval)
     model.removeRow(1);
     EXPECT_EQ(select_last_row(selection, 1), 1);
     EXPECT_EQ(selection.currentIndex().data().toString(), QStringLiteral("C"));
-    // Removing the last selects the new last.
     model.removeRow(1);
     EXPECT_EQ(select_last_row(selection, 1), 0);
     EXPECT_EQ(selected_row(selection), 0);
-    // An empty list has nothing to select.
     model.removeRow(0);
     EXPECT_FALSE(select_last_row(selection, 0).has_value());
     EXPECT_FALSE(selection.hasSelection());
@@ -159,14 +150,14 @@ TEST(IncrementalSearch, FindsTheFirstRowBeginningWithTheTypedText)
         model.setData(model.index(row, 0), QStringLiteral("n%1").arg(3 - row), Qt::UserRole + 5);
     EXPECT_EQ(incremental_search(model, QStringLiteral("N1"), 0, Qt::UserRole + 5), 2);
 
+}
+
+TEST(KeyFilters, EnterAndEscapeClearTheSearchAndDigitFieldsTakeDigitsAndControlKeysOnly)
+{
     EXPECT_TRUE(search_key_clears(13));
     EXPECT_TRUE(search_key_clears(27));
     EXPECT_FALSE(search_key_clears('a'));
     EXPECT_FALSE(search_key_clears(8));
-}
-
-TEST(KeyFilters, DigitFieldsTakeDigitsAndControlKeysOnly)
-{
     for (int c = '0'; c <= '9'; ++c)
         EXPECT_TRUE(digit_key_accepted(c)) << c;
     for (int c : {8, 13, 27})
@@ -212,29 +203,22 @@ TEST_F(FillCollectionsTest, FillsTwoListsInStepWithTextsSubItemsAndKeys)
                                        QStringLiteral("Piscine "));
 
     const Rows rows = app->db.load_rows(sql);
-    ASSERT_EQ(count, rows.size());
-    ASSERT_EQ(visible.rowCount(), 3);
-    ASSERT_EQ(twin.rowCount(), 3);
+    ASSERT_EQ(count, 3);
     EXPECT_EQ(visible.columnCount(), 3);
     EXPECT_EQ(visible.headerData(2, Qt::Horizontal).toString(), QStringLiteral("Couloirs"));
-    for (int row = 0; row < count; ++row) {
-        // The first cell loses "Piscine "; the sub-items keep their text.
-        QString name = rows.value(row, 0);
-        EXPECT_EQ(visible.item(row, 0)->text(), name.remove(QStringLiteral("Piscine ")));
-        EXPECT_EQ(visible.item(row, 1)->text(), rows.value(row, 1));
-        EXPECT_EQ(visible.item(row, 2)->text(), rows.value(row, 2));
-        EXPECT_EQ(row_key(visible, row), rows.value(row, 3));
-        EXPECT_TRUE(visible.item(row, 0)->isCheckable());
-        // The twin: the town as its text, the number as its sub-item.
-        EXPECT_EQ(twin.item(row, 0)->text(), rows.value(row, 1));
-        EXPECT_EQ(twin.item(row, 1)->text(), rows.value(row, 3));
-        EXPECT_TRUE(row_key(twin, row).isEmpty());
-    }
+    // The first cell loses "Piscine "; the sub-items keep their text. The
+    // twin has the town as its text, the number as its sub-item, and no key.
     EXPECT_EQ(column_texts(visible), (QStringList{QStringLiteral("Aquarena"), QStringLiteral("de la Plage"),
                                               QStringLiteral("Saint-Marc")}));
+    EXPECT_EQ(column_texts(visible, 1) + column_texts(visible, 2), rows.column(1) + rows.column(2));
+    EXPECT_EQ(column_texts(twin) + column_texts(twin, 1), rows.column(1) + rows.column(3));
+    for (int row = 0; row < count; ++row) {
+        EXPECT_EQ(row_key(visible, row), rows.value(row, 3));
+        EXPECT_TRUE(visible.item(row, 0)->isCheckable());
+        EXPECT_TRUE(row_key(twin, row).isEmpty());
+    }
     EXPECT_EQ(count_checked(visible), 0);
 
-    // The key finds the record again in the base.
     const auto row = find_key(visible, app->db.load_rows(
         QStringLiteral("select Num from Piscine where Nom = 'Aquarena'")).first());
     ASSERT_TRUE(row.has_value());
@@ -261,7 +245,6 @@ TEST_F(FillCollectionsTest, ARefillReplacesTheRowsAndAFailureLeavesTheListsEmpty
     EXPECT_THROW(fill_collections(app->db, sql, {{&list, {0, 4}}}), std::invalid_argument);
     EXPECT_THROW(fill_collections(app->db, sql, {{&list, {0}, 7}}), std::invalid_argument);
 
-    // No row: the lists are simply empty.
     EXPECT_EQ(fill_collections(app->db, QStringLiteral("SELECT Nom FROM Piscine WHERE Nom = 'aucune'"),
                                {{&list, {0}}}),
               0);

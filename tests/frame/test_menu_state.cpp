@@ -1,6 +1,4 @@
-// The main window's menu as data: the tree, enabling by base state, the lock
-// counters and how the two combine, the fee menu, and the command table that
-// the menu commands open their windows from.
+// The main window's menu as data: tree, enabling, lock counters, fee menu and command table.
 
 #include "src/frame/app_context.h"
 #include "src/frame/commands.h"
@@ -45,6 +43,12 @@ QSet<QString> commands_under(const MenuState& menus, const QString& menu)
     return names;
 }
 
+// A command's counter and whether it is enabled.
+std::pair<int, bool> lock_state(const MenuState& menus, const QString& name)
+{
+    return {menus.counter(name), menus.is_enabled(name)};
+}
+
 std::vector<int> deltas(LockGroup group, int value)
 {
     return std::vector<int>(size_t(lock_group_commands(group).size()), value);
@@ -77,10 +81,18 @@ TEST(MenuTree, EveryEntryHasOneParentMenuAndAPlace)
     EXPECT_TRUE(menus.children(QStringLiteral("mnuUnknown")).empty());
     EXPECT_EQ(menus.entry(QStringLiteral("mnuUnknown")), nullptr);
 
-    // Everything that names an entry names one of the tree.
-    for (int g = 0; g < kLockGroupCount; ++g)
-        for (const QString& name : lock_group_commands(LockGroup(g)))
+    // Everything that names an entry names one of the tree; a command is in
+    // one lock group at most.
+    QSet<QString> locked;
+    for (int g = 0; g < kLockGroupCount; ++g) {
+        for (const QString& name : lock_group_commands(LockGroup(g))) {
             EXPECT_TRUE(menus.contains(name)) << name.toStdString();
+            EXPECT_FALSE(locked.contains(name)) << name.toStdString();
+            locked << name;
+            EXPECT_EQ(lock_group_of(name), LockGroup(g));
+        }
+    }
+    EXPECT_FALSE(lock_group_of(QStringLiteral("mnuBaseOpen")).has_value());
     for (const CommandTarget& target : command_table()) {
         ASSERT_TRUE(menus.contains(target.command)) << target.command.toStdString();
         EXPECT_EQ(menus.entry(target.command)->kind, MenuKind::Command) << target.command.toStdString();
@@ -104,20 +116,7 @@ TEST(MenuTree, TheMenusOfTheBarHaveAccessKeysOfTheirOwn)
     }
 }
 
-TEST(MenuTree, EachCommandIsInOneLockGroupAtMost)
-{
-    QSet<QString> seen;
-    for (int g = 0; g < kLockGroupCount; ++g) {
-        for (const QString& name : lock_group_commands(LockGroup(g))) {
-            EXPECT_FALSE(seen.contains(name)) << name.toStdString();
-            seen << name;
-            EXPECT_EQ(lock_group_of(name), LockGroup(g));
-        }
-    }
-    EXPECT_FALSE(lock_group_of(QStringLiteral("mnuBaseOpen")).has_value());
-}
-
-TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
+TEST(MenuEnabling, WithNoBaseOnlyBaseFileHelpAndMonitorCommandsLeadAnywhereWithABaseAllButNewAndOpen)
 {
     MenuState menus;
     // The process starts as enable_menus(false) leaves it.
@@ -135,33 +134,28 @@ TEST(MenuEnabling, WithNoBaseOnlyTheBaseFileHelpAndMonitorCommandsLeadAnywhere)
     // The menus that open: those that lead to one of these commands.
     for (const char* open : {"mnuBase", "mnuHelp", "mnuMaj", "mnuOutils", "mnuPerfOrdi"})
         EXPECT_TRUE(menus.is_enabled(QLatin1String(open))) << open;
-    for (const char* closed : {"mnuBaseClub", "mnuLicence", "mnuCompet", "mnuModele", "mnuPerf",
-                               "mnuBaseGestion", "mnuBaseProfil", "mnuCompetDonnees", "mnuEngag"})
+    for (const char* closed : {"mnuBaseClub", "mnuLicence", "mnuCompet", "mnuModele", "mnuPerf", "mnuBaseGestion",
+                               "mnuBaseProfil", "mnuCompetDonnees", "mnuEngag", "mnuOutilsCalculTps"})
         EXPECT_FALSE(menus.is_enabled(QLatin1String(closed))) << closed;
     // "O&utils" opens for the monitor alone: its own switch is off.
     EXPECT_FALSE(menus.own_enabled(QStringLiteral("mnuOutils")));
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuOutilsCalculTps")));
     EXPECT_FALSE(menus.base_open());
-}
 
-TEST(MenuEnabling, WithABaseEverythingButNewAndOpenIsEnabled)
-{
-    MenuState menus;
+    // With a base everything but New and Open is enabled.
     menus.enable_menus(true);
     EXPECT_TRUE(menus.base_open());
-    QSet<QString> expected = all_commands(menus);
-    expected.remove(QStringLiteral("mnuBaseNew"));
-    expected.remove(QStringLiteral("mnuBaseOpen"));
-    EXPECT_EQ(enabled_commands(menus), expected);
+    QSet<QString> with_base = all_commands(menus);
+    with_base.remove(QStringLiteral("mnuBaseNew"));
+    with_base.remove(QStringLiteral("mnuBaseOpen"));
+    EXPECT_EQ(enabled_commands(menus), with_base);
     for (const MenuEntry& e : menus.entries())
         if (e.kind == MenuKind::Menu) {
             EXPECT_TRUE(menus.is_enabled(e.name)) << e.name.toStdString();
         }
 
     // Closing the base gives back exactly the state of the start.
-    MenuState fresh;
     menus.enable_menus(false);
-    EXPECT_EQ(enabled_commands(menus), enabled_commands(fresh));
+    EXPECT_EQ(enabled_commands(menus), at_start);
 }
 
 TEST(MenuEnabling, AppContextDrivesTheMenuAndStillTellsTheFrame)
@@ -191,25 +185,21 @@ TEST(MenuLocks, ACommandIsEnabledOnlyBelowOneAndUnderTheBaseState)
 
     // A window locks while a base is open...
     menus.lock_menus(LockGroup::Licence, {0, 0, 1, 0, 0, 0, 0});
-    EXPECT_EQ(menus.counter(list), 1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(1, false));
     EXPECT_FALSE(menus.own_enabled(list));
     EXPECT_TRUE(menus.is_enabled(QStringLiteral("mnuLicModif")));
     // ...the base state moves around it and never frees it...
     menus.enable_menus(false);
     menus.enable_menus(true);
-    EXPECT_EQ(menus.counter(list), 1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(1, false));
     // ...only the reverse delta does.
     menus.lock_menus(LockGroup::Licence, {0, 0, -1, 0, 0, 0, 0});
-    EXPECT_EQ(menus.counter(list), 0);
-    EXPECT_TRUE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(0, true));
 
     // With no base the licence menu is off whatever the counters say.
     menus.enable_menus(false);
     menus.lock_menus(LockGroup::Licence, deltas(LockGroup::Licence, -1));
-    EXPECT_EQ(menus.counter(list), -1);
-    EXPECT_FALSE(menus.is_enabled(list));
+    EXPECT_EQ(lock_state(menus, list), std::pair(-1, false));
     EXPECT_TRUE(menus.own_enabled(list));
 }
 
@@ -219,9 +209,8 @@ TEST(MenuLocks, ALockedSubMenuClosesItsEntries)
     menus.enable_menus(true);
     // "Votre Club" has a counter of its own in the club group.
     menus.apply_locks(locks_on({QStringLiteral("mnuBaseClubConfig")}));
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuBaseClubConfig")));
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuBaseClubConfigInfo")));
-    EXPECT_FALSE(menus.is_enabled(QStringLiteral("mnuBaseClubCotisationUnknown")));
+    for (const char* closed : {"mnuBaseClubConfig", "mnuBaseClubConfigInfo", "mnuBaseClubCotisationUnknown"})
+        EXPECT_FALSE(menus.is_enabled(QLatin1String(closed))) << closed;
     EXPECT_TRUE(menus.own_enabled(QStringLiteral("mnuBaseClubConfigInfo")));
     EXPECT_TRUE(menus.is_enabled(QStringLiteral("mnuBaseClubImport")));
 }
@@ -232,19 +221,16 @@ TEST(MenuLocks, AReversalWithoutItsLockGoesNegativeAndLeavesTheCommandEnabled)
     menus.enable_menus(true);
     const QString team = QStringLiteral("mnuOutilsCalculPointEquipe");
     menus.lock_menus(LockGroup::TeamPoints, {-1});
-    EXPECT_EQ(menus.counter(team), -1);
-    EXPECT_TRUE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(-1, true));
     // The next window's lock is swallowed by the debt: the command stays usable.
     menus.lock_menus(LockGroup::TeamPoints, {1});
-    EXPECT_EQ(menus.counter(team), 0);
-    EXPECT_TRUE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(0, true));
 
     // 16-bit counters stop at their ends instead of wrapping round to unlocked.
     menus.lock_menus(LockGroup::TeamPoints, {40000});
     EXPECT_EQ(menus.counter(team), 32767);
     menus.lock_menus(LockGroup::TeamPoints, {1});
-    EXPECT_EQ(menus.counter(team), 32767);
-    EXPECT_FALSE(menus.is_enabled(team));
+    EXPECT_EQ(lock_state(menus, team), std::pair(32767, false));
 }
 
 TEST(MenuLocks, WrongDeltaListsChangeNothing)

@@ -1,6 +1,4 @@
-// The operation runner "frm_attente" with the real club and licence
-// components laid out in the application folder: its work folders, the base
-// handed to the component and taken back, the questions and the report.
+// The operation runner "frm_attente" with the real club and licence components.
 
 #include "src/frame/operation_runner.h"
 #include "src/frame/components.h"
@@ -42,19 +40,16 @@ protected:
         QDir().mkpath(path);
         return path;
     }
-    void add_club(const QString& code, const QString& name)
-    {
-        app->db.append_row(QStringLiteral("Club"), {{QStringLiteral("Code_federal"), code}, {QStringLiteral("Intitule"), name}},
-                           QStringLiteral("Num"));
-    }
-    QString last_close() { return app->db.load_rows(QStringLiteral("select LastClose from Info")).first(); }
+    QString last_close() { return value(QStringLiteral("select LastClose from Info")); }
 
     QString base;
 };
 
 TEST_F(OperationRunnerTest, TwoExportsInOneWindowUseFreshWorkFoldersBesideALeftOverOne)
 {
-    add_club(QStringLiteral("0123"), QStringLiteral("Cercle des Nageurs d'Étel"));
+    app->db.append_row(QStringLiteral("Club"), {{QStringLiteral("Code_federal"), QStringLiteral("0123")},
+                                                {QStringLiteral("Intitule"), QStringLiteral("Cercle des Nageurs d'Étel")}},
+                       QStringLiteral("Num"));
     // What a crash left behind: the run takes the next free name.
     ASSERT_TRUE(QDir().mkpath(app->app_file(QStringLiteral("tmpexpimp"))));
     const QString first = folder(QStringLiteral("first"));
@@ -63,7 +58,6 @@ TEST_F(OperationRunnerTest, TwoExportsInOneWindowUseFreshWorkFoldersBesideALeftO
     bool base_closed_during_run = false;
     ui.drivers[QString(OperationRunner::kName)] = [&](View& view) {
         auto& runner = dynamic_cast<OperationRunner&>(view);
-        EXPECT_EQ(runner.title(), QStringLiteral("Exporter Clubs"));
         EXPECT_EQ(runner.label(), QStringLiteral("Répertoire de sauvegarde :"));
         EXPECT_FALSE(runner.option_visible());
         for (const QString& target : {first, second}) {
@@ -119,7 +113,6 @@ TEST_F(OperationRunnerTest, NoAtTheOverwriteQuestionRemovesTheWorkFoldersAndTheB
         EXPECT_FALSE(runner.report_shown());
         EXPECT_FALSE(runner.ok_enabled());
         EXPECT_FALSE(runner.option_enabled());
-        // The close box, as the person leaves.
     };
     run_operation(*app, QStringLiteral("explic"));
     EXPECT_EQ(ui.texts(), QStringList{kOverwrite});
@@ -134,7 +127,7 @@ TEST_F(OperationRunnerTest, QuitBeforeOkStillTakesTheBaseBackThroughAFreshConnec
         auto& runner = dynamic_cast<OperationRunner&>(view);
         // Cleared here, the flag tells afterwards that the base was closed in
         // good order before it was opened again.
-        app->db.exec_sql(QStringLiteral("UPDATE Info SET LastClose = false"));
+        exec(QStringLiteral("UPDATE Info SET LastClose = false"));
         runner.quit();
         EXPECT_TRUE(runner.is_closed());
     };
@@ -181,23 +174,17 @@ TEST_F(OperationRunnerTest, EachMenuCommandOpensItsOperation)
 {
     // Performances are the Lenex components' own, not laid out here: their
     // commands reach the runner, which says so.
-    const std::pair<const char*, const char*> commands[] = {
-        {"mnuBaseClubExport", "Exporter Clubs"}, {"mnuBaseClubImport", "Importer Clubs"},
-        {"mnuLicExp", "Exporter Licences"},      {"mnuLicImport", "Importer Licences"},
-        {"mnuLicMaj", "Mise à jour des codes IUF"}};
     QStringList titles;
     ui.drivers[QString(OperationRunner::kName)] = [&](View& view) { titles << view.title(); };
-    for (const auto& [name, title] : commands) {
+    for (const char* name : {"mnuBaseClubExport", "mnuBaseClubImport", "mnuLicExp", "mnuLicImport", "mnuLicMaj",
+                             "mnuPerfExporter", "mnuPerfImpor"}) {
         const CommandTable::Run* run = app->commands.find(QString::fromLatin1(name));
         ASSERT_NE(run, nullptr) << name;
         (*run)(*app);
     }
-    for (const char* name : {"mnuPerfExporter", "mnuPerfImpor"})
-        (*app->commands.find(QString::fromLatin1(name)))(*app);
-    QStringList expected;
-    for (const auto& [name, title] : commands)
-        expected << QString::fromUtf8(title);
-    EXPECT_EQ(titles, expected);
+    EXPECT_EQ(titles, (QStringList{QStringLiteral("Exporter Clubs"), QStringLiteral("Importer Clubs"),
+                                   QStringLiteral("Exporter Licences"), QStringLiteral("Importer Licences"),
+                                   QStringLiteral("Mise à jour des codes IUF")}));
     EXPECT_EQ(ui.texts(), QStringList(2, OperationRunner::kLoadFailed));
     EXPECT_TRUE(app->db.is_open());
 }
@@ -236,11 +223,7 @@ protected:
                             {QStringLiteral("Date_Naissance"), QStringLiteral("20100304")}},
                            QStringLiteral("Num"));
     }
-    QStringList codes()
-    {
-        return app->db.load_rows(QStringLiteral("select Code_unique from Licence where Licence <> '' order by Licence")).column(0);
-    }
-    // Runs "majiuf" on the package; gives the report.
+    QStringList codes() { return dump(QStringLiteral("select Code_unique from Licence where Licence <> '' order by Licence")); }
     QString run(const QString& package, bool my_club_only)
     {
         QString report;
@@ -256,7 +239,7 @@ protected:
     }
 };
 
-TEST_F(IufUpdateTest, UpdatesTheCodesOfKnownSwimmersAndOnlyTheOwnClubsWhenAsked)
+TEST_F(IufUpdateTest, UpdatesTheCodesOfKnownSwimmersOnlyTheOwnClubsWhenAskedAndRefusesAnEscapingPath)
 {
     add_licence(QStringLiteral("111"), QStringLiteral("0123"), QStringLiteral("Martin"));
     add_licence(QStringLiteral("222"), QStringLiteral("9999"), QStringLiteral("Durand"));
@@ -274,21 +257,17 @@ TEST_F(IufUpdateTest, UpdatesTheCodesOfKnownSwimmersAndOnlyTheOwnClubsWhenAsked)
     report = run(package, false);
     EXPECT_EQ(codes(), (QStringList{QStringLiteral("A1"), QStringLiteral("B2")}));
     EXPECT_TRUE(leftovers().isEmpty()) << leftovers().join(QLatin1Char(' ')).toStdString();
-}
 
-TEST_F(IufUpdateTest, APackageWithAPathOutOfItsFolderIsRefusedBeforeAnythingIsWritten)
-{
-    add_licence(QStringLiteral("111"), QStringLiteral("0123"), QStringLiteral("Martin"));
-    const QString package = work_file(QStringLiteral("maj.zip"));
-    make_zip(package, {{"iuf.txt", "Licence\tCode_unique\n111\tA1\n"}, {"../evil.txt", "Licence\tCode_unique\n111\tZZ\n"}});
-    const QString report = run(package, false);
-    EXPECT_TRUE(report.isEmpty());
+    // A package with a path out of its folder is refused before anything is written.
+    ui.clear();
+    make_zip(package, {{"iuf.txt", "Licence\tCode_unique\n111\tZZ\n"}, {"../evil.txt", "Licence\tCode_unique\n222\tZZ\n"}});
+    EXPECT_TRUE(run(package, false).isEmpty());
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Une erreur s'est produite lors de la décompression.")));
     EXPECT_FALSE(QFile::exists(QDir(app->app_dir()).filePath(QStringLiteral("../evil.txt"))));
     EXPECT_TRUE(leftovers().isEmpty()) << leftovers().join(QLatin1Char(' ')).toStdString();
     ASSERT_TRUE(app->db.is_open());
-    EXPECT_EQ(codes(), QStringList{QString()});
+    EXPECT_EQ(codes(), (QStringList{QStringLiteral("A1"), QStringLiteral("B2")}));
 }
 
 }  // namespace

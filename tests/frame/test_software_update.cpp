@@ -1,6 +1,4 @@
-// The software update on real zip packages unpacked into a real application
-// folder: files installed byte for byte, files missing from the package, names
-// that would leave the folder, refused and broken packages.
+// The software update on real zip packages unpacked into a real application folder.
 
 #include "src/base/files.h"
 #include "src/base/zip.h"
@@ -15,17 +13,12 @@
 #include <map>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::random_bytes;
-using plouvarine::testing::read_bytes;
-using plouvarine::testing::write_bytes;
+using namespace plouvarine::testing;
 
 namespace {
 
 const QString kSuccess = QStringLiteral("La mise à jour s'est déroulée avec succès.");
 const QString kMissingHead = QStringLiteral("Des fichiers listés dans maj.txt n'ont pas été trouvés dans le répertoire :");
-const QString kNotAPackage = QStringLiteral("Sélectionner un package de mise à jour.");
-const QString kNoList = QStringLiteral("Le package sélectionné ne contenait pas le fichier maj.txt.\nMise à jour logiciel annulé");
 
 class SoftwareUpdateTest : public AppFixture {
 protected:
@@ -44,7 +37,6 @@ protected:
         return archive;
     }
 
-    // Runs the command with `archive` as the person's choice.
     void run(const QString& archive)
     {
         ui.files.push_back(archive);
@@ -53,7 +45,12 @@ protected:
 
     QString app_path(const QString& name) const { return app->app_file(name); }
     QByteArray installed(const QString& name) const { return read_bytes(app_path(name)); }
-
+    // The one message shown, as "title: text".
+    QString shown() const
+    {
+        EXPECT_EQ(ui.messages.size(), 1u);
+        return ui.messages.empty() ? QString() : ui.messages[0].title + QStringLiteral(": ") + ui.messages[0].text;
+    }
     QStringList work_folders() const
     {
         return QDir(app->app_dir()).entryList({QStringLiteral("tmpmajsoft*")}, QDir::Dirs | QDir::NoDotAndDotDot);
@@ -70,7 +67,6 @@ protected:
 
 }  // namespace
 
-// ---- maj.txt ---------------------------------------------------------------------
 
 TEST(UpdateList, ValuesEndAtCommasAndLineBreaks)
 {
@@ -87,11 +83,13 @@ TEST(UpdateList, ValuesEndAtCommasAndLineBreaks)
     EXPECT_TRUE(update_list_values(QStringLiteral(" , \r\n,")).isEmpty());
 }
 
-// ---- Installing --------------------------------------------------------------------
 
 TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
 {
     ASSERT_TRUE(write_bytes(app_path(QStringLiteral("calpts.so")), "ancienne version"));
+    // A work folder left from before is not touched: the run takes another.
+    ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajsoft")));
+    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("tmpmajsoft/calpts.so")), "oublié"));
     const QByteArray calpts = random_bytes(300 * 1024, 7);
     const QByteArray rcpres = random_bytes(2048, 8);
     const QByteArray table = random_bytes(512, 3);
@@ -103,11 +101,8 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
     run(archive);
 
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
-    // A file new to the folder is installed as well.
     EXPECT_EQ(installed(QStringLiteral("rcpres.so")), rcpres);
-    // A file in a folder of the package goes to the same folder.
     EXPECT_EQ(installed(QStringLiteral("tables/points.csv")), table);
-    // A file of the package that maj.txt does not name stays out.
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("lisezmoi.txt"))));
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("maj.txt"))));
 
@@ -115,16 +110,16 @@ TEST_F(SoftwareUpdateTest, EveryListedFileReplacesTheOneOfTheApplicationFolder)
     EXPECT_EQ(ui.file_requests[0].title, QStringLiteral("Sélection du package de mise à jour"));
     EXPECT_EQ(ui.file_requests[0].filter, QStringLiteral("Package de mise à jour (maj_soft_*.zip)|maj_soft_*.zip"));
     EXPECT_FALSE(ui.file_requests[0].save);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
-    EXPECT_EQ(ui.messages[0].text, kSuccess);
+    EXPECT_EQ(shown(), QStringLiteral("Information: ") + kSuccess);
     EXPECT_EQ(ui.status_history, (QStringList{QStringLiteral("Création des fichiers temporaires pour la mise à jour."),
                                               QStringLiteral("Ouverture du fichier maj.txt"),
                                               QStringLiteral("Mise à jour de calpts.so"),
                                               QStringLiteral("Mise à jour de rcpres.so"),
                                               QStringLiteral("Mise à jour de tables/points.csv")}));
-    expect_clean_end();
-    // The package itself is left where it was.
+    EXPECT_EQ(installed(QStringLiteral("tmpmajsoft/calpts.so")), QByteArray("oublié"));
+    EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajsoft")});
+    EXPECT_TRUE(ui.status[2].isEmpty());
+    EXPECT_EQ(ui.wait_depth, 0);
     EXPECT_TRUE(QFile::exists(archive));
 }
 
@@ -145,9 +140,8 @@ TEST_F(SoftwareUpdateTest, AFileMissingFromThePackageIsListedAndTheOthersInstall
     EXPECT_EQ(installed(QStringLiteral("expclub.so")), QByteArray("ancienne"));
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("Explic.so"))));
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("explic.so"))));
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
-    EXPECT_EQ(ui.messages[0].text, kMissingHead + QStringLiteral("\nFichier expclub.so non trouvé.\nFichier Explic.so non trouvé."));
+    EXPECT_EQ(shown(), QStringLiteral("Information: ") + kMissingHead +
+                           QStringLiteral("\nFichier expclub.so non trouvé.\nFichier Explic.so non trouvé."));
     expect_clean_end();
 }
 
@@ -178,19 +172,24 @@ TEST_F(SoftwareUpdateTest, NamesThatWouldLeaveTheApplicationFolderAreListedAsMis
     EXPECT_FALSE(QFile::exists(app_path(mirrored)));
     EXPECT_EQ(installed(escaped), QByteArray("dans le dossier"));
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, kMissingHead + QStringLiteral("\nFichier ../") + escaped + QStringLiteral(" non trouvé.") +
-                                       QStringLiteral("\nFichier ") + outside + QStringLiteral(" non trouvé.") +
-                                       QStringLiteral("\nFichier sub\\..\\..\\") + escaped + QStringLiteral(" non trouvé."));
+    EXPECT_EQ(shown(), QStringLiteral("Information: ") + kMissingHead + QStringLiteral("\nFichier ../") + escaped +
+                           QStringLiteral(" non trouvé.\nFichier ") + outside + QStringLiteral(" non trouvé.\nFichier sub\\..\\..\\") +
+                           escaped + QStringLiteral(" non trouvé."));
     expect_clean_end();
     if (QFile::exists(above))
         QFile::remove(above);
 }
 
-// ---- Refusals and failures ---------------------------------------------------------
 
-TEST_F(SoftwareUpdateTest, APackageNamedOtherwiseIsRefusedBeforeAnythingIsUnpacked)
+TEST_F(SoftwareUpdateTest, RefusedOrBrokenPackagesInstallNothing)
 {
+    software_update_command(*app);
+    EXPECT_EQ(ui.file_requests.size(), 1u);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.status_history.isEmpty());
+    expect_clean_end();
+
+    // A package named otherwise is refused before anything is unpacked.
     const std::map<QString, QByteArray> content{{QStringLiteral("maj.txt"), "calpts.so\r\n"},
                                                 {QStringLiteral("calpts.so"), "nouveau"}};
     for (const QString& name : {QStringLiteral("mise_a_jour.zip"), QStringLiteral("maj_soft_2.ZIP"),
@@ -198,42 +197,28 @@ TEST_F(SoftwareUpdateTest, APackageNamedOtherwiseIsRefusedBeforeAnythingIsUnpack
                                 QStringLiteral("maj_soft_2.zip.txt")}) {
         ui.clear();
         run(package(content, name));
-        EXPECT_EQ(ui.texts(), QStringList{kNotAPackage}) << name.toStdString();
-        EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+        EXPECT_EQ(shown(), QStringLiteral("Erreur: Sélectionner un package de mise à jour.")) << name.toStdString();
         EXPECT_TRUE(ui.status_history.isEmpty()) << name.toStdString();
         EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("calpts.so"))));
         expect_clean_end();
     }
-}
 
-TEST_F(SoftwareUpdateTest, ACancelledDialogDoesNothing)
-{
-    software_update_command(*app);
-    EXPECT_EQ(ui.file_requests.size(), 1u);
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(ui.status_history.isEmpty());
-    expect_clean_end();
-}
-
-TEST_F(SoftwareUpdateTest, APackageWithoutTheListInstallsNothing)
-{
+    // Without maj.txt (names are matched exactly) nothing is installed.
     ASSERT_TRUE(write_bytes(app_path(QStringLiteral("calpts.so")), "en place"));
+    ui.clear();
     run(package({{QStringLiteral("calpts.so"), "nouveau"}, {QStringLiteral("MAJ.TXT.bak"), "calpts.so"}}));
-    EXPECT_EQ(ui.texts(), QStringList{kNoList});
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
+    EXPECT_EQ(shown(), QStringLiteral("Erreur: Le package sélectionné ne contenait pas le fichier maj.txt.\n"
+                                      "Mise à jour logiciel annulé"));
     EXPECT_EQ(installed(QStringLiteral("calpts.so")), QByteArray("en place"));
     expect_clean_end();
-}
 
-TEST_F(SoftwareUpdateTest, ADamagedPackageGivesTheUnpackingErrorAlone)
-{
     const QString archive = work_file(QStringLiteral("maj_soft_3.zip"));
     ASSERT_TRUE(write_bytes(archive, "PK ceci n'est pas une archive"));
+    ui.clear();
     run(archive);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
-    EXPECT_TRUE(ui.messages[0].text.endsWith(QStringLiteral("Une erreur s'est produite lors de la décompression.")))
-        << ui.messages[0].text.toStdString();
+    EXPECT_TRUE(shown().startsWith(QStringLiteral("Erreur: "))) << shown().toStdString();
+    EXPECT_TRUE(shown().endsWith(QStringLiteral("Une erreur s'est produite lors de la décompression."))) << shown().toStdString();
+    EXPECT_EQ(installed(QStringLiteral("calpts.so")), QByteArray("en place"));
     expect_clean_end();
 }
 
@@ -247,10 +232,8 @@ TEST_F(SoftwareUpdateTest, AFileThatCannotBeReplacedStopsWithTheStepInProgress)
                  {QStringLiteral("rcpres.so"), "nouveau"},
                  {QStringLiteral("expclub.so"), "nouveau"}}));
 
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
-    const QString text = ui.messages[0].text;
-    EXPECT_TRUE(text.startsWith(QStringLiteral("Erreur n° "))) << text.toStdString();
+    const QString text = shown();
+    EXPECT_TRUE(text.startsWith(QStringLiteral("Erreur: Erreur n° "))) << text.toStdString();
     EXPECT_TRUE(text.endsWith(QStringLiteral("\nUne erreur s'est produite lors de la tentative de la mise à jour.\n"
                                              "Etape : Mise à jour de rcpres.so")))
         << text.toStdString();
@@ -259,18 +242,6 @@ TEST_F(SoftwareUpdateTest, AFileThatCannotBeReplacedStopsWithTheStepInProgress)
     EXPECT_TRUE(QFileInfo(app_path(QStringLiteral("rcpres.so"))).isDir());
     EXPECT_FALSE(QFile::exists(app_path(QStringLiteral("expclub.so"))));
     expect_clean_end();
-}
-
-TEST_F(SoftwareUpdateTest, AWorkFolderLeftFromBeforeIsNotTouched)
-{
-    ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajsoft")));
-    ASSERT_TRUE(write_bytes(app_path(QStringLiteral("tmpmajsoft/calpts.so")), "oublié"));
-    const QByteArray calpts = random_bytes(100, 4);
-    run(package({{QStringLiteral("maj.txt"), "calpts.so"}, {QStringLiteral("calpts.so"), calpts}}));
-    EXPECT_EQ(installed(QStringLiteral("calpts.so")), calpts);
-    EXPECT_EQ(installed(QStringLiteral("tmpmajsoft/calpts.so")), QByteArray("oublié"));
-    EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajsoft")});
-    EXPECT_EQ(ui.texts(), QStringList{kSuccess});
 }
 
 TEST_F(SoftwareUpdateTest, AProgramKeepsItsRunBitsAndTheModelBaseIsNotReplaced)

@@ -1,5 +1,4 @@
-// The base upgrade on real bases from the model, with real upgrade files and
-// real zip packages in the temporary application folder.
+// The base upgrade on real bases from the model, real upgrade files and real zip packages.
 
 #include "src/base/zip.h"
 #include "src/frame/access.h"
@@ -11,55 +10,62 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <map>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::read_bytes;
-using plouvarine::testing::write_bytes;
-using plouvarine::testing::set_base_version;
+using namespace plouvarine::testing;
 
 namespace {
 
 const QString kTitle = QStringLiteral("Mise à jour de la base");
 
-// A real zip archive holding the given files at its root.
-void write_zip(const QString& archive, const std::map<QString, QByteArray>& entries)
-{
-    QTemporaryDir content;
-    for (const auto& [name, bytes] : entries)
-        write_bytes(content.filePath(name), bytes);
-    ASSERT_TRUE(zip_folder(archive, content.path()));
-}
-
 class UpgradeTest : public AppFixture {
 protected:
     void write_upgrade_file(const QString& content) { write_bytes(upgrade_file_path(*app), content.toUtf8()); }
 
-    // A base from the model at `version`, connected as the opening leaves it.
-    QString connected_base(const QString& version, const QString& name = QStringLiteral("club.mdb"))
+    QString base_at(const QString& version)
     {
-        const QString path = make_base(name);
+        const QString path = make_base();
         set_base_version(path, version);
+        return path;
+    }
+    QString connected_base(const QString& version)
+    {
+        const QString path = base_at(version);
         connect(path);
         return path;
     }
-
-    QString version() { return app->db.load_rows(QStringLiteral("SELECT Version FROM Info")).first(); }
-    bool table_exists(const QString& name)
+    QString version() { return value(QStringLiteral("SELECT Version FROM Info")); }
+    bool table_exists(const QString& name) { return !tables_among({name}).isEmpty(); }
+    // Those of `names` that are tables of the base, in their order.
+    QStringList tables_among(const QStringList& names)
     {
-        return app->db.count_query(QStringLiteral("select count(*) from sqlite_master where type = 'table' and name = '%1'")
-                                       .arg(name)) == 1;
+        QStringList out;
+        for (const QString& name : names)
+            if (count(QStringLiteral("select count(*) from sqlite_master where type = 'table' and name = '%1'").arg(name)) == 1)
+                out << name;
+        return out;
     }
-    int pools_named(const QString& name)
+    // No caption left, the normal cursor.
+    void expect_idle()
     {
-        return app->db.count_query(QStringLiteral("select count(*) from Piscine where Nom = '%1'").arg(name));
+        EXPECT_TRUE(ui.status[2].isEmpty());
+        EXPECT_EQ(ui.wait_depth, 0);
+    }
+    // A real maj_base.zip in the work folder holding the given files.
+    QString package(const std::map<QString, QByteArray>& entries)
+    {
+        QTemporaryDir content;
+        for (const auto& [name, bytes] : entries)
+            write_bytes(content.filePath(name), bytes);
+        const QString path = work_file(QStringLiteral("maj_base.zip"));
+        EXPECT_TRUE(zip_folder(path, content.path()));
+        return path;
     }
 
-    // The lines of the one report shown.
-    QStringList report()
+    // The lines of the one report shown, or its red lines only.
+    QStringList report(bool red_only = false)
     {
         EXPECT_EQ(ui.reports.size(), 1u);
         if (ui.reports.empty())
@@ -67,14 +73,7 @@ protected:
         EXPECT_EQ(ui.reports.back().title, kTitle);
         QStringList out;
         for (const ReportLine& l : ui.reports.back().lines)
-            out << l.text;
-        return out;
-    }
-    QStringList red_lines()
-    {
-        QStringList out;
-        for (const ReportLine& l : ui.reports.back().lines)
-            if (l.error)
+            if (l.error || !red_only)
                 out << l.text;
         return out;
     }
@@ -86,7 +85,6 @@ protected:
 
 }  // namespace
 
-// ---- Reading the upgrade file ----------------------------------------------
 
 TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
 {
@@ -94,7 +92,6 @@ TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
     const QString file = dir.filePath(QStringLiteral("maj_base.ini"));
     const QString prefix = QStringLiteral("UPDATE Licence SET Nom = '");
     const QString long_value = prefix + QString(300 - prefix.size() - 1, QLatin1Char('x')) + QLatin1Char('\'');
-    ASSERT_EQ(long_value.size(), 300);
     write_bytes(file, QStringLiteral("; upgrades of the base\r\n"
                                     "orphan=before any section\r\n"
                                     "[info]\r\n"
@@ -106,24 +103,21 @@ TEST(ReadIni, ReadsValuesAsThePrivateProfileCallDoes)
                                     "maj4=\"inner \"quotes\" stay\"\r\n"
                                     "maj5=").toUtf8() + long_value.toUtf8() + "\r\n[FROM 1]\r\nmaj3=second section\r\n");
 
-    EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version finale"), file), QStringLiteral("3"));
+    const auto read = [&](const char* section, const char* key) {
+        return read_ini(QLatin1String(section), QLatin1String(key), file);
+    };
+    EXPECT_EQ(read("INFO", "Version finale"), QStringLiteral("3"));
     // Commas and backslashes are part of a statement.
-    EXPECT_EQ(read_ini(QStringLiteral("from 1"), QStringLiteral("maj1"), file),
-              QStringLiteral("INSERT INTO T (a, b) VALUES ('c:\\tempo', 'x,y')"));
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj2"), file),
-              QStringLiteral("UPDATE Info Set Version = 2"));
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj4"), file), QStringLiteral("inner \"quotes\" stay"));
-    // A comment is no key, and a second section of the same name is not looked at.
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj3"), file), QString());
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("orphan"), file), QString());
+    EXPECT_EQ(read("from 1", "maj1"), QStringLiteral("INSERT INTO T (a, b) VALUES ('c:\\tempo', 'x,y')"));
+    EXPECT_EQ(read("FROM 1", "maj2"), QStringLiteral("UPDATE Info Set Version = 2"));
+    EXPECT_EQ(read("FROM 1", "maj4"), QStringLiteral("inner \"quotes\" stay"));
     // 255 characters of buffer: the value is cut to 254.
-    const QString cut = read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj5"), file);
-    EXPECT_EQ(cut.size(), 254);
-    EXPECT_EQ(cut, long_value.left(254));
-    // Missing key, section or file.
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 1"), QStringLiteral("maj6"), file), QString());
-    EXPECT_EQ(read_ini(QStringLiteral("FROM 2"), QStringLiteral("maj1"), file), QString());
-    EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version"), file), QString());
+    EXPECT_EQ(read("FROM 1", "maj5"), long_value.left(254));
+    // A comment is no key, and a second section of the same name is not looked
+    // at; then a missing key, section or file.
+    for (const auto& [section, key] : {std::pair{"FROM 1", "maj3"}, {"FROM 1", "orphan"}, {"FROM 1", "maj6"},
+                                       {"FROM 2", "maj1"}, {"INFO", "Version"}})
+        EXPECT_EQ(read(section, key), QString()) << section << " " << key;
     EXPECT_EQ(read_ini(QStringLiteral("INFO"), QStringLiteral("Version finale"), dir.filePath(QStringLiteral("absent.ini"))),
               QString());
 }
@@ -137,7 +131,6 @@ TEST(ReadIni, ReadsAFileInTheOldEightBitCodePage)
               QStringLiteral("UPDATE Nage SET Libelle = 'Brasse débutant'"));
 }
 
-// ---- The walk through the versions -----------------------------------------
 
 TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
 {
@@ -150,8 +143,7 @@ TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
     EXPECT_TRUE(upgrade_base(*app, base));
     EXPECT_EQ(app->state.base_path, base);
     EXPECT_EQ(version(), QStringLiteral("3"));
-    ASSERT_TRUE(table_exists(QStringLiteral("Nouvelle")));
-    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Nouvelle where x = 7 and y is null")), 1);
+    EXPECT_EQ(dump(QStringLiteral("select x, y is null from Nouvelle")), QStringList{QStringLiteral("7:1")});
 
     EXPECT_EQ(report(), (QStringList{
         QStringLiteral("Version de la base : 1"), QString(),
@@ -162,11 +154,10 @@ TEST_F(UpgradeTest, AnOldBaseIsBroughtToTheFinalVersionStepByStep)
         QStringLiteral("Nouvelle version de la base : 3"),
         QStringLiteral("UPDATE Info Set Version = 3"), QStringLiteral("... OK"),
         QStringLiteral("Mise à jour de la base (") + base + QStringLiteral(") réussie.")}));
-    EXPECT_TRUE(red_lines().isEmpty());
+    EXPECT_TRUE(report(true).isEmpty());
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(ui.status_history.contains(kTitle));
-    EXPECT_TRUE(ui.status[2].isEmpty());
-    EXPECT_EQ(ui.wait_depth, 0);
+    expect_idle();
     EXPECT_EQ(ui.max_wait_depth, 1);
 }
 
@@ -182,34 +173,23 @@ TEST_F(UpgradeTest, ABaseAlreadyAtTheFinalVersionIsLeftAsItIs)
     EXPECT_EQ(version(), QStringLiteral("3.5"));
 }
 
-TEST_F(UpgradeTest, AHoleInTheSectionsStopsTheWalk)
+TEST_F(UpgradeTest, TheWalkStopsAtTheFirstMissingSectionAndASectionAtItsFirstMissingKey)
 {
-    // No section for 2: the walk ends there and writes 2, though 3 is announced.
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
-                                      "[FROM 1]\nmaj1=CREATE TABLE Etape1 (x INTEGER)\n"
-                                      "[FROM 3]\nmaj1=CREATE TABLE Etape3 (x INTEGER)\n"));
-    const QString base = connected_base(QStringLiteral("1"));
-    EXPECT_TRUE(upgrade_base(*app, base));
-    EXPECT_EQ(version(), QStringLiteral("2"));
-    EXPECT_TRUE(table_exists(QStringLiteral("Etape1")));
-    EXPECT_FALSE(table_exists(QStringLiteral("Etape3")));
-    const QStringList lines = report();
-    EXPECT_TRUE(lines.contains(QStringLiteral("Nouvelle version de la base : 2")));
-    EXPECT_TRUE(lines.contains(QStringLiteral("UPDATE Info Set Version = 2")));
-}
-
-TEST_F(UpgradeTest, TheFirstEmptyOrMissingKeyEndsASection)
-{
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"
+    // An empty maj2 ends section 1, a missing maj2 ends section 2; no section
+    // for 3, so the walk writes 3 though 5 is announced.
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=5\n"
                                       "[FROM 1]\nmaj1=CREATE TABLE Premier (x INTEGER)\nmaj2=\nmaj3=CREATE TABLE Oublie (x INTEGER)\n"
-                                      "[FROM 2]\nmaj1=CREATE TABLE Second (x INTEGER)\nmaj3=CREATE TABLE Saute (x INTEGER)\n"));
+                                      "[FROM 2]\nmaj1=CREATE TABLE Second (x INTEGER)\nmaj3=CREATE TABLE Saute (x INTEGER)\n"
+                                      "[FROM 4]\nmaj1=CREATE TABLE Etape4 (x INTEGER)\n"));
     const QString base = connected_base(QStringLiteral("1"));
     EXPECT_TRUE(upgrade_base(*app, base));
-    EXPECT_TRUE(table_exists(QStringLiteral("Premier")));
-    EXPECT_TRUE(table_exists(QStringLiteral("Second")));
-    EXPECT_FALSE(table_exists(QStringLiteral("Oublie")));
-    EXPECT_FALSE(table_exists(QStringLiteral("Saute")));
     EXPECT_EQ(version(), QStringLiteral("3"));
+    EXPECT_EQ(tables_among({QStringLiteral("Premier"), QStringLiteral("Oublie"), QStringLiteral("Second"),
+                            QStringLiteral("Saute"), QStringLiteral("Etape4")}),
+              (QStringList{QStringLiteral("Premier"), QStringLiteral("Second")}));
+    const QStringList lines = report();
+    EXPECT_TRUE(lines.contains(QStringLiteral("Nouvelle version de la base : 3")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("UPDATE Info Set Version = 3")));
 }
 
 TEST_F(UpgradeTest, WithoutTheUpgradeFileNothingRuns)
@@ -221,11 +201,9 @@ TEST_F(UpgradeTest, WithoutTheUpgradeFileNothingRuns)
         QStringLiteral("Il faut télécharger depuis le site Plouvarine le package de mise à jour des bases.")}));
     EXPECT_EQ(version(), QStringLiteral("1"));
     EXPECT_TRUE(app->db.is_open());
-    EXPECT_EQ(ui.wait_depth, 0);
-    EXPECT_TRUE(ui.status[2].isEmpty());
+    expect_idle();
 }
 
-// ---- A statement that fails --------------------------------------------------
 
 class UpgradeFailureTest : public UpgradeTest {
 protected:
@@ -242,28 +220,38 @@ protected:
     void save_then_work()
     {
         create_save(app->base_file());
-        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Après la sauvegarde')"));
+        exec(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Après la sauvegarde')"));
     }
 
-    void expect_failure_reported()
+    // The upgrade, with `answer` ready for the question that must come.
+    void upgrade_answering(Button answer)
     {
-        const QStringList red = red_lines();
-        ASSERT_EQ(red.size(), 2);
-        EXPECT_EQ(red[0], QStringLiteral("Une erreur s'est produite lors de la mise à jour de la base."));
-        EXPECT_TRUE(red[1].startsWith(QStringLiteral("Erreur n° "))) << red[1].toStdString();
-        EXPECT_TRUE(red[1].contains(QStringLiteral("Absente"))) << red[1].toStdString();
+        ui.answers.push_back(answer);
+        EXPECT_FALSE(upgrade_base(*app, base));
+        ASSERT_FALSE(ui.messages.empty());
+        EXPECT_EQ(ui.messages[0].title, QStringLiteral("Confirmation"));
+        EXPECT_EQ(ui.messages[0].text,
+                  QStringLiteral("Suite à une erreur (voir rapport), souhaitez vous revenir à la précédente version de la "
+                                 "base (recommandé) ?\nToutes opérations non sauvegardées réalisées avant cette tentative "
+                                 "d'update seront annulées."));
+    }
+
+    // The report's lines after the failure, which has been told in red.
+    QStringList failure_report()
+    {
+        const QStringList red = report(true);
+        EXPECT_EQ(red.value(0), QStringLiteral("Une erreur s'est produite lors de la mise à jour de la base."));
+        EXPECT_TRUE(red.size() == 2 && red[1].startsWith(QStringLiteral("Erreur n° ")) &&
+                    red[1].contains(QStringLiteral("Absente")))
+            << red.join(QLatin1Char('|')).toStdString();
         const QStringList lines = report();
         EXPECT_EQ(lines.count(QStringLiteral("... OK")), 1);
         EXPECT_FALSE(lines.contains(QStringLiteral("CREATE TABLE Jamais (x INTEGER)")));
         EXPECT_FALSE(lines.contains(QStringLiteral("Nouvelle version de la base : 2")));
+        return lines;
     }
 
-    static QString question()
-    {
-        return QStringLiteral("Suite à une erreur (voir rapport), souhaitez vous revenir à la précédente version de la "
-                              "base (recommandé) ?\nToutes opérations non sauvegardées réalisées avant cette tentative "
-                              "d'update seront annulées.");
-    }
+    int pools_after_save() { return count(QStringLiteral("select count(*) from Piscine where Nom = 'Après la sauvegarde'")); }
 
     QString base;
 };
@@ -271,18 +259,11 @@ protected:
 TEST_F(UpgradeFailureTest, YesBringsTheBaseBackToItsSave)
 {
     save_then_work();
-    ui.answers.push_back(Button::Yes);
-    EXPECT_FALSE(upgrade_base(*app, base));
-
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Confirmation"));
-    EXPECT_EQ(ui.messages[0].text, question());
-    expect_failure_reported();
-    EXPECT_EQ(report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));
-
-    // Reconnected on the base as it was at the save.
+    upgrade_answering(Button::Yes);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(failure_report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));
     ASSERT_TRUE(app->db.is_open());
-    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 0);
+    EXPECT_EQ(pools_after_save(), 0);
     EXPECT_FALSE(table_exists(QStringLiteral("Partielle")));
     EXPECT_EQ(version(), QStringLiteral("1"));
     EXPECT_TRUE(QFile::exists(save_path(base)));
@@ -291,19 +272,14 @@ TEST_F(UpgradeFailureTest, YesBringsTheBaseBackToItsSave)
 TEST_F(UpgradeFailureTest, NoKeepsTheHalfUpgradedBase)
 {
     save_then_work();
-    ui.answers.push_back(Button::No);
-    EXPECT_FALSE(upgrade_base(*app, base));
-
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, question());
-    expect_failure_reported();
-    const QStringList lines = report();
-    ASSERT_GE(lines.size(), 2);
+    upgrade_answering(Button::No);
+    EXPECT_EQ(ui.messages.size(), 1u);
+    const QStringList lines = failure_report();
     EXPECT_EQ(lines.mid(lines.size() - 2),
               (QStringList{QStringLiteral("La dernière sauvegarde n'a pas été restaurée."),
                            QStringLiteral("Le logiciel ne pourra pas fonctionner correctement.")}));
     ASSERT_TRUE(app->db.is_open());
-    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 1);
+    EXPECT_EQ(pools_after_save(), 1);
     EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
     EXPECT_EQ(version(), QStringLiteral("1"));
 }
@@ -312,21 +288,16 @@ TEST_F(UpgradeFailureTest, AFailedRestoreSpeaksForItself)
 {
     save_then_work();
     write_bytes(save_path(base), "PK\x03\x04 plus une archive");
-    ui.answers.push_back(Button::Yes);
-    EXPECT_FALSE(upgrade_base(*app, base));
-
-    ASSERT_GE(ui.messages.size(), 2u);
-    EXPECT_EQ(ui.messages[0].text, question());
+    upgrade_answering(Button::Yes);
     EXPECT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
-    expect_failure_reported();
-    EXPECT_FALSE(report().contains(QStringLiteral("Restauration de la précédente sauvegarde de la base.")));
+    EXPECT_FALSE(failure_report().contains(QStringLiteral("Restauration de la précédente sauvegarde de la base.")));
     // The base is closed, as it stood, and the save is kept.
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(app->menus_base_open());
     EXPECT_TRUE(QFile::exists(save_path(base)));
     connect(base);
     EXPECT_TRUE(table_exists(QStringLiteral("Partielle")));
-    EXPECT_EQ(pools_named(QStringLiteral("Après la sauvegarde")), 1);
+    EXPECT_EQ(pools_after_save(), 1);
 }
 
 TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
@@ -334,9 +305,7 @@ TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
     ASSERT_FALSE(QFile::exists(save_path(base)));
     EXPECT_FALSE(upgrade_base(*app, base));
     EXPECT_TRUE(ui.messages.empty());
-    expect_failure_reported();
-    const QStringList lines = report();
-    ASSERT_GE(lines.size(), 2);
+    const QStringList lines = failure_report();
     EXPECT_EQ(lines.mid(lines.size() - 2),
               (QStringList{QStringLiteral("Aucune sauvegarde n'était disponible."),
                            QStringLiteral("Votre base est donc instable, contacter les fournisseurs de Plouvarine.")}));
@@ -344,26 +313,35 @@ TEST_F(UpgradeFailureTest, WithoutASaveThereIsNothingToAsk)
     EXPECT_EQ(ui.wait_depth, 0);
 }
 
-// ---- Packages and the upgrade window ---------------------------------------
 
 TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
 {
+    // No upgrade file yet: any version is an improvement; a package without
+    // a model keeps the model.
+    EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
+    const QString model_file = app->app_file(QStringLiteral("modele_base.sav"));
+    const QByteArray model = read_bytes(model_file);
     const QByteArray installed = "[INFO]\nVersion finale=9\n[FROM 8]\nmaj1=CREATE TABLE Ancienne (x INTEGER)\n";
-    write_bytes(upgrade_file_path(*app), installed);
-    const QByteArray model = read_bytes(app->app_file(QStringLiteral("modele_base.sav")));
-    const QString package = work_file(QStringLiteral("maj_base.zip"));
+    EXPECT_TRUE(install_upgrade_package(*app, package({{QStringLiteral("maj_base.ini"), installed}})));
+    EXPECT_EQ(final_version(*app), QStringLiteral("9"));
+    EXPECT_EQ(read_bytes(model_file), model);
+    EXPECT_TRUE(work_folders().isEmpty());
 
-    // The same version, written otherwise, is refused.
-    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=9.0\n"},
-                        {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
-    EXPECT_FALSE(install_upgrade_package(*app, package));
+    // A broken package, or the same version written otherwise, is refused.
+    const QString broken = work_file(QStringLiteral("maj_base.zip"));
+    write_bytes(broken, "PK\x03\x04 ceci n'est pas une archive");
+    EXPECT_FALSE(install_upgrade_package(*app, broken));
+    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+    ui.clear();
+    const QString same = package({{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=9.0\n"},
+                                  {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
+    EXPECT_FALSE(install_upgrade_package(*app, same));
+    EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u);
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("La version apportée par le package 9.0\n"
                                                      "n'est pas supérieure à celle déjà disponible.\n"
                                                      "L'installation du package sélectionné est annulée.")});
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
     EXPECT_EQ(read_bytes(upgrade_file_path(*app)), installed);
-    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), model);
+    EXPECT_EQ(read_bytes(model_file), model);
     EXPECT_TRUE(work_folders().isEmpty());
 
     // 10 is above 9 as a number, though not as a text. A work folder of that
@@ -371,50 +349,31 @@ TEST_F(UpgradeTest, APackageIsInstalledOnlyWhenItBringsAHigherVersion)
     ui.clear();
     ASSERT_TRUE(QDir(app->app_dir()).mkdir(QStringLiteral("tmpmajbase")));
     const QByteArray offered = "[INFO]\nVersion finale=10\n[FROM 9]\nmaj1=CREATE TABLE Dixieme (x INTEGER)\n";
-    write_zip(package, {{QStringLiteral("maj_base.ini"), offered}, {QStringLiteral("modele_base.sav"), "nouveau modèle"}});
-    EXPECT_TRUE(install_upgrade_package(*app, package));
+    EXPECT_TRUE(install_upgrade_package(*app, package({{QStringLiteral("maj_base.ini"), offered},
+                                                        {QStringLiteral("modele_base.sav"), "nouveau modèle"}})));
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
     EXPECT_EQ(read_bytes(upgrade_file_path(*app)), offered);
-    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), QByteArray("nouveau modèle"));
+    EXPECT_EQ(read_bytes(model_file), QByteArray("nouveau modèle"));
     EXPECT_EQ(final_version(*app), QStringLiteral("10"));
     EXPECT_EQ(work_folders(), QStringList{QStringLiteral("tmpmajbase")});
     EXPECT_EQ(upgrade_package_label(*app), QStringLiteral("Package dispo pour upgrade vers version 10"));
 }
 
-TEST_F(UpgradeTest, APackageWithoutModelKeepsTheModel)
-{
-    // No upgrade file yet: any version is an improvement.
-    EXPECT_TRUE(upgrade_package_label(*app).isEmpty());
-    const QByteArray model = read_bytes(app->app_file(QStringLiteral("modele_base.sav")));
-    const QString package = work_file(QStringLiteral("maj_base.zip"));
-    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=4\n"}});
-    EXPECT_TRUE(install_upgrade_package(*app, package));
-    EXPECT_EQ(final_version(*app), QStringLiteral("4"));
-    EXPECT_EQ(read_bytes(app->app_file(QStringLiteral("modele_base.sav"))), model);
-    EXPECT_TRUE(work_folders().isEmpty());
-}
-
-TEST_F(UpgradeTest, ABrokenPackageInstallsNothing)
-{
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=3\n"));
-    const QString package = work_file(QStringLiteral("maj_base.zip"));
-    write_bytes(package, "PK\x03\x04 ceci n'est pas une archive");
-    EXPECT_FALSE(install_upgrade_package(*app, package));
-    ASSERT_FALSE(ui.titled(QStringLiteral("Erreur")).empty());
-    EXPECT_EQ(final_version(*app), QStringLiteral("3"));
-    EXPECT_TRUE(work_folders().isEmpty());
-}
-
 TEST_F(UpgradeTest, TheToolInstallsThePackageThenUpgradesTheBase)
 {
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
-    const QString base = make_base();
-    set_base_version(base, QStringLiteral("1"));
-    const QString package = work_file(QStringLiteral("maj_base.zip"));
-    write_zip(package, {{QStringLiteral("maj_base.ini"),
-                         "[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"}});
+    // A package that brings no higher version leaves the base as it was.
+    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"));
+    const QString base = base_at(QStringLiteral("1"));
+    run_upgrade_tool(*app, base, package({{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=1\n"}}));
+    EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u);
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_FALSE(app->db.is_open());
+    expect_idle();
+    EXPECT_FALSE(QFile::exists(save_path(base)));
 
-    run_upgrade_tool(*app, base, package);
+    ui.clear();
+    run_upgrade_tool(*app, base, package({{QStringLiteral("maj_base.ini"),
+                                           "[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"}}));
     EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(QLatin1Char('|')).toStdString();
     const QStringList lines = report();
     EXPECT_TRUE(lines.contains(QStringLiteral("UPDATE Info Set Version = 2")));
@@ -432,41 +391,20 @@ TEST_F(UpgradeTest, TheToolInstallsThePackageThenUpgradesTheBase)
         EXPECT_GT(next, at) << step.toStdString();
         at = next;
     }
-    EXPECT_TRUE(ui.status[2].isEmpty());
-    EXPECT_EQ(ui.wait_depth, 0);
+    expect_idle();
 
     connect(base);
     EXPECT_EQ(version(), QStringLiteral("2"));
     EXPECT_TRUE(table_exists(QStringLiteral("Nouvelle")));
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("select LastClose from Info")).first(), QStringLiteral("Vrai"));
-}
-
-TEST_F(UpgradeTest, TheToolLeavesTheBaseWhenThePackageIsRefused)
-{
-    write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n[FROM 1]\nmaj1=CREATE TABLE Nouvelle (x INTEGER)\n"));
-    const QString base = make_base();
-    set_base_version(base, QStringLiteral("1"));
-    const QString package = work_file(QStringLiteral("maj_base.zip"));
-    write_zip(package, {{QStringLiteral("maj_base.ini"), "[INFO]\nVersion finale=2\n"}});
-
-    run_upgrade_tool(*app, base, package);
-    EXPECT_EQ(ui.titled(QStringLiteral("Information")).size(), 1u);
-    EXPECT_TRUE(ui.reports.empty());
-    EXPECT_FALSE(app->db.is_open());
-    EXPECT_TRUE(ui.status[2].isEmpty());
-    EXPECT_EQ(ui.wait_depth, 0);
-    connect(base);
-    EXPECT_EQ(version(), QStringLiteral("1"));
+    EXPECT_EQ(value(QStringLiteral("select LastClose from Info")), QStringLiteral("Vrai"));
 }
 
 TEST_F(UpgradeTest, TheToolRestoresTheBaseAfterAFailedStatement)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=2\n"
                                       "[FROM 1]\nmaj1=CREATE TABLE Partielle (x INTEGER)\nmaj2=DROP TABLE Absente\n"));
-    const QString base = make_base();
-    set_base_version(base, QStringLiteral("1"));
+    const QString base = base_at(QStringLiteral("1"));
     ui.answers.push_back(Button::Yes);
-
     run_upgrade_tool(*app, base, QString());
     EXPECT_EQ(ui.titled(QStringLiteral("Confirmation")).size(), 1u);
     EXPECT_EQ(report().back(), QStringLiteral("Restauration de la précédente sauvegarde de la base."));

@@ -1,5 +1,4 @@
-// The base upgrade window's view on real bases from the model, real upgrade
-// files and a real package, with the person's choices scripted.
+// The base upgrade window's view on real bases, upgrade files and a package.
 
 #include "src/base/zip.h"
 #include "src/store/database.h"
@@ -14,9 +13,7 @@
 #include <QTemporaryDir>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::read_bytes;
-using plouvarine::testing::write_bytes;
+using namespace plouvarine::testing;
 
 namespace {
 
@@ -36,11 +33,10 @@ protected:
         ASSERT_TRUE(write_bytes(upgrade_file_path(*app), content.toUtf8()));
     }
 
-    // A base from the model at `version`, closed.
-    QString base_at(const QString& version, const QString& name = QStringLiteral("club.mdb"))
+    QString base_at(const QString& version)
     {
-        const QString path = make_base(name);
-        plouvarine::testing::set_base_version(path, version);
+        const QString path = make_base();
+        set_base_version(path, version);
         return path;
     }
 
@@ -57,7 +53,6 @@ protected:
 
 }  // namespace
 
-// ---- Load and unload ----------------------------------------------------------------
 
 TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
 {
@@ -77,54 +72,52 @@ TEST_F(UpgradeViewTest, LoadClosesTheBaseInUseAndUnloadOpensItAgain)
     ASSERT_TRUE(app->db.is_open());
     EXPECT_EQ(app->db.path(), base);
     EXPECT_TRUE(ui.messages.empty());
-}
 
-TEST_F(UpgradeViewTest, WithNoBaseInUseLoadAndUnloadOpenNothing)
-{
-    UpgradeView view(*app);
-    view.load();
-    view.unload();
+    // A base that has meanwhile become something else is reported, and left as it is.
+    UpgradeView again(*app);
+    again.load();
+    ASSERT_TRUE(write_bytes(base, "liste des nageurs\n"));
+    again.unload();
+    EXPECT_FALSE(app->db.is_open());
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title + QLatin1Char('|') + ui.messages[0].text, QStringLiteral("Erreur|") + kConnectionError);
+    EXPECT_EQ(read_bytes(base), QByteArray("liste des nageurs\n"));
+
+    // With no base in use, nothing is opened.
+    ui.clear();
+    app->state.base_path.clear();
+    UpgradeView no_base(*app);
+    no_base.load();
+    no_base.unload();
     EXPECT_FALSE(app->db.is_open());
     EXPECT_TRUE(ui.messages.empty());
 }
 
-TEST_F(UpgradeViewTest, UnloadReportsABaseThatCannotBeOpenedAgain)
-{
-    const QString base = base_at(QStringLiteral("3"));
-    connect(base);
-    UpgradeView view(*app);
-    view.load();
-    // Meanwhile the file has become something that is no base.
-    ASSERT_TRUE(write_bytes(base, "liste des nageurs\n"));
 
-    view.unload();
-    EXPECT_FALSE(app->db.is_open());
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
-    EXPECT_EQ(ui.messages[0].text, kConnectionError);
-    EXPECT_EQ(read_bytes(base), QByteArray("liste des nageurs\n"));
-}
-
-// ---- Choosing --------------------------------------------------------------------------
-
-TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
+TEST_F(UpgradeViewTest, RunIsEnabledOnceAnMdbBaseOrAPackageOfTheOneNameIsChosen)
 {
     UpgradeView view(*app);
     view.load();
     const QString good = base_at(QStringLiteral("1"));
 
-    // Cancel: nothing chosen, nothing said.
     EXPECT_FALSE(view.choose_base());
     EXPECT_TRUE(view.txt_base().isEmpty());
-    EXPECT_TRUE(ui.messages.empty());
     ASSERT_EQ(ui.file_requests.size(), 1u);
     EXPECT_EQ(ui.file_requests[0].title, QStringLiteral("Sélection d'une Base"));
     EXPECT_EQ(ui.file_requests[0].filter, QStringLiteral("Base de données (*.mdb)|*.mdb"));
     EXPECT_FALSE(ui.file_requests[0].save);
+    // With nothing chosen, Run is off and does nothing at all.
+    view.set_txt_base(QStringLiteral("   "));
+    EXPECT_FALSE(view.run_enabled());
+    view.run();
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(ui.reports.empty());
+    EXPECT_EQ(ui.max_wait_depth, 0);
 
     ui.files.push_back(good);
     EXPECT_TRUE(view.choose_base());
     EXPECT_EQ(view.txt_base(), good);
+    EXPECT_TRUE(view.run_enabled());
 
     // A base under another extension, even an upper-case one, is refused, and
     // the base chosen before stays.
@@ -139,63 +132,34 @@ TEST_F(UpgradeViewTest, ABaseMustHaveTheExtensionMdb)
         EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
         EXPECT_EQ(view.txt_base(), good);
     }
-}
 
-TEST_F(UpgradeViewTest, APackageMustBeNamedMajBaseZip)
-{
-    UpgradeView view(*app);
-    view.load();
+    // A package alone will do; it must be named maj_base.zip, exactly.
+    ui.clear();
+    UpgradeView package_only(*app);
+    package_only.load();
     for (const QString& wrong : {work_file(QStringLiteral("maj_base (1).zip")), work_file(QStringLiteral("MAJ_BASE.ZIP")),
                                  work_file(QStringLiteral("maj_soft_2.zip"))}) {
         ui.files.push_back(wrong);
-        EXPECT_FALSE(view.choose_package()) << wrong.toStdString();
-        EXPECT_TRUE(view.txt_rep().isEmpty());
+        EXPECT_FALSE(package_only.choose_package()) << wrong.toStdString();
+        EXPECT_TRUE(package_only.txt_rep().isEmpty());
     }
+    EXPECT_FALSE(package_only.run_enabled());
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     ui.files.push_back(package);
-    EXPECT_TRUE(view.choose_package());
-    EXPECT_EQ(view.txt_rep(), package);
+    EXPECT_TRUE(package_only.choose_package());
+    EXPECT_EQ(package_only.txt_rep(), package);
+    EXPECT_TRUE(package_only.run_enabled());
     for (const FileDialogRequest& r : ui.file_requests)
         EXPECT_EQ(r.filter, QStringLiteral("Package maj base (maj_base.zip)|maj_base.zip"));
     EXPECT_TRUE(ui.messages.empty());
 }
-
-TEST_F(UpgradeViewTest, RunIsEnabledOnceABaseOrAPackageIsChosen)
-{
-    UpgradeView view(*app);
-    view.load();
-    EXPECT_FALSE(view.run_enabled());
-    view.set_txt_base(QStringLiteral("   "));
-    EXPECT_FALSE(view.run_enabled());
-
-    ui.files.push_back(base_at(QStringLiteral("1")));
-    ASSERT_TRUE(view.choose_base());
-    EXPECT_TRUE(view.run_enabled());
-
-    UpgradeView package_only(*app);
-    package_only.load();
-    ui.files.push_back(work_file(QStringLiteral("maj_base.zip")));
-    ASSERT_TRUE(package_only.choose_package());
-    EXPECT_TRUE(package_only.run_enabled());
-
-    // With nothing chosen, running does nothing at all.
-    UpgradeView nothing(*app);
-    nothing.load();
-    ui.clear();
-    nothing.run();
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(ui.reports.empty());
-    EXPECT_EQ(ui.max_wait_depth, 0);
-}
-
-// ---- Running ---------------------------------------------------------------------------
 
 TEST_F(UpgradeViewTest, RunInstallsAPackageThenUpgradesWithItAndTheLabelFollows)
 {
     write_upgrade_file(QStringLiteral("[INFO]\nVersion finale=1\n"));
     const QString base = base_at(QStringLiteral("1"));
     QTemporaryDir content;
-    ASSERT_TRUE(write_bytes(content.filePath(QStringLiteral("maj_base.ini")), kUpgradeTo3.toUtf8()));
+    write_bytes(content.filePath(QStringLiteral("maj_base.ini")), kUpgradeTo3.toUtf8());
     const QString package = work_file(QStringLiteral("maj_base.zip"));
     ASSERT_TRUE(zip_folder(package, content.path()));
 

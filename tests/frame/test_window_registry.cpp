@@ -1,6 +1,5 @@
-// One instance per window: the "already open" check, busy_count and the menu
-// locks that follow the open windows, and the caller told when its detail
-// window closes.
+// One instance per window: the "already open" check, busy_count, the menu locks
+// that follow the open windows, and the caller told when its detail closes.
 
 #include "src/frame/base_commands.h"
 #include "src/frame/window_registry.h"
@@ -50,10 +49,8 @@ TEST_F(WindowRegistryTest, AnOpenWindowIsToldAndBroughtToTheFront)
 
     ASSERT_TRUE(windows->opened(list, WindowRegistry::kMainWindow));
     EXPECT_TRUE(windows->check_window_open(list));
-    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("La fenêtre est déjà ouverte.\nTerminer la précédente opération.")});
     EXPECT_EQ(ui.messages[0].title, QStringLiteral("Information"));
-    EXPECT_EQ(ui.messages[0].text,
-              QStringLiteral("La fenêtre est déjà ouverte.\nTerminer la précédente opération."));
     EXPECT_EQ(ui.messages[0].icon, MsgIcon::Information);
     EXPECT_EQ(fronted, QStringList{list});
 
@@ -84,12 +81,19 @@ TEST_F(WindowRegistryTest, BusyCountFollowsTheOpenWindows)
     EXPECT_TRUE(windows->closed(QStringLiteral("frm_liste_licence")));
     EXPECT_EQ(app->state.busy_count, 0);
     EXPECT_FALSE(app->is_busy());
+
+    // A window whose locks are wrong does not open, nor lock its first group.
+    EXPECT_THROW(windows->opened(QStringLiteral("frm_view_perf"), {},
+                                 {whole_group(LockGroup::Licence), {LockGroup::Performance, {1, 1}}}),
+                 std::invalid_argument);
+    EXPECT_FALSE(windows->is_open(QStringLiteral("frm_view_perf")));
+    EXPECT_EQ(app->state.busy_count, 0);
+    EXPECT_TRUE(enabled("mnuLicListe"));
 }
 
 TEST_F(WindowRegistryTest, TheWorkCannotEndWhileAWindowIsOpen)
 {
-    const QString base = make_base();
-    ui.files.push_back(base);
+    ui.files.push_back(make_base());
     open_base_command(*app);
     ASSERT_TRUE(app->db.is_open());
     ui.clear();
@@ -150,16 +154,6 @@ TEST_F(WindowRegistryTest, LocksAreHeldWhileOpenAndGivenBackOnce)
     EXPECT_TRUE(windows->locks_of(QStringLiteral("det_profil")).empty());
 }
 
-TEST_F(WindowRegistryTest, AWindowWithWrongLocksDoesNotOpen)
-{
-    EXPECT_THROW(windows->opened(QStringLiteral("frm_view_perf"), {},
-                                 {whole_group(LockGroup::Licence), {LockGroup::Performance, {1, 1}}}),
-                 std::invalid_argument);
-    EXPECT_FALSE(windows->is_open(QStringLiteral("frm_view_perf")));
-    EXPECT_EQ(app->state.busy_count, 0);
-    EXPECT_TRUE(enabled("mnuLicListe"));
-}
-
 TEST_F(WindowRegistryTest, TheCallerIsToldWhenItsDetailCloses)
 {
     CallerView list;
@@ -201,10 +195,9 @@ TEST_F(WindowRegistryTest, TheCallerIsToldWhenItsDetailCloses)
     windows->closed(QStringLiteral("Frm_liste_piscine"));
     EXPECT_EQ(main_window.unloaded, QStringList{QStringLiteral("Frm_liste_piscine")});
     EXPECT_TRUE(enabled("mnuModelePiscineNew"));
-}
 
-TEST_F(WindowRegistryTest, ADetailWhoseCallerClosedFirstTellsNobody)
-{
+    // A detail whose caller closed first tells nobody, not even a new list of
+    // the caller's name, which did not open it.
     CallerView first;
     CallerView second;
     ASSERT_TRUE(windows->opened(QStringLiteral("Frm_liste_club"), {}, {}, &first));
@@ -212,11 +205,11 @@ TEST_F(WindowRegistryTest, ADetailWhoseCallerClosedFirstTellsNobody)
     windows->closed(QStringLiteral("Frm_liste_club"));
     EXPECT_TRUE(windows->caller_of(QStringLiteral("dem_info")).isEmpty());
 
-    // A new list of the same name did not open this detail.
     ASSERT_TRUE(windows->opened(QStringLiteral("Frm_liste_club"), {}, {}, &second));
     windows->closed(QStringLiteral("dem_info"));
     EXPECT_TRUE(first.unloaded.isEmpty());
     EXPECT_TRUE(second.unloaded.isEmpty());
+    EXPECT_EQ(main_window.unloaded, QStringList{QStringLiteral("Frm_liste_piscine")});
 }
 
 TEST_F(WindowRegistryTest, ARegistrationGivesBackWhatItTookHoweverItEnds)

@@ -1,8 +1,5 @@
-// An exchange component that tells in its trace what the runner gave it (the
-// method, the competition, the option and what the source holds) and, for
-// the entry files, leaves two files in the work folder (or one too large for
-// any disk). It stands in for the
-// Lenex components in the runner's tests of their operations.
+// Stands in for the Lenex components: traces what the runner gave it and, for
+// the entry files, leaves two files in the work folder (or one too large for any disk).
 
 #include "src/frame/exchange_component.h"
 
