@@ -1,6 +1,5 @@
-// Manual performances on a real base: the check of the entry, the numbers of
-// each table, the age in years, the pool of an event that has no 50 m, the
-// relay composition filled with the null licence.
+// Manual performances on a real base: the check of the entry, the numbers of each
+// table, the age, the pool of an event with no 50 m, the relay's null licences.
 
 #include "perf_test_base.h"
 
@@ -95,22 +94,14 @@ TEST_F(AjoutPerfTest, IndividualSwimsAreNumberedInTheirOwnTable)
     ui.answers.push_back(Button::No);
     EXPECT_FALSE(form.cmd_enregistrer());
 
-    const Rows rows = app->db.load_rows(QStringLiteral(
-        "SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, Codif_Fede, Codif_Inter, Codif_Reg, "
-        "Codif_Depart, Passage_relais, Tps_inter, Age_perf, Num_compet, NumManuel FROM Liffn WHERE Num_compet = 0 "
-        "ORDER BY NumManuel"));
-    ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(QStringList({rows.value(0, 0), rows.value(0, 1), rows.value(0, 2), rows.value(0, 3), rows.value(0, 4),
-                           rows.value(0, 5), rows.value(0, 6), rows.value(0, 7), rows.value(0, 8), rows.value(0, 9),
-                           rows.value(0, 10), rows.value(0, 11), rows.value(0, 12), rows.value(0, 13),
-                           rows.value(0, 15)}),
-              (QStringList{"1", kClub, anne, "50", "20100101", "0.3123", "L'Hermine", "Q", "R", " ", "A", " ", "Vrai",
-                           "10", "1"}));
     // The second is number 2 whatever the relays hold; 25 m, from a relay start.
-    EXPECT_EQ(rows.value(1, 15), QStringLiteral("2"));
-    EXPECT_EQ(rows.value(1, 3), QStringLiteral("25"));
-    EXPECT_EQ(rows.value(1, 11), QStringLiteral("R"));
-    EXPECT_EQ(rows.value(1, 13), QStringLiteral("25"));
+    const QString swum = QLatin1String(kClub) + u'|' + anne + QStringLiteral("|");
+    EXPECT_EQ(plouvarine::testing::row_texts(app->db.load_rows(QStringLiteral(
+                  "SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, Codif_Fede, Codif_Inter, "
+                  "Codif_Reg, Codif_Depart, Passage_relais, Tps_inter, Age_perf, NumManuel FROM Liffn "
+                  "WHERE Num_compet = 0 ORDER BY NumManuel")), u'|'),
+              (QStringList{"1|" + swum + "50|20100101|0.3123|L'Hermine|Q|R| |A| |Vrai|10|1",
+                           "1|" + swum + "25|20250310|1.0512|L'Hermine| | | | |R|Faux|25|2"}));
 }
 
 TEST_F(AjoutPerfTest, RelayStoresItsLegsThenTheNullLicence)

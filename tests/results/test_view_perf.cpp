@@ -1,13 +1,12 @@
-// The performance history on a real base: best against latest, the custom
-// count, the season filter, the relay line, the deletions by competition and
-// of manual swims, the exports and a swimmer deleted since.
+// The performance history on a real base: best against latest, the custom count,
+// the season filter, the relay line, the deletions, the exports.
 
 #include "perf_test_base.h"
 
 #include "src/frame/list_helpers.h"
 #include "src/results/view_perf.h"
+#include "support/temp_files.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 using namespace plouvarine;
@@ -39,6 +38,11 @@ protected:
         view->edited_options() = options;
         ASSERT_TRUE(view->cmd_valider());
     }
+    void show(const PerfOptions& options)
+    {
+        set_options(options);
+        view->affiche_perfs();
+    }
     QStringList column(int c) const { return plouvarine::testing::column_texts(view->lsv_perf(), c); }
     int row_of(const QString& time) const { return int(column(0).indexOf(time)); }
     void select(int row) { select_row_at(view->perf_selection(), row); }
@@ -60,8 +64,7 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
 
     PerfOptions best;  // by time, one performance, all seasons
     EXPECT_EQ(best.label_one(), QStringLiteral("Meilleure"));
-    set_options(best);
-    view->affiche_perfs();
+    show(best);
     EXPECT_EQ(column(0), (QStringList{"", "", "", "32.50", "", "", "1:12.10"}));
     EXPECT_EQ(column(1), (QStringList{"Abgrall Anne", "", "50m n.l. Dames", "Brest", "", "100m n.l. Dames", "Brest"}));
     EXPECT_EQ(column(2)[3], QStringLiteral("01/02/2025"));
@@ -70,8 +73,7 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     PerfOptions latest = best;
     latest.tri = 0;
     EXPECT_EQ(latest.label_one(), QStringLiteral("Dernière"));
-    set_options(latest);
-    view->affiche_perfs();
+    show(latest);
     EXPECT_EQ(column(0), (QStringList{"", "", "", "34.01", "", "", "1:12.10"}));
 
     // Two per event, with the intermediate and relay columns shown.
@@ -80,8 +82,7 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     custom.txt_nb_perf = QStringLiteral("2");
     custom.tps_inter = true;
     custom.tps_relais = true;
-    set_options(custom);
-    view->affiche_perfs();
+    show(custom);
     EXPECT_EQ(view->lsv_perf().columnCount(), 6);
     EXPECT_EQ(column(0).mid(3, 3), (QStringList{"29.01", "30.01", ""}));
     EXPECT_EQ(column(4).mid(3, 2), (QStringList{"X", " "}));
@@ -254,30 +255,25 @@ TEST_F(ViewPerfTest, PrintedAndSavedAsTheListStands)
     ASSERT_TRUE(view->cmd_imprimer());
     ASSERT_EQ(ui.printed.size(), 1u);
     const QString text = ui.printed[0].text;
-    EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation")));
-    EXPECT_TRUE(text.contains(QStringLiteral("10 mars 2025")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\t\tAbgrall Anne")));
-    EXPECT_TRUE(text.contains(QStringLiteral("33.12    Brest") + QString(31, u' ') + QStringLiteral(" 12/10/2024") +
-                              QString(7, u' ') + QStringLiteral(" 25  / / / ")));
-    EXPECT_TRUE(text.contains(QStringLiteral(". D : codification départementale")));
+    for (const QString& part : {QStringLiteral("Brest Natation"), QStringLiteral("10 mars 2025"),
+                                QStringLiteral("\t\tAbgrall Anne"), QStringLiteral(". D : codification départementale"),
+                                QStringLiteral("33.12    Brest") + QString(31, u' ') + QStringLiteral(" 12/10/2024") +
+                                    QString(7, u' ') + QStringLiteral(" 25  / / / ")})
+        EXPECT_TRUE(text.contains(part)) << part.toStdString();
     EXPECT_FALSE(text.contains(QStringLiteral("Temps intermédiaire")));
 
     const QString txt = work_file(QStringLiteral("perfs.txt"));
     ui.files.push_back(txt);
     ASSERT_TRUE(view->cmd_sauvegarder());
     EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Exporter suivi des performances"));
-    QFile file(txt);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(QStringLiteral("\r\n"));
+    const QStringList lines = QString::fromUtf8(plouvarine::testing::read_bytes(txt)).split(QStringLiteral("\r\n"));
     EXPECT_EQ(lines[0], QStringLiteral("Temps\tLieu\tDate\tBassin\tCodif F\tCodif I\tCodif R\tCodif D"));
     EXPECT_EQ(lines[4], QStringLiteral("33.12\tBrest\t12/10/2024\t25\t \t \t \t "));
 
     const QString rtf = work_file(QStringLiteral("perfs.rtf"));
     ui.files.push_back(rtf);
     ASSERT_TRUE(view->cmd_sauvegarder());
-    QFile rich(rtf);
-    ASSERT_TRUE(rich.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(rich.readAll().startsWith("{\\rtf"));
+    EXPECT_TRUE(plouvarine::testing::read_bytes(rtf).startsWith("{\\rtf"));
 
     // A target that cannot be written (its folder is a file): the message,
     // and the file in the way stays as it was.
