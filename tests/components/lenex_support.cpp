@@ -123,10 +123,16 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
 void LenexBase::SetUp()
 {
     ASSERT_TRUE(dir_.isValid());
-    base_ = dir_.filePath(QStringLiteral("club.mdb"));
-    ASSERT_TRUE(QFile::copy(model_file(), base_));
-    QFile::setPermissions(base_, QFile::permissions(base_) | QFileDevice::WriteOwner);
+    base_ = copy_model(QStringLiteral("club.mdb"));
     db.open(base_);
+}
+
+QString LenexBase::copy_model(const QString& name)
+{
+    const QString copy = dir_.filePath(name);
+    EXPECT_TRUE(QFile::copy(model_file(), copy));
+    QFile::setPermissions(copy, QFile::permissions(copy) | QFileDevice::WriteOwner);
+    return copy;
 }
 
 bool LenexBase::run(const QString& component, const QString& method, ExchangeCall call)
@@ -134,7 +140,9 @@ bool LenexBase::run(const QString& component, const QString& method, ExchangeCal
     ExchangeComponent* c = load_component(component);
     if (!c)
         return false;
-    call.base = base_;
+    const bool own = call.base.isEmpty();
+    if (own)
+        call.base = base_;
     const QString trace_file = dir_.filePath(QStringLiteral("trace.txt"));
     QFile::remove(trace_file);
     call.trace_file = trace_file;
@@ -143,10 +151,11 @@ bool LenexBase::run(const QString& component, const QString& method, ExchangeCal
         QDir(call.tmp_dir).removeRecursively();
         QDir().mkpath(call.tmp_dir);
     }
-    db.close();
-    QuietProgress progress;
+    if (own)
+        db.close();
     const bool result = c->run(method, call, progress);
-    db.open(base_);
+    if (own)
+        db.open(base_);
     QFile f(trace_file);
     trace_ = f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     return result;

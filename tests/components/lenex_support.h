@@ -1,7 +1,7 @@
 #pragma once
-// What the Lenex component tests share: the real plugins loaded from the
-// application folder, a base made from the model base, a progress that shows
-// nothing, and an independent count of what a Lenex file holds.
+// What the exchange component tests share: the real plugins loaded from the
+// application folder, bases made from the model base, a progress that records
+// what it is told, and an independent count of what a Lenex file holds.
 
 #include "src/frame/exchange_component.h"
 #include "src/store/database.h"
@@ -22,13 +22,15 @@
 
 namespace plouvarine::testing {
 
-class QuietProgress : public OperationProgress {
+class RecordedProgress : public OperationProgress {
 public:
     void set_message(int, const QString&) override {}
-    void set_club(const QString&) override {}
+    void set_club(const QString& text) override { clubs << text; }
     void set_swimmer(const QString&) override {}
-    void set_progress(int, int) override {}
+    void set_progress(int value, int maximum) override { last = {value, maximum}; }
     void append_report(const QString&) override {}
+    QStringList clubs;
+    std::pair<int, int> last{-1, -1};
 };
 
 // The real Lenex file `name` of the shared fixtures.
@@ -58,8 +60,10 @@ class LenexBase : public ::testing::Test {
 protected:
     void SetUp() override;
     QString path(const QString& name) const { return dir_.filePath(name); }
-    // Runs a component's method on the base (closed for the call); gives its
-    // result. The trace of the call is then in trace().
+    // Another copy of the model base in the folder; its path.
+    QString copy_model(const QString& name);
+    // Runs a component's method on call.base, by default the open base (closed
+    // for the call); gives its result. The trace of the call is then in trace().
     bool run(const QString& component, const QString& method, ExchangeCall call);
     QString trace() const { return trace_; }
     // A competition with the pool `length` (0: not known yet); its AutoNum.
@@ -71,6 +75,7 @@ protected:
     QString base_;
     Database db;
     QString trace_;
+    RecordedProgress progress;
 };
 
 }  // namespace plouvarine::testing

@@ -26,7 +26,22 @@ struct RealFile {
     int length;
 };
 
-class ResultsImport : public LenexBase, public ::testing::WithParamInterface<RealFile> {};
+class ResultsBase : public LenexBase {
+protected:
+    // Imports `source` into the competition `num`; gives the call to run again.
+    ExchangeCall import_results(const QString& source, int num, bool new_compet = false)
+    {
+        ExchangeCall call;
+        call.source = source;
+        call.num_compet = QString::number(num);
+        call.new_compet = new_compet;
+        last_result = run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+        return call;
+    }
+    bool last_result = false;
+};
+
+class ResultsImport : public ResultsBase, public ::testing::WithParamInterface<RealFile> {};
 
 TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatusesAndSplits)
 {
@@ -36,10 +51,8 @@ TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatuses
     ASSERT_GT(expected.swims, 0);
     const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
     const int num = add_competition(GetParam().length);
-    ExchangeCall call;
-    call.source = file;
-    call.num_compet = QString::number(num);
-    EXPECT_FALSE(run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call));
+    ExchangeCall call = import_results(file, num);
+    EXPECT_FALSE(last_result);
     EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
 
     const QString where = QStringLiteral(" WHERE Num_compet = %1").arg(num);
@@ -100,17 +113,14 @@ INSTANTIATE_TEST_SUITE_P(RealFiles, ResultsImport,
                                            RealFile{"16032025_Erlangen_lenex3_results.lxf", 50},
                                            RealFile{"38468.lxf", 0}));
 
-using ResultsDetail = LenexBase;
+using ResultsDetail = ResultsBase;
 
 TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
 {
     SKIP_WITHOUT_LENEX_FILES();
     const int num = add_competition(25);
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    call.new_compet = true;
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    const QString file = lenex_file(QStringLiteral("example-results.lef"));
+    import_results(file, num, true);
     // The competition made for the results takes the meet's name and place.
     EXPECT_EQ(rows(QStringLiteral("SELECT Nom, Lieu, Debut, Longueur FROM Rcomp WHERE AutoNum = %1").arg(num)),
               QStringList{QStringLiteral("Schweizerische Masters Meisterschaften|Nottwil|20090926|25")});
@@ -123,10 +133,9 @@ TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
                                   "JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Licence = '19251' AND p.Tps = 1.2318")),
               QStringList{QStringLiteral("1.2318|712|5|S")});
     // Each status of the file as its code.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")),
-              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("DNS")));
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")),
-              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("WDR")));
+    const LenexCounts counts = count_lenex(file, [](int, int) { return false; });
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")), counts.by_status.value("DNS"));
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")), counts.by_status.value("WDR"));
 }
 
 TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndNotAddedAgain)
@@ -137,11 +146,7 @@ TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndN
     // "Günter Schmah" without licence, accents and case apart.
     db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
                                "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
-    const int num = add_competition(25);
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    import_results(lenex_file(QStringLiteral("example-results.lef")), add_competition(25));
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Licence = '19251'")), 1);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Nom = 'Schmah'")), 1);
     EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Prres p JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Nom = 'SCHMAH'")), 0);
@@ -191,10 +196,7 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
                 small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
     const QStringList before = rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), "
                                                    "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori) FROM Prres"));
-    ExchangeCall call;
-    call.source = src.path();
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    import_results(src.path(), num);
     EXPECT_EQ(rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
                                   "(SELECT count(*) FROM Categori) FROM Prres")),
               before);
@@ -225,11 +227,7 @@ TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
     const QString before = rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
                                                "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
                                                "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n');
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    call.new_compet = true;
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    import_results(lenex_file(QStringLiteral("example-results.lef")), num, true);
     EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
                                   "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
                                   "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n'),
@@ -245,15 +243,12 @@ TEST_F(ResultsDetail, UnknownStrokeIsSkippedAndATimeNtIsKeptWithoutTime)
     QTemporaryDir src;
     const QString odd = src.filePath(QStringLiteral("odd.lef"));
     write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("UNKNOWN"), QStringLiteral("00:01:05.00")));
-    ExchangeCall call;
-    call.source = odd;
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Épreuve n° 1 inconnue (100 m UNKNOWN"))) << trace().toStdString();
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres")), 0);
 
     write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("BACK"), QStringLiteral("NT")));
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Temps « NT » sans statut pour Le Goff Anne"))) << trace().toStdString();
     EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Tps, Numero_couloir FROM Prres")), QStringList{QStringLiteral("12|0|3")});
 }
@@ -273,25 +268,20 @@ TEST(LenexValues, TimesStatusesRacesAndSplitColumns)
     EXPECT_EQ(lenex::format_swimtime(0.2501), QStringLiteral("00:00:25.01"));
     EXPECT_EQ(lenex::format_swimtime(0), QStringLiteral("NT"));
 
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ")), 99.9999);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ"), true), 93);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("SICK")), 91);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("WDR")), 92);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DNS")), 94);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DNF")), 95);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("EXH")), 0);
+    const std::pair<const char*, double> statuses[] = {{"DSQ", 99.9999}, {"SICK", 91}, {"WDR", 92},
+                                                        {"DNS", 94},      {"DNF", 95},  {"EXH", 0}};
+    for (const auto& [status, code] : statuses)
+        EXPECT_EQ(lenex::status_code(QLatin1String(status)), code) << status;
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ"), true), 93) << "a relay's disqualification";
 
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("FIN")), QStringLiteral("F"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("SEM")), QStringLiteral("2"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("PRE")), QStringLiteral("S"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("XYZ")), QStringLiteral("Inconnu"));
+    const std::pair<const char*, const char*> races[] = {{"FIN", "F"}, {"SEM", "2"}, {"PRE", "S"}, {"XYZ", "Inconnu"}};
+    for (const auto& [round, kind] : races)
+        EXPECT_EQ(lenex::race_kind(QLatin1String(round)), QLatin1String(kind)) << round;
 
-    EXPECT_EQ(lenex::split_column(400, 350), 1);
-    EXPECT_EQ(lenex::split_column(400, 50), 7);
-    EXPECT_EQ(lenex::split_column(400, 25), 0);
-    EXPECT_EQ(lenex::split_column(1500, 100), 14);
-    EXPECT_EQ(lenex::split_column(1500, 50), 0);
-    EXPECT_EQ(lenex::split_column(100, 100), 0);
+    // {total, split distance, column}: 0 is a split the base does not keep.
+    const int splits[][3] = {{400, 350, 1}, {400, 50, 7}, {400, 25, 0}, {1500, 100, 14}, {1500, 50, 0}, {100, 100, 0}};
+    for (const auto& [total, at, column] : splits)
+        EXPECT_EQ(lenex::split_column(total, at), column) << total << " " << at;
 }
 
 }  // namespace
