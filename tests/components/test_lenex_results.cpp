@@ -55,31 +55,29 @@ TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatuses
     EXPECT_FALSE(last_result);
     EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
 
+    // Swims, relays, statuses, splits.
     const QString where = QStringLiteral(" WHERE Num_compet = %1").arg(num);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres") + where), expected.swims);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres_relais") + where), expected.relays);
-    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT count(*) FROM Prres%1 AND Tps >= 91) + "
-                                   "(SELECT count(*) FROM Prres_relais%1 AND Tps >= 91)").arg(where)),
-              expected.statuses);
     QStringList inter;
     for (int i = 1; i <= 14; ++i)
         inter.append(QStringLiteral("(Inter%1 > 0)").arg(i));
-    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT coalesce(sum(%1), 0) FROM Prres%2) + "
-                                   "(SELECT coalesce(sum(%1), 0) FROM Prres_relais%2)")
-                        .arg(inter.join(u'+'), where)),
-              expected.splits);
-    // Every swimmer of a swim is a licence of the base now, in a club of the base.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Licence l ON l.Num = p.Num_Lic") + where
-                    + QStringLiteral(" AND l.Num IS NULL")),
-              0);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Club c ON c.Code_federal = p.Code_club")
-                    + where + QStringLiteral(" AND c.Num IS NULL")),
-              0);
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres%2), (SELECT count(*) FROM Prres_relais%2), "
+                                  "(SELECT count(*) FROM Prres%2 AND Tps >= 91) + "
+                                  "(SELECT count(*) FROM Prres_relais%2 AND Tps >= 91), "
+                                  "(SELECT coalesce(sum(%1), 0) FROM Prres%2) + "
+                                  "(SELECT coalesce(sum(%1), 0) FROM Prres_relais%2)")
+                       .arg(inter.join(u'+'), where)),
+              QStringList{QString::asprintf("%d|%d|%d|%d", expected.swims, expected.relays, expected.statuses,
+                                            expected.splits)});
+    // Every swimmer of a swim is a licence of the base now, in a club of the
+    // base, and each swim has a category of the competition.
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres p LEFT JOIN Licence l ON l.Num = p.Num_Lic%1 "
+                                  "AND l.Num IS NULL), (SELECT count(*) FROM Prres p LEFT JOIN Club c ON "
+                                  "c.Code_federal = p.Code_club%1 AND c.Num IS NULL), (SELECT count(*) FROM Prres p%1 "
+                                  "AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = "
+                                  "p.Num_compet))")
+                       .arg(where)),
+              QStringList{QStringLiteral("0|0|0")});
     EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Licence")), licences);
-    // Each swim has a category of the competition.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p") + where
-                    + QStringLiteral(" AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = p.Num_compet)")),
-              0);
 
     // The competition had no programme: it gets one line per event with results.
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Pcomp") + where + QStringLiteral(" AND JourCourse >= 1")),
@@ -194,12 +192,11 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     // Another course.
     write_bytes(src.filePath(QStringLiteral("e_bassin.lef")),
                 small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
-    const QStringList before = rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), "
-                                                   "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori) FROM Prres"));
+    const QString counts = QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
+                                          "(SELECT count(*) FROM Categori) FROM Prres");
+    const QStringList before = rows(counts);
     import_results(src.path(), num);
-    EXPECT_EQ(rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
-                                  "(SELECT count(*) FROM Categori) FROM Prres")),
-              before);
+    EXPECT_EQ(rows(counts), before);
     const QStringList lines = trace().split(u'\n', Qt::SkipEmptyParts);
     auto has = [&](const QString& start, const QString& part) {
         for (const QString& l : lines) {
@@ -224,14 +221,13 @@ TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
     // The engine refuses one swim deep in the file, after clubs and swimmers were added.
     db.exec_sql(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Prres WHEN NEW.Tps = 1.2318 "
                                "BEGIN SELECT RAISE(ABORT, 'refusé'); END"));
-    const QString before = rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
-                                               "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
-                                               "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n');
+    const QString state = QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                         "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                         "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)")
+                              .arg(num);
+    const QStringList before = rows(state);
     import_results(lenex_file(QStringLiteral("example-results.lef")), num, true);
-    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
-                                  "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
-                                  "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n'),
-              before);
+    EXPECT_EQ(rows(state), before);
     EXPECT_TRUE(trace().contains(QRegularExpression(QStringLiteral(
         "Erreur : example-results\\.lef : ligne \\d+, élément RESULT : refusé\\. Rien n'est importé de ce fichier\\."))))
         << trace().toStdString();
