@@ -144,47 +144,40 @@ TEST_F(TabComponentsTest, ASwimmerIsFoundByNameAndBirthDateWhateverTheAccentsAnd
 
 TEST_F(TabComponentsTest, AnImportThatFailsHalfWayLeavesTheBaseAsItWasAndNamesTheLine)
 {
-    const QString in = folder(QStringLiteral("in"));
-    const QString licences = QStringLiteral("select count(*) from Licence");
-    const QString clubs = QStringLiteral("select count(*) from Club");
-    const int before_licences = count(licences);
-    const int before_clubs = count(clubs);
+    const QString state = QStringLiteral("select (select count(*) from Licence), (select count(*) from Club)");
+    const QStringList before = rows(state);
+    // {file, its content, what the trace says}
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"licences.txt", "Licence\tNom\tPrenom\tDate_Naissance\n1\tA\ta\t20000101\n2\tB\tb\t20000101\n3\t\tc\t20000101\n",
+         "Erreur : ligne 4 : le nom est obligatoire."},
+        {"licences.txt", "Licence\tNom\tPrenom\tDate_Naissance\n1\tA\ta\t20000101\n2\tB\n",
+         "Erreur : ligne 3 : 2 champs au lieu de 4"},
+        {"licences.txt", "Licence\tPrenom\n1\ta\n", "colonne absente : Nom, Date_Naissance"},
+        {"clubs.txt", "Code_federal\tIntitule\n0001\tUn\n0002\tDeux\n\tTrois\n",
+         "Erreur : ligne 4 : le code fédéral et l'intitulé du club sont obligatoires."},
+        {"clubs.txt", "Code_federal\tIntitule\n0001\tCr\xe9teil\n", "n'est pas en UTF-8"}};
+    int n = 0;
+    for (const auto& [name, content, said] : cases) {
+        ExchangeCall call;
+        call.source = folder(QStringLiteral("in%1").arg(++n));
+        write_bytes(QDir(call.source).filePath(QLatin1String(name)), content);
+        const bool licences = QLatin1String(name) == u"licences.txt";
+        run(licences ? QStringLiteral("rcptlic") : QStringLiteral("rcptclub"),
+            licences ? QStringLiteral("bimport_licence") : QStringLiteral("bImport_Club"), call);
+        EXPECT_TRUE(trace().contains(QString::fromUtf8(said))) << trace().toStdString();
+        EXPECT_TRUE(trace().contains(exchange::kImportCancelled)) << trace().toStdString();
+        EXPECT_EQ(rows(state), before) << said;
+    }
+
+    // No file at all, and no folder chosen.
     ExchangeCall call;
-    call.source = in;
-
-    write_bytes(QDir(in).filePath(QStringLiteral("licences.txt")),
-          "Licence\tNom\tPrenom\tDate_Naissance\n1\tA\ta\t20000101\n2\tB\tb\t20000101\n3\t\tc\t20000101\n");
-    run(QStringLiteral("rcptlic"), QStringLiteral("bimport_licence"), call);
-    EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : ligne 4 : le nom est obligatoire."))) << trace().toStdString();
-    EXPECT_TRUE(trace().contains(exchange::kImportCancelled));
-    EXPECT_EQ(count(licences), before_licences);
-
-    write_bytes(QDir(in).filePath(QStringLiteral("licences.txt")), "Licence\tNom\tPrenom\tDate_Naissance\n1\tA\ta\t20000101\n2\tB\n");
-    run(QStringLiteral("rcptlic"), QStringLiteral("bimport_licence"), call);
-    EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : ligne 3 : 2 champs au lieu de 4"))) << trace().toStdString();
-    EXPECT_EQ(count(licences), before_licences);
-
-    write_bytes(QDir(in).filePath(QStringLiteral("licences.txt")), "Licence\tPrenom\n1\ta\n");
-    run(QStringLiteral("rcptlic"), QStringLiteral("bimport_licence"), call);
-    EXPECT_TRUE(trace().contains(QStringLiteral("colonne absente : Nom, Date_Naissance"))) << trace().toStdString();
-
-    write_bytes(QDir(in).filePath(QStringLiteral("clubs.txt")), "Code_federal\tIntitule\n0001\tUn\n0002\tDeux\n\tTrois\n");
-    run(QStringLiteral("rcptclub"), QStringLiteral("bImport_Club"), call);
-    EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : ligne 4 : le code fédéral et l'intitulé du club sont obligatoires.")))
-        << trace().toStdString();
-    EXPECT_EQ(count(clubs), before_clubs);
-
-    // Not UTF-8, and no file at all.
-    write_bytes(QDir(in).filePath(QStringLiteral("clubs.txt")), "Code_federal\tIntitule\n0001\tCr\xe9teil\n");
-    run(QStringLiteral("rcptclub"), QStringLiteral("bImport_Club"), call);
-    EXPECT_TRUE(trace().contains(QStringLiteral("n'est pas en UTF-8"))) << trace().toStdString();
     call.source = folder(QStringLiteral("empty"));
     run(QStringLiteral("rcptclub"), QStringLiteral("bImport_Club"), call);
     EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : fichier illisible"))) << trace().toStdString();
     call.source.clear();
     run(QStringLiteral("rcptlic"), QStringLiteral("bimport_licence"), call);
     EXPECT_TRUE(trace().contains(QStringLiteral("Erreur : aucun répertoire source choisi."))) << trace().toStdString();
-    EXPECT_EQ(count(clubs), before_clubs);
+    EXPECT_EQ(rows(state), before);
 }
 
 TEST_F(TabComponentsTest, AnExportWithoutACurrentClubWritesNothing)
