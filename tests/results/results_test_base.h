@@ -73,10 +73,7 @@ protected:
     void programme(const QString& compet, int code, int day, int ordre)
     {
         exec(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)")
-                 .arg(compet)
-                 .arg(code)
-                 .arg(day)
-                 .arg(ordre));
+                 .arg(compet, QString::number(code), QString::number(day), QString::number(ordre)));
     }
 
     void lay_meet()

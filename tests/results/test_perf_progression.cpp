@@ -50,16 +50,10 @@ TEST_F(ProgressionTest, SeriesFromTheSwimsOfOneEvent)
                                                 "2024-12-01 50 1:08.99 68.99", "2025-01-10 25 1:08.20 68.2"}));
 }
 
-TEST(ProgressionAxis, SecondsReadAsSwimTimes)
+TEST(ProgressionAxis, MarksAreRoundTimesAroundTheSwimsReadAsSwimTimes)
 {
-    EXPECT_EQ(texte_secondes(68.2), QStringLiteral("1:08.20"));
-    EXPECT_EQ(texte_secondes(32.5), QStringLiteral("32.50"));
     EXPECT_EQ(texte_secondes(59.999), QStringLiteral("1:00.00"));
     EXPECT_EQ(texte_secondes(secondes_temps(15.0512)), QStringLiteral("15:05.12"));
-}
-
-TEST(ProgressionAxis, MarksAreRoundTimesAroundTheSwims)
-{
     const auto labels = [](const std::vector<double>& marks) {
         QStringList out;
         for (double m : marks)
