@@ -113,9 +113,15 @@ INSTANTIATE_TEST_SUITE_P(RealFiles, ResultsImport,
 
 using ResultsDetail = ResultsBase;
 
-TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
+TEST_F(ResultsDetail, SwimsKeepTheirDetailsAndSwimmersOfTheBaseAreFoundNotAddedAgain)
 {
     SKIP_WITHOUT_LENEX_FILES();
+    // Two swimmers of the file already in the base: by licence, and by name and
+    // birth date ("Günter Schmah" without licence, accents and case apart).
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
     const int num = add_competition(25);
     const QString file = lenex_file(QStringLiteral("example-results.lef"));
     import_results(file, num, true);
@@ -134,17 +140,7 @@ TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
     const LenexCounts counts = count_lenex(file, [](int, int) { return false; });
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")), counts.by_status.value("DNS"));
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")), counts.by_status.value("WDR"));
-}
 
-TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndNotAddedAgain)
-{
-    SKIP_WITHOUT_LENEX_FILES();
-    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
-                               "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
-    // "Günter Schmah" without licence, accents and case apart.
-    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
-                               "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
-    import_results(lenex_file(QStringLiteral("example-results.lef")), add_competition(25));
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Licence = '19251'")), 1);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Nom = 'Schmah'")), 1);
     EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Prres p JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Nom = 'SCHMAH'")), 0);
