@@ -45,26 +45,10 @@ QByteArray lenex_bytes(const QString& path)
 LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>& split_fits)
 {
     const QByteArray bytes = lenex_bytes(path);
-    // First pass: the events and their whole distance; second: the results.
+    // A meet's events, with their whole distance, come before its results.
     QMap<QString, int> distance, leg;
     QSet<QString> unknown;
-    {
-        QXmlStreamReader xml(bytes);
-        QString event;
-        while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement)
-                continue;
-            if (xml.name() == u"EVENT")
-                event = xml.attributes().value(QLatin1String("eventid")).toString();
-            if (xml.name() == u"SWIMSTYLE") {
-                const auto a = xml.attributes();
-                leg[event] = a.value(QLatin1String("distance")).toInt();
-                distance[event] = leg[event] * std::max(1, a.value(QLatin1String("relaycount")).toInt());
-                if (a.value(QLatin1String("stroke")) == u"UNKNOWN")
-                    unknown.insert(event);
-            }
-        }
-    }
+    QString event;
     LenexCounts n;
     QXmlStreamReader xml(bytes);
     QStringList stack;
@@ -86,6 +70,14 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
             continue;
         const QString name = xml.name().toString();
         const auto a = xml.attributes();
+        if (name == QLatin1String("EVENT"))
+            event = a.value(QLatin1String("eventid")).toString();
+        if (name == QLatin1String("SWIMSTYLE")) {
+            leg[event] = a.value(QLatin1String("distance")).toInt();
+            distance[event] = leg[event] * std::max(1, a.value(QLatin1String("relaycount")).toInt());
+            if (a.value(QLatin1String("stroke")) == u"UNKNOWN")
+                unknown.insert(event);
+        }
         if (name == QLatin1String("RESULT") && stack.size() >= 2) {
             const QString owner = stack[stack.size() - 2];
             const QString eventid = a.value(QLatin1String("eventid")).toString();
@@ -167,16 +159,6 @@ int LenexBase::add_competition(int length)
                                "VALUES ('1', 'C', 'Essai', '20250301', '20250302', 'Brest', %1, true)")
                     .arg(length));
     return db.count_query(QStringLiteral("SELECT max(AutoNum) FROM Rcomp"));
-}
-
-int LenexBase::count(const QString& sql)
-{
-    return db.count_query(sql);
-}
-
-QStringList LenexBase::rows(const QString& sql)
-{
-    return row_texts(db.load_rows(sql), u'|');
 }
 
 }  // namespace plouvarine::testing

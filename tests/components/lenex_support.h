@@ -68,8 +68,8 @@ protected:
     QString trace() const { return trace_; }
     // A competition with the pool `length` (0: not known yet); its AutoNum.
     int add_competition(int length);
-    int count(const QString& sql);
-    QStringList rows(const QString& sql);
+    int count(const QString& sql) { return db.count_query(sql); }
+    QStringList rows(const QString& sql) { return row_texts(db.load_rows(sql), u'|'); }
 
     QTemporaryDir dir_;
     QString base_;
