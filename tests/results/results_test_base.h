@@ -37,6 +37,11 @@ protected:
         meet = competition(QStringLiteral("Meeting de Brest"), QStringLiteral("20250405"), true);
         lay_meet();
     }
+    void TearDown() override
+    {
+        view.reset();  // before the base it reads closes
+        AppFixture::TearDown();
+    }
 
     QString competition(const QString& nom, const QString& debut, bool deroule, bool visible = true)
     {

@@ -32,11 +32,6 @@ protected:
         install_template_component();
         show({0, 0, 0, true, true, true});
     }
-    void TearDown() override
-    {
-        view.reset();
-        ResultsBase::TearDown();
-    }
     bool export_to(const QString& path)
     {
         ui.files.push_back(path);

@@ -12,14 +12,7 @@ using plouvarine::testing::expect_golden;
 
 namespace {
 
-class ResultsView : public plouvarine::testing::ResultsBase {
-protected:
-    void TearDown() override
-    {
-        view.reset();
-        ResultsBase::TearDown();
-    }
-};
+using ResultsView = plouvarine::testing::ResultsBase;
 
 TEST(ResultTexts, StatusesTitlesAndSplitHeadings)
 {
