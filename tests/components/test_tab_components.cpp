@@ -38,9 +38,9 @@ const QString kClubRows =
 
 TEST_F(TabComponentsTest, ClubsExportedComeBackTheSameAndAKnownClubChangesOnlyWhenForced)
 {
-    insert(QStringLiteral("Club"), {{"Code_federal", "0123"}, {"Intitule", "Cercle des Nageurs d'Étel"}, {"Selection", false},
-                                    {"Adresse", "1 rue du Port\tQuai"}, {"Code_Postal", "56410"}, {"Ville", "Étel"},
-                                    {"Mail", "cn@etel.fr"}});
+    insert(QStringLiteral("Club"), {{"Code_federal", "0123"}, {"Intitule", "Cercle des Nageurs d'Étel"},
+                                    {"Selection", false}, {"Adresse", "1 rue du Port\tQuai"}, {"Code_Postal", "56410"},
+                                    {"Ville", "Étel"}, {"Mail", "cn@etel.fr"}});
     insert(QStringLiteral("Club"), {{"Code_federal", "0456"}, {"Intitule", "Sélection Bretagne"}, {"Selection", true}});
     insert(QStringLiteral("Club"), {{"Code_federal", "0789"}, {"Intitule", "Club caché"}, {"Visible", false}});
     const QString out = folder(QStringLiteral("out"));
@@ -55,13 +55,15 @@ TEST_F(TabComponentsTest, ClubsExportedComeBackTheSameAndAKnownClubChangesOnlyWh
     {
         Database other;
         other.open(b);
-        other.append_row(QStringLiteral("Club"), {{"Code_federal", "0456"}, {"Intitule", "Ancien nom"}}, QStringLiteral("Num"));
+        other.append_row(QStringLiteral("Club"), {{"Code_federal", "0456"}, {"Intitule", "Ancien nom"}},
+                         QStringLiteral("Num"));
     }
     call = {};
     call.base = b;
     call.source = out;
     EXPECT_FALSE(run(QStringLiteral("rcptclub"), QStringLiteral("bImport_Club"), call));
-    EXPECT_TRUE(trace().contains(QStringLiteral("1 club(s) ajouté(s), 0 mis à jour, 1 déjà présent(s)"))) << trace().toStdString();
+    EXPECT_TRUE(trace().contains(QStringLiteral("1 club(s) ajouté(s), 0 mis à jour, 1 déjà présent(s)")))
+        << trace().toStdString();
     // The tab inside the address could not travel: it became a blank.
     QStringList expected = rows(kClubRows);
     expected[0].replace(QLatin1Char('\t'), QLatin1Char(' '));
@@ -88,7 +90,8 @@ TEST_F(TabComponentsTest, LicencesOfTheClubAndItsSelectionComeBackTheSame)
                                        {"Sexe", "M"}, {"Date_Naissance", "20090101"}});
     insert(QStringLiteral("Licence"), {{"Licence", "333"}, {"Code_club", "0999"}, {"Nom", "Autre"}, {"Prenom", "Club"}});
     insert(QStringLiteral("Licence"), {{"Licence", "444"}, {"Code_club", "0123"}, {"Nom", "Parti"}, {"Visible", false}});
-    db.exec_sql(QStringLiteral("insert into Selection (Code_Sel, Num_Lic) select '0123', Num from Licence where Licence = '222'"));
+    db.exec_sql(QStringLiteral("insert into Selection (Code_Sel, Num_Lic) "
+                               "select '0123', Num from Licence where Licence = '222'"));
     const QString out = folder(QStringLiteral("out"));
     ExchangeCall call;
     call.tmp_dir = out;
