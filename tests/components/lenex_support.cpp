@@ -28,6 +28,20 @@ ExchangeComponent* load_component(const QString& name)
     return component;
 }
 
+QByteArray small_lenex(const QString& date, const QString& swimtime, const QString& course, const QString& stroke)
+{
+    return QStringLiteral(
+               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" "
+               "city=\"Quimper\" course=\"%1\"><SESSIONS><SESSION number=\"1\" date=\"%2\"><EVENTS><EVENT "
+               "eventid=\"1\" number=\"1\" gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" "
+               "stroke=\"%3\"/></EVENT></EVENTS></SESSION></SESSIONS><CLUBS><CLUB code=\"0929001\" name=\"Brest\">"
+               "<ATHLETES><ATHLETE athleteid=\"1\" lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" "
+               "birthdate=\"2010-05-04\" license=\"123456A\"><RESULTS><RESULT resultid=\"1\" eventid=\"1\" "
+               "swimtime=\"%4\" lane=\"3\"/></RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS></MEET></MEETS></LENEX>")
+        .arg(course, date, stroke, swimtime)
+        .toUtf8();
+}
+
 QByteArray lenex_bytes(const QString& path)
 {
     QString lef = path;

@@ -49,6 +49,10 @@ struct LenexCounts {
     int first_legs = 0;                // timed relays with a split at the end of the first leg
     QMap<QString, int> by_status;
 };
+// A small results file: one club, one swimmer, one 100 m event swum on `date`.
+QByteArray small_lenex(const QString& date, const QString& swimtime, const QString& course = QStringLiteral("SCM"),
+                       const QString& stroke = QStringLiteral("FREE"));
+
 // `split_fits(total distance, split distance)` tells which splits the base can hold.
 // The XML of a .lef, or of the .lef an .lxf holds.
 QByteArray lenex_bytes(const QString& path);

@@ -149,21 +149,6 @@ TEST_F(ResultsDetail, SwimsKeepTheirDetailsAndSwimmersOfTheBaseAreFoundNotAddedA
     EXPECT_TRUE(trace().contains(QStringLiteral("Club ajouté : WAED Schwimmverein Wädenswil")));
 }
 
-// A small results file: one club, one swimmer, one event.
-QByteArray small_file(const QString& course, const QString& stroke, const QString& swimtime)
-{
-    return QStringLiteral(
-               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" city=\"C\" "
-               "course=\"%1\"><SESSIONS><SESSION number=\"1\" date=\"2025-03-01\"><EVENTS><EVENT eventid=\"1\" "
-               "number=\"1\" gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"%2\"/>"
-               "</EVENT></EVENTS></SESSION></SESSIONS><CLUBS><CLUB code=\"C1\" name=\"Club Un\"><ATHLETES><ATHLETE "
-               "athleteid=\"1\" lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" birthdate=\"2010-05-04\" "
-               "license=\"123456A\"><RESULTS><RESULT resultid=\"1\" eventid=\"1\" swimtime=\"%3\" lane=\"3\"/>"
-               "</RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS></MEET></MEETS></LENEX>")
-        .arg(course, stroke, swimtime)
-        .toUtf8();
-}
-
 TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
 {
     SKIP_WITHOUT_LENEX_FILES();
@@ -176,18 +161,16 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     write_bytes(src.filePath(QStringLiteral("b_tronque.lef")), full.left(full.size() * 2 / 3).toUtf8());
     write_bytes(src.filePath(QStringLiteral("lisez.txt")), "rien");
     zip_file(src.filePath(QStringLiteral("c_vide.lxf")), src.filePath(QStringLiteral("lisez.txt")));
-    write_bytes(src.filePath(QStringLiteral("evil.lef")), small_file(QStringLiteral("SCM"), QStringLiteral("FREE"),
-                                                                     QStringLiteral("00:01:05.00")));
+    const QString day = QStringLiteral("2025-03-01");
+    const QString swum = QStringLiteral("00:01:05.00");
+    write_bytes(src.filePath(QStringLiteral("evil.lef")), small_lenex(day, swum));
     zip_file(src.filePath(QStringLiteral("d_evasion.lxf")), src.filePath(QStringLiteral("evil.lef")),
              QStringLiteral("../evil.lef"));
     QFile::remove(src.filePath(QStringLiteral("evil.lef")));
     // Declared UTF-8, written in Latin-1.
-    write_bytes(src.filePath(QStringLiteral("f_codage.lef")),
-                small_file(QStringLiteral("SCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00"))
-                    .replace("Le Goff", "L\xe9 Goff"));
+    write_bytes(src.filePath(QStringLiteral("f_codage.lef")), small_lenex(day, swum).replace("Le Goff", "L\xe9 Goff"));
     // Another course.
-    write_bytes(src.filePath(QStringLiteral("e_bassin.lef")),
-                small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
+    write_bytes(src.filePath(QStringLiteral("e_bassin.lef")), small_lenex(day, swum, QStringLiteral("LCM")));
     const QString counts = QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
                                           "(SELECT count(*) FROM Categori) FROM Prres");
     const QStringList before = rows(counts);
@@ -234,12 +217,13 @@ TEST_F(ResultsDetail, UnknownStrokeIsSkippedAndATimeNtIsKeptWithoutTime)
     const int num = add_competition(25);
     QTemporaryDir src;
     const QString odd = src.filePath(QStringLiteral("odd.lef"));
-    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("UNKNOWN"), QStringLiteral("00:01:05.00")));
+    const QString day = QStringLiteral("2025-03-01");
+    write_bytes(odd, small_lenex(day, QStringLiteral("00:01:05.00"), QStringLiteral("SCM"), QStringLiteral("UNKNOWN")));
     import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Épreuve n° 1 inconnue (100 m UNKNOWN"))) << trace().toStdString();
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres")), 0);
 
-    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("BACK"), QStringLiteral("NT")));
+    write_bytes(odd, small_lenex(day, QStringLiteral("NT"), QStringLiteral("SCM"), QStringLiteral("BACK")));
     import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Temps « NT » sans statut pour Le Goff Anne"))) << trace().toStdString();
     EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Tps, Numero_couloir FROM Prres")), QStringList{QStringLiteral("12|0|3")});
