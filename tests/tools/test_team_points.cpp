@@ -120,7 +120,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2210290017', 'Brest Natation')"));
     ASSERT_TRUE(AjouteProfil(*app, app->state.club_code, QStringLiteral("Bassin")));
     app->db.exec_sql(QStringLiteral("UPDATE Profil SET LastUse = true"));
-    app->state.profile_num = app->db.load_rows(QStringLiteral("SELECT Num FROM Profil")).first();
+    app->state.profile_num = value(QStringLiteral("SELECT Num FROM Profil"));
     FrmMonitorDef* def = OuvrirMonitorDef(*app);
     ASSERT_NE(def, nullptr);
     // Without the component there is nothing to fetch.
@@ -130,8 +130,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     def->txtParam = {QStringLiteral("120"), QStringLiteral("45"), QStringLiteral("0")};
     EXPECT_FALSE(def->appliquer());
     EXPECT_EQ(ui.texts().last(), FrmMonitorDef::kIntervalNul);
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT lgIntervalSuivi FROM Profil")).first(),
-              QStringLiteral("1000"));
+    EXPECT_EQ(value(QStringLiteral("SELECT lgIntervalSuivi FROM Profil")), QStringLiteral("1000"));
 
     def->txtParam[2] = QStringLiteral("2500");
     def->chkAlwaysVisible = true;
@@ -155,8 +154,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     // "Toujours visible" from the menu switches and keeps it.
     BasculeSuiviVisible(*app);
     EXPECT_FALSE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT bAlwaysVisibleSuivi FROM Profil")).first(),
-              QStringLiteral("Faux"));
+    EXPECT_EQ(value(QStringLiteral("SELECT bAlwaysVisibleSuivi FROM Profil")), QStringLiteral("Faux"));
 
     // The monitor's menu works with no base open: the settings hold for the
     // session, with no error.
