@@ -28,6 +28,20 @@ ExchangeComponent* load_component(const QString& name)
     return component;
 }
 
+QByteArray small_lenex(const QString& date, const QString& swimtime, const QString& course, const QString& stroke)
+{
+    return QStringLiteral(
+               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" "
+               "city=\"Quimper\" course=\"%1\"><SESSIONS><SESSION number=\"1\" date=\"%2\"><EVENTS><EVENT "
+               "eventid=\"1\" number=\"1\" gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" "
+               "stroke=\"%3\"/></EVENT></EVENTS></SESSION></SESSIONS><CLUBS><CLUB code=\"0929001\" name=\"Brest\">"
+               "<ATHLETES><ATHLETE athleteid=\"1\" lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" "
+               "birthdate=\"2010-05-04\" license=\"123456A\"><RESULTS><RESULT resultid=\"1\" eventid=\"1\" "
+               "swimtime=\"%4\" lane=\"3\"/></RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS></MEET></MEETS></LENEX>")
+        .arg(course, date, stroke, swimtime)
+        .toUtf8();
+}
+
 QByteArray lenex_bytes(const QString& path)
 {
     QString lef = path;
@@ -45,26 +59,10 @@ QByteArray lenex_bytes(const QString& path)
 LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>& split_fits)
 {
     const QByteArray bytes = lenex_bytes(path);
-    // First pass: the events and their whole distance; second: the results.
+    // A meet's events, with their whole distance, come before its results.
     QMap<QString, int> distance, leg;
     QSet<QString> unknown;
-    {
-        QXmlStreamReader xml(bytes);
-        QString event;
-        while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement)
-                continue;
-            if (xml.name() == u"EVENT")
-                event = xml.attributes().value(QLatin1String("eventid")).toString();
-            if (xml.name() == u"SWIMSTYLE") {
-                const auto a = xml.attributes();
-                leg[event] = a.value(QLatin1String("distance")).toInt();
-                distance[event] = leg[event] * std::max(1, a.value(QLatin1String("relaycount")).toInt());
-                if (a.value(QLatin1String("stroke")) == u"UNKNOWN")
-                    unknown.insert(event);
-            }
-        }
-    }
+    QString event;
     LenexCounts n;
     QXmlStreamReader xml(bytes);
     QStringList stack;
@@ -86,6 +84,14 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
             continue;
         const QString name = xml.name().toString();
         const auto a = xml.attributes();
+        if (name == QLatin1String("EVENT"))
+            event = a.value(QLatin1String("eventid")).toString();
+        if (name == QLatin1String("SWIMSTYLE")) {
+            leg[event] = a.value(QLatin1String("distance")).toInt();
+            distance[event] = leg[event] * std::max(1, a.value(QLatin1String("relaycount")).toInt());
+            if (a.value(QLatin1String("stroke")) == u"UNKNOWN")
+                unknown.insert(event);
+        }
         if (name == QLatin1String("RESULT") && stack.size() >= 2) {
             const QString owner = stack[stack.size() - 2];
             const QString eventid = a.value(QLatin1String("eventid")).toString();
@@ -123,10 +129,16 @@ LenexCounts count_lenex(const QString& path, const std::function<bool(int, int)>
 void LenexBase::SetUp()
 {
     ASSERT_TRUE(dir_.isValid());
-    base_ = dir_.filePath(QStringLiteral("club.mdb"));
-    ASSERT_TRUE(QFile::copy(model_file(), base_));
-    QFile::setPermissions(base_, QFile::permissions(base_) | QFileDevice::WriteOwner);
+    base_ = copy_model(QStringLiteral("club.mdb"));
     db.open(base_);
+}
+
+QString LenexBase::copy_model(const QString& name)
+{
+    const QString copy = dir_.filePath(name);
+    EXPECT_TRUE(QFile::copy(model_file(), copy));
+    QFile::setPermissions(copy, QFile::permissions(copy) | QFileDevice::WriteOwner);
+    return copy;
 }
 
 bool LenexBase::run(const QString& component, const QString& method, ExchangeCall call)
@@ -134,7 +146,9 @@ bool LenexBase::run(const QString& component, const QString& method, ExchangeCal
     ExchangeComponent* c = load_component(component);
     if (!c)
         return false;
-    call.base = base_;
+    const bool own = call.base.isEmpty();
+    if (own)
+        call.base = base_;
     const QString trace_file = dir_.filePath(QStringLiteral("trace.txt"));
     QFile::remove(trace_file);
     call.trace_file = trace_file;
@@ -143,10 +157,11 @@ bool LenexBase::run(const QString& component, const QString& method, ExchangeCal
         QDir(call.tmp_dir).removeRecursively();
         QDir().mkpath(call.tmp_dir);
     }
-    db.close();
-    QuietProgress progress;
+    if (own)
+        db.close();
     const bool result = c->run(method, call, progress);
-    db.open(base_);
+    if (own)
+        db.open(base_);
     QFile f(trace_file);
     trace_ = f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
     return result;
@@ -158,16 +173,6 @@ int LenexBase::add_competition(int length)
                                "VALUES ('1', 'C', 'Essai', '20250301', '20250302', 'Brest', %1, true)")
                     .arg(length));
     return db.count_query(QStringLiteral("SELECT max(AutoNum) FROM Rcomp"));
-}
-
-int LenexBase::count(const QString& sql)
-{
-    return db.count_query(sql);
-}
-
-QStringList LenexBase::rows(const QString& sql)
-{
-    return row_texts(db.load_rows(sql), u'|');
 }
 
 }  // namespace plouvarine::testing

@@ -1,7 +1,7 @@
 #pragma once
-// What the Lenex component tests share: the real plugins loaded from the
-// application folder, a base made from the model base, a progress that shows
-// nothing, and an independent count of what a Lenex file holds.
+// What the exchange component tests share: the real plugins loaded from the
+// application folder, bases made from the model base, a progress that records
+// what it is told, and an independent count of what a Lenex file holds.
 
 #include "src/frame/exchange_component.h"
 #include "src/store/database.h"
@@ -22,13 +22,15 @@
 
 namespace plouvarine::testing {
 
-class QuietProgress : public OperationProgress {
+class RecordedProgress : public OperationProgress {
 public:
     void set_message(int, const QString&) override {}
-    void set_club(const QString&) override {}
+    void set_club(const QString& text) override { clubs << text; }
     void set_swimmer(const QString&) override {}
-    void set_progress(int, int) override {}
+    void set_progress(int value, int maximum) override { last = {value, maximum}; }
     void append_report(const QString&) override {}
+    QStringList clubs;
+    std::pair<int, int> last{-1, -1};
 };
 
 // The real Lenex file `name` of the shared fixtures.
@@ -47,6 +49,10 @@ struct LenexCounts {
     int first_legs = 0;                // timed relays with a split at the end of the first leg
     QMap<QString, int> by_status;
 };
+// A small results file: one club, one swimmer, one 100 m event swum on `date`.
+QByteArray small_lenex(const QString& date, const QString& swimtime, const QString& course = QStringLiteral("SCM"),
+                       const QString& stroke = QStringLiteral("FREE"));
+
 // `split_fits(total distance, split distance)` tells which splits the base can hold.
 // The XML of a .lef, or of the .lef an .lxf holds.
 QByteArray lenex_bytes(const QString& path);
@@ -58,19 +64,22 @@ class LenexBase : public ::testing::Test {
 protected:
     void SetUp() override;
     QString path(const QString& name) const { return dir_.filePath(name); }
-    // Runs a component's method on the base (closed for the call); gives its
-    // result. The trace of the call is then in trace().
+    // Another copy of the model base in the folder; its path.
+    QString copy_model(const QString& name);
+    // Runs a component's method on call.base, by default the open base (closed
+    // for the call); gives its result. The trace of the call is then in trace().
     bool run(const QString& component, const QString& method, ExchangeCall call);
     QString trace() const { return trace_; }
     // A competition with the pool `length` (0: not known yet); its AutoNum.
     int add_competition(int length);
-    int count(const QString& sql);
-    QStringList rows(const QString& sql);
+    int count(const QString& sql) { return db.count_query(sql); }
+    QStringList rows(const QString& sql) { return row_texts(db.load_rows(sql), u'|'); }
 
     QTemporaryDir dir_;
     QString base_;
     Database db;
     QString trace_;
+    RecordedProgress progress;
 };
 
 }  // namespace plouvarine::testing

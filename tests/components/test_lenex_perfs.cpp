@@ -28,6 +28,12 @@ protected:
         db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) VALUES ")
                     + values.join(u','));
     }
+    void import_perfs(const QString& source)
+    {
+        ExchangeCall call;
+        call.source = source;
+        run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    }
     int total()
     {
         return count(QStringLiteral("SELECT (SELECT count(*) FROM Liffn) + (SELECT count(*) FROM Liffn_relais)"));
@@ -42,9 +48,7 @@ TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdde
     const QString file = lenex_file(QString::fromLatin1(GetParam()));
     const LenexCounts expected = count_lenex(file, [](int, int) { return false; });
     // A base without the file's swimmers takes nothing and says who is missing.
-    ExchangeCall call;
-    call.source = file;
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(file);
     EXPECT_EQ(total(), 0);
     EXPECT_TRUE(trace().contains(QStringLiteral("Nageur absent de la base : "))) << trace().left(400).toStdString();
 
@@ -53,7 +57,7 @@ TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdde
     }
     seed_athletes(file);
     const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(file);
     EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Passage_relais = ' '")), expected.timed_swims);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Passage_relais = 'R'")), expected.first_legs);
@@ -65,7 +69,7 @@ TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdde
               0);
 
     const int before = total();
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(file);
     EXPECT_EQ(total(), before);
     EXPECT_TRUE(trace().contains(QStringLiteral("%1 déjà présente(s)").arg(before))) << trace().toStdString();
 }
@@ -78,9 +82,7 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     SKIP_WITHOUT_LENEX_FILES();
     const QString file = lenex_file(QStringLiteral("38468.lxf"));
     seed_athletes(file);
-    ExchangeCall call;
-    call.source = file;
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(file);
     // Liffn without Tps_inter, which the exported file does not carry.
     const QString swims = QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
                                          "Passage_relais, Age_perf, Num_compet FROM Liffn ORDER BY 1, 2, 3, 4, 5, 6, 8");
@@ -96,8 +98,7 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), exported));
     db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
     db.exec_sql(QStringLiteral("DELETE FROM Liffn_relais"));
-    call.source = exported;
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(exported);
     EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
     EXPECT_EQ(rows(swims), swims_before);
     EXPECT_EQ(rows(relays), relays_before);
@@ -113,16 +114,14 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
     db.exec_sql(QStringLiteral("DELETE FROM Liffn_relais"));
     // (each run empties the work folder: the file is kept apart first)
-    call.source = path(QStringLiteral("club.lef"));
-    ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), call.source));
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), path(QStringLiteral("club.lef"))));
+    import_perfs(path(QStringLiteral("club.lef")));
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn_relais WHERE Code_club <> '%1'").arg(club)), 0);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Code_club <> '%1'").arg(club)), 0);
     QStringList club_relays;
-    for (const QString& r : relays_both) {
+    for (const QString& r : relays_both)
         if (r.section(u'|', 1, 1) == club)
             club_relays.append(r);
-    }
     EXPECT_EQ(rows(relays), club_relays);
 
     // No performance of a club that has none: no file, and the trace says so.
@@ -131,37 +130,23 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     EXPECT_TRUE(trace().contains(QStringLiteral("Aucune performance à exporter.")));
 }
 
-}  // namespace
-}  // namespace plouvarine::testing
-
-namespace plouvarine::testing {
-namespace {
 
 TEST_F(Performances, AFolderOfAThousandFilesWithABadOneTakesEveryGoodFile)
 {
     db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
                                "VALUES ('0929001', '123456A', 'Le Goff', 'Anne', 'F', '20100504', true)"));
     QTemporaryDir folder;
-    const QString xml = QStringLiteral(
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" city=\"Quimper\" "
-        "course=\"SCM\"><SESSIONS><SESSION number=\"1\" date=\"%1\"><EVENTS><EVENT eventid=\"1\" number=\"1\" "
-        "gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"FREE\"/></EVENT></EVENTS>"
-        "</SESSION></SESSIONS><CLUBS><CLUB code=\"0929001\" name=\"Brest\"><ATHLETES><ATHLETE athleteid=\"1\" "
-        "lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" birthdate=\"2010-05-04\" license=\"123456A\"><RESULTS>"
-        "<RESULT resultid=\"1\" eventid=\"1\" swimtime=\"00:01:%2.00\"/></RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS>"
-        "</MEET></MEETS></LENEX>");
     const QDate first(2020, 1, 1);
     for (int i = 0; i < 1000; ++i) {
-        QByteArray bytes = xml.arg(first.addDays(i).toString(Qt::ISODate)).arg(i % 60, 2, 10, QChar(u'0')).toUtf8();
+        QByteArray bytes = small_lenex(first.addDays(i).toString(Qt::ISODate),
+                                       QStringLiteral("00:01:%1.00").arg(i % 60, 2, 10, QChar(u'0')));
         if (i == 500)
             bytes.chop(200);  // cut in the middle of the club
         if (i == 700)
             bytes.replace(QByteArray("swimtime=\"00:01:40.00\""), QByteArray("swimtime=\"NT\""));
         write_bytes(folder.filePath(QStringLiteral("r%1.lef").arg(i, 4, 10, QChar(u'0'))), bytes);
     }
-    ExchangeCall call;
-    call.source = folder.path();
-    run(QStringLiteral("rcpperf"), QStringLiteral("bimport_perf"), call);
+    import_perfs(folder.path());
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn")), 998);
     EXPECT_TRUE(trace().contains(QStringLiteral("r0700.lef : 0 performance(s) individuelle(s), 0 premier(s) relayeur(s), "
                                                 "0 relais ajouté(s) ; 0 déjà présente(s) ; 0 nageur(s) absent(s) de la "

@@ -26,7 +26,22 @@ struct RealFile {
     int length;
 };
 
-class ResultsImport : public LenexBase, public ::testing::WithParamInterface<RealFile> {};
+class ResultsBase : public LenexBase {
+protected:
+    // Imports `source` into the competition `num`; gives the call to run again.
+    ExchangeCall import_results(const QString& source, int num, bool new_compet = false)
+    {
+        ExchangeCall call;
+        call.source = source;
+        call.num_compet = QString::number(num);
+        call.new_compet = new_compet;
+        last_result = run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+        return call;
+    }
+    bool last_result = false;
+};
+
+class ResultsImport : public ResultsBase, public ::testing::WithParamInterface<RealFile> {};
 
 TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatusesAndSplits)
 {
@@ -36,37 +51,33 @@ TEST_P(ResultsImport, EverySwimOfTheFileReachesTheCompetitionOnceWithItsStatuses
     ASSERT_GT(expected.swims, 0);
     const int licences = count(QStringLiteral("SELECT count(*) FROM Licence"));
     const int num = add_competition(GetParam().length);
-    ExchangeCall call;
-    call.source = file;
-    call.num_compet = QString::number(num);
-    EXPECT_FALSE(run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call));
+    ExchangeCall call = import_results(file, num);
+    EXPECT_FALSE(last_result);
     EXPECT_FALSE(trace().contains(QStringLiteral("Erreur"))) << trace().toStdString();
 
+    // Swims, relays, statuses, splits.
     const QString where = QStringLiteral(" WHERE Num_compet = %1").arg(num);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres") + where), expected.swims);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres_relais") + where), expected.relays);
-    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT count(*) FROM Prres%1 AND Tps >= 91) + "
-                                   "(SELECT count(*) FROM Prres_relais%1 AND Tps >= 91)").arg(where)),
-              expected.statuses);
     QStringList inter;
     for (int i = 1; i <= 14; ++i)
         inter.append(QStringLiteral("(Inter%1 > 0)").arg(i));
-    EXPECT_EQ(count(QStringLiteral("SELECT (SELECT coalesce(sum(%1), 0) FROM Prres%2) + "
-                                   "(SELECT coalesce(sum(%1), 0) FROM Prres_relais%2)")
-                        .arg(inter.join(u'+'), where)),
-              expected.splits);
-    // Every swimmer of a swim is a licence of the base now, in a club of the base.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Licence l ON l.Num = p.Num_Lic") + where
-                    + QStringLiteral(" AND l.Num IS NULL")),
-              0);
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p LEFT JOIN Club c ON c.Code_federal = p.Code_club")
-                    + where + QStringLiteral(" AND c.Num IS NULL")),
-              0);
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres%2), (SELECT count(*) FROM Prres_relais%2), "
+                                  "(SELECT count(*) FROM Prres%2 AND Tps >= 91) + "
+                                  "(SELECT count(*) FROM Prres_relais%2 AND Tps >= 91), "
+                                  "(SELECT coalesce(sum(%1), 0) FROM Prres%2) + "
+                                  "(SELECT coalesce(sum(%1), 0) FROM Prres_relais%2)")
+                       .arg(inter.join(u'+'), where)),
+              QStringList{QString::asprintf("%d|%d|%d|%d", expected.swims, expected.relays, expected.statuses,
+                                            expected.splits)});
+    // Every swimmer of a swim is a licence of the base now, in a club of the
+    // base, and each swim has a category of the competition.
+    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres p LEFT JOIN Licence l ON l.Num = p.Num_Lic%1 "
+                                  "AND l.Num IS NULL), (SELECT count(*) FROM Prres p LEFT JOIN Club c ON "
+                                  "c.Code_federal = p.Code_club%1 AND c.Num IS NULL), (SELECT count(*) FROM Prres p%1 "
+                                  "AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = "
+                                  "p.Num_compet))")
+                       .arg(where)),
+              QStringList{QStringLiteral("0|0|0")});
     EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Licence")), licences);
-    // Each swim has a category of the competition.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres p") + where
-                    + QStringLiteral(" AND p.Num_categorie NOT IN (SELECT Num_cat FROM Categori c WHERE c.Num_compet = p.Num_compet)")),
-              0);
 
     // The competition had no programme: it gets one line per event with results.
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Pcomp") + where + QStringLiteral(" AND JourCourse >= 1")),
@@ -100,17 +111,20 @@ INSTANTIATE_TEST_SUITE_P(RealFiles, ResultsImport,
                                            RealFile{"16032025_Erlangen_lenex3_results.lxf", 50},
                                            RealFile{"38468.lxf", 0}));
 
-using ResultsDetail = LenexBase;
+using ResultsDetail = ResultsBase;
 
-TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
+TEST_F(ResultsDetail, SwimsKeepTheirDetailsAndSwimmersOfTheBaseAreFoundNotAddedAgain)
 {
     SKIP_WITHOUT_LENEX_FILES();
+    // Two swimmers of the file already in the base: by licence, and by name and
+    // birth date ("Günter Schmah" without licence, accents and case apart).
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
     const int num = add_competition(25);
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    call.new_compet = true;
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    const QString file = lenex_file(QStringLiteral("example-results.lef"));
+    import_results(file, num, true);
     // The competition made for the results takes the meet's name and place.
     EXPECT_EQ(rows(QStringLiteral("SELECT Nom, Lieu, Debut, Longueur FROM Rcomp WHERE AutoNum = %1").arg(num)),
               QStringList{QStringLiteral("Schweizerische Masters Meisterschaften|Nottwil|20090926|25")});
@@ -123,46 +137,16 @@ TEST_F(ResultsDetail, OneRelayAndOneSwimKeepTheirTimesSplitsStatusesAndLanes)
                                   "JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Licence = '19251' AND p.Tps = 1.2318")),
               QStringList{QStringLiteral("1.2318|712|5|S")});
     // Each status of the file as its code.
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")),
-              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("DNS")));
-    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")),
-              count_lenex(call.source, [](int, int) { return false; }).by_status.value(QStringLiteral("WDR")));
-}
+    const LenexCounts counts = count_lenex(file, [](int, int) { return false; });
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 94")), counts.by_status.value("DNS"));
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres WHERE Tps = 92")), counts.by_status.value("WDR"));
 
-TEST_F(ResultsDetail, SwimmersOfTheBaseAreFoundByLicenceOrByNameAndBirthDateAndNotAddedAgain)
-{
-    SKIP_WITHOUT_LENEX_FILES();
-    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
-                               "VALUES ('X', '19251', 'Autre', 'Nom', 'M', '19540112', true)"));
-    // "Günter Schmah" without licence, accents and case apart.
-    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
-                               "VALUES ('X', '', 'SCHMAH', 'gunter', 'M', '19380101', true)"));
-    const int num = add_competition(25);
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Licence = '19251'")), 1);
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Licence WHERE Nom = 'Schmah'")), 1);
     EXPECT_GT(count(QStringLiteral("SELECT count(*) FROM Prres p JOIN Licence l ON l.Num = p.Num_Lic WHERE l.Nom = 'SCHMAH'")), 0);
     EXPECT_FALSE(trace().contains(QStringLiteral("Nageur ajouté : Schmah")));
     EXPECT_TRUE(trace().contains(QStringLiteral("Nageur ajouté : ")));
     EXPECT_TRUE(trace().contains(QStringLiteral("Club ajouté : WAED Schwimmverein Wädenswil")));
-}
-
-// A small results file: one club, one swimmer, one event.
-QByteArray small_file(const QString& course, const QString& stroke, const QString& swimtime)
-{
-    return QStringLiteral(
-               "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LENEX version=\"3.0\"><MEETS><MEET name=\"M\" city=\"C\" "
-               "course=\"%1\"><SESSIONS><SESSION number=\"1\" date=\"2025-03-01\"><EVENTS><EVENT eventid=\"1\" "
-               "number=\"1\" gender=\"F\" round=\"TIM\"><SWIMSTYLE distance=\"100\" relaycount=\"1\" stroke=\"%2\"/>"
-               "</EVENT></EVENTS></SESSION></SESSIONS><CLUBS><CLUB code=\"C1\" name=\"Club Un\"><ATHLETES><ATHLETE "
-               "athleteid=\"1\" lastname=\"Le Goff\" firstname=\"Anne\" gender=\"F\" birthdate=\"2010-05-04\" "
-               "license=\"123456A\"><RESULTS><RESULT resultid=\"1\" eventid=\"1\" swimtime=\"%3\" lane=\"3\"/>"
-               "</RESULTS></ATHLETE></ATHLETES></CLUB></CLUBS></MEET></MEETS></LENEX>")
-        .arg(course, stroke, swimtime)
-        .toUtf8();
 }
 
 TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
@@ -177,27 +161,21 @@ TEST_F(ResultsDetail, BadInputLeavesTheBaseAsItWasAndSaysWhyInTheTrace)
     write_bytes(src.filePath(QStringLiteral("b_tronque.lef")), full.left(full.size() * 2 / 3).toUtf8());
     write_bytes(src.filePath(QStringLiteral("lisez.txt")), "rien");
     zip_file(src.filePath(QStringLiteral("c_vide.lxf")), src.filePath(QStringLiteral("lisez.txt")));
-    write_bytes(src.filePath(QStringLiteral("evil.lef")), small_file(QStringLiteral("SCM"), QStringLiteral("FREE"),
-                                                                     QStringLiteral("00:01:05.00")));
+    const QString day = QStringLiteral("2025-03-01");
+    const QString swum = QStringLiteral("00:01:05.00");
+    write_bytes(src.filePath(QStringLiteral("evil.lef")), small_lenex(day, swum));
     zip_file(src.filePath(QStringLiteral("d_evasion.lxf")), src.filePath(QStringLiteral("evil.lef")),
              QStringLiteral("../evil.lef"));
     QFile::remove(src.filePath(QStringLiteral("evil.lef")));
     // Declared UTF-8, written in Latin-1.
-    write_bytes(src.filePath(QStringLiteral("f_codage.lef")),
-                small_file(QStringLiteral("SCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00"))
-                    .replace("Le Goff", "L\xe9 Goff"));
+    write_bytes(src.filePath(QStringLiteral("f_codage.lef")), small_lenex(day, swum).replace("Le Goff", "L\xe9 Goff"));
     // Another course.
-    write_bytes(src.filePath(QStringLiteral("e_bassin.lef")),
-                small_file(QStringLiteral("LCM"), QStringLiteral("FREE"), QStringLiteral("00:01:05.00")));
-    const QStringList before = rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), "
-                                                   "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori) FROM Prres"));
-    ExchangeCall call;
-    call.source = src.path();
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
-    EXPECT_EQ(rows(QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
-                                  "(SELECT count(*) FROM Categori) FROM Prres")),
-              before);
+    write_bytes(src.filePath(QStringLiteral("e_bassin.lef")), small_lenex(day, swum, QStringLiteral("LCM")));
+    const QString counts = QStringLiteral("SELECT count(*), (SELECT count(*) FROM Licence), (SELECT count(*) FROM Club), "
+                                          "(SELECT count(*) FROM Categori) FROM Prres");
+    const QStringList before = rows(counts);
+    import_results(src.path(), num);
+    EXPECT_EQ(rows(counts), before);
     const QStringList lines = trace().split(u'\n', Qt::SkipEmptyParts);
     auto has = [&](const QString& start, const QString& part) {
         for (const QString& l : lines) {
@@ -222,18 +200,13 @@ TEST_F(ResultsDetail, AFailureHalfWayLeavesTheBaseAsItWasAndNamesTheResult)
     // The engine refuses one swim deep in the file, after clubs and swimmers were added.
     db.exec_sql(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON Prres WHEN NEW.Tps = 1.2318 "
                                "BEGIN SELECT RAISE(ABORT, 'refusé'); END"));
-    const QString before = rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
-                                               "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
-                                               "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n');
-    ExchangeCall call;
-    call.source = lenex_file(QStringLiteral("example-results.lef"));
-    call.num_compet = QString::number(num);
-    call.new_compet = true;
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
-    EXPECT_EQ(rows(QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
-                                  "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
-                                  "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)").arg(num)).join(u'\n'),
-              before);
+    const QString state = QStringLiteral("SELECT (SELECT count(*) FROM Prres), (SELECT count(*) FROM Licence), "
+                                         "(SELECT count(*) FROM Club), (SELECT count(*) FROM Categori), "
+                                         "(SELECT Nom FROM Rcomp WHERE AutoNum = %1)")
+                              .arg(num);
+    const QStringList before = rows(state);
+    import_results(lenex_file(QStringLiteral("example-results.lef")), num, true);
+    EXPECT_EQ(rows(state), before);
     EXPECT_TRUE(trace().contains(QRegularExpression(QStringLiteral(
         "Erreur : example-results\\.lef : ligne \\d+, élément RESULT : refusé\\. Rien n'est importé de ce fichier\\."))))
         << trace().toStdString();
@@ -244,16 +217,14 @@ TEST_F(ResultsDetail, UnknownStrokeIsSkippedAndATimeNtIsKeptWithoutTime)
     const int num = add_competition(25);
     QTemporaryDir src;
     const QString odd = src.filePath(QStringLiteral("odd.lef"));
-    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("UNKNOWN"), QStringLiteral("00:01:05.00")));
-    ExchangeCall call;
-    call.source = odd;
-    call.num_compet = QString::number(num);
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    const QString day = QStringLiteral("2025-03-01");
+    write_bytes(odd, small_lenex(day, QStringLiteral("00:01:05.00"), QStringLiteral("SCM"), QStringLiteral("UNKNOWN")));
+    import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Épreuve n° 1 inconnue (100 m UNKNOWN"))) << trace().toStdString();
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Prres")), 0);
 
-    write_bytes(odd, small_file(QStringLiteral("SCM"), QStringLiteral("BACK"), QStringLiteral("NT")));
-    run(QStringLiteral("rcpres"), QStringLiteral("bimport_result"), call);
+    write_bytes(odd, small_lenex(day, QStringLiteral("NT"), QStringLiteral("SCM"), QStringLiteral("BACK")));
+    import_results(odd, num);
     EXPECT_TRUE(trace().contains(QStringLiteral("Temps « NT » sans statut pour Le Goff Anne"))) << trace().toStdString();
     EXPECT_EQ(rows(QStringLiteral("SELECT Code_epreuve, Tps, Numero_couloir FROM Prres")), QStringList{QStringLiteral("12|0|3")});
 }
@@ -273,25 +244,20 @@ TEST(LenexValues, TimesStatusesRacesAndSplitColumns)
     EXPECT_EQ(lenex::format_swimtime(0.2501), QStringLiteral("00:00:25.01"));
     EXPECT_EQ(lenex::format_swimtime(0), QStringLiteral("NT"));
 
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ")), 99.9999);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ"), true), 93);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("SICK")), 91);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("WDR")), 92);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DNS")), 94);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("DNF")), 95);
-    EXPECT_EQ(lenex::status_code(QStringLiteral("EXH")), 0);
+    const std::pair<const char*, double> statuses[] = {{"DSQ", 99.9999}, {"SICK", 91}, {"WDR", 92},
+                                                        {"DNS", 94},      {"DNF", 95},  {"EXH", 0}};
+    for (const auto& [status, code] : statuses)
+        EXPECT_EQ(lenex::status_code(QLatin1String(status)), code) << status;
+    EXPECT_EQ(lenex::status_code(QStringLiteral("DSQ"), true), 93) << "a relay's disqualification";
 
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("FIN")), QStringLiteral("F"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("SEM")), QStringLiteral("2"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("PRE")), QStringLiteral("S"));
-    EXPECT_EQ(lenex::race_kind(QStringLiteral("XYZ")), QStringLiteral("Inconnu"));
+    const std::pair<const char*, const char*> races[] = {{"FIN", "F"}, {"SEM", "2"}, {"PRE", "S"}, {"XYZ", "Inconnu"}};
+    for (const auto& [round, kind] : races)
+        EXPECT_EQ(lenex::race_kind(QLatin1String(round)), QLatin1String(kind)) << round;
 
-    EXPECT_EQ(lenex::split_column(400, 350), 1);
-    EXPECT_EQ(lenex::split_column(400, 50), 7);
-    EXPECT_EQ(lenex::split_column(400, 25), 0);
-    EXPECT_EQ(lenex::split_column(1500, 100), 14);
-    EXPECT_EQ(lenex::split_column(1500, 50), 0);
-    EXPECT_EQ(lenex::split_column(100, 100), 0);
+    // {total, split distance, column}: 0 is a split the base does not keep.
+    const int splits[][3] = {{400, 350, 1}, {400, 50, 7}, {400, 25, 0}, {1500, 100, 14}, {1500, 50, 0}, {100, 100, 0}};
+    for (const auto& [total, at, column] : splits)
+        EXPECT_EQ(lenex::split_column(total, at), column) << total << " " << at;
 }
 
 }  // namespace

@@ -1,18 +1,13 @@
 #pragma once
-// A connected copy of the model base holding one fixed meet with results, and
-// the window's view on it.
-//
-// "Meeting de Brest" (5-6 April 2025), two clubs, two categories:
-//  1. 50m n.l. Dames: series 1 (Benjamins) with a tie for first; series 2
-//     (Benjamins) opening on the very time that closed series 1 and two
-//     disqualifications; series 3 (Minimes) of one swimmer at 90.5999;
-//     Finale A (Benjamins) with a swim of no time, a Finale Jeune (Minimes)
-//     with a 91.0001; a barrage with no category.
-//  2. 400m n.l. Dames: one series (Minimes), lanes 2 and 5 taken, splits.
-//  3. 1500m n.l. Dames: one series in category 7 (no label), 14 splits and
-//     one swimmer with splits missing.
-//  4. 50m dos Dames: no result.
-//  5. 4x100m n.l. Dames: a relay final with splits and an abandon.
+// A connected copy of the model base holding one fixed meet with results (5-6
+// April 2025, two clubs, categories Benjamins and Minimes), and the window's view:
+//  1. 50m n.l. Dames: series 1 with a tie for first; series 2 opening on the time
+//     that closed series 1, two disqualifications; series 3 of one swimmer at
+//     90.5999; a Finale A with a swim of no time, a Finale Jeune with a 91.0001,
+//     a barrage with no category.
+//  2. 400m n.l. Dames: lanes 2 and 5 taken, splits.  3. 1500m n.l. Dames:
+//     category 7 (no label), 14 splits, one swimmer with splits missing.
+//  4. 50m dos Dames: no result.  5. 4x100m n.l. Dames: a relay final, an abandon.
 
 #include "src/base/sql_text.h"
 #include "src/frame/app_context.h"
@@ -42,6 +37,11 @@ protected:
         meet = competition(QStringLiteral("Meeting de Brest"), QStringLiteral("20250405"), true);
         lay_meet();
     }
+    void TearDown() override
+    {
+        view.reset();  // before the base it reads closes
+        AppFixture::TearDown();
+    }
 
     QString competition(const QString& nom, const QString& debut, bool deroule, bool visible = true)
     {
@@ -64,32 +64,21 @@ protected:
               const QString& tps, const QString& type, int serie, int lane, const QString& cat, int pts = 0,
               int equipe = 0, const QStringList& inters = {})
     {
-        QString columns = QStringLiteral("Num_compet, Code_epreuve, Num_Lic, Code_club, Num_equipe, Tps, Cotation_FFN, "
-                                         "Type_course, Numero_serie, Numero_couloir, Numero_ordre_couloir, Num_categorie");
-        QString values = QStringLiteral("%1, %2, %3, '%4', %5, %6, %7, '%8', %9, %10, 1, %11")
-                             .arg(compet)
-                             .arg(code)
-                             .arg(lic, QLatin1String(club))
-                             .arg(equipe)
-                             .arg(tps)
-                             .arg(pts)
-                             .arg(type)
-                             .arg(serie)
-                             .arg(lane)
-                             .arg(cat.isEmpty() ? QStringLiteral("NULL") : cat);
+        QStringList columns{"Num_compet", "Code_epreuve", "Num_Lic", "Code_club", "Num_equipe", "Tps", "Cotation_FFN",
+                            "Type_course", "Numero_serie", "Numero_couloir", "Numero_ordre_couloir", "Num_categorie"};
+        QStringList values{compet, QString::number(code), lic, quote_sql(QLatin1String(club)).text(),
+                           QString::number(equipe), tps, QString::number(pts), quote_sql(type).text(),
+                           QString::number(serie), QString::number(lane), "1", cat.isEmpty() ? "NULL" : cat};
         for (int i = 0; i < inters.size(); ++i) {
-            columns += QStringLiteral(", Inter%1").arg(i + 1);
-            values += QStringLiteral(", ") + inters.at(i);
+            columns << QStringLiteral("Inter%1").arg(i + 1);
+            values << inters.at(i);
         }
-        exec(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(table, columns, values));
+        exec(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(table, columns.join(u','), values.join(u',')));
     }
     void programme(const QString& compet, int code, int day, int ordre)
     {
         exec(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)")
-                 .arg(compet)
-                 .arg(code)
-                 .arg(day)
-                 .arg(ordre));
+                 .arg(compet, QString::number(code), QString::number(day), QString::number(ordre)));
     }
 
     void lay_meet()
@@ -102,22 +91,19 @@ protected:
         programme(meet, 6, 2, 3);
         programme(meet, 11, 2, 4);
         programme(meet, 8, 2, 5);
-        const QString martin = swimmer(QStringLiteral("Martin"), QStringLiteral("Léa"), QStringLiteral("20130307"));
-        const QString bernard = swimmer(QStringLiteral("Bernard"), QStringLiteral("Zoé"), QStringLiteral("20130512"),
-                                        QLatin1String(kOther), QStringLiteral("BEL"));
-        const QString petit = swimmer(QStringLiteral("Petit"), QStringLiteral("Inès"), QStringLiteral("20131101"));
-        const QString durand = swimmer(QStringLiteral("Durand"), QStringLiteral("Emma"), QStringLiteral("20130220"),
-                                       QLatin1String(kOther));
-        const QString roux = swimmer(QStringLiteral("Roux"), QStringLiteral("Chloé"), QStringLiteral("20130909"));
-        const QString simon = swimmer(QStringLiteral("Simon"), QStringLiteral("Jade"), QStringLiteral("20130404"),
-                                      QLatin1String(kOther));
-        const QString leroy = swimmer(QStringLiteral("Le Roy-Kerhervé"), QStringLiteral("Anne-Sophie"),
-                                      QStringLiteral("20110606"));
-        const QString david = swimmer(QStringLiteral("David"), QStringLiteral("Lou"), QStringLiteral("20110101"),
-                                      QLatin1String(kOther));
-        const QString michel = swimmer(QStringLiteral("Michel"), QStringLiteral("Maud"), QStringLiteral("20130808"));
-        // A swimmer deleted from the licences since: her swims drop out.
-        const QString gone = swimmer(QStringLiteral("Partie"), QStringLiteral("Eve"), QStringLiteral("20130101"));
+        // Partie Eve is deleted from the licences once her swims are in: they drop out.
+        const char* people[][5] = {
+            {"Martin", "Léa", "20130307", kClub, "FRA"},    {"Bernard", "Zoé", "20130512", kOther, "BEL"},
+            {"Petit", "Inès", "20131101", kClub, "FRA"},    {"Durand", "Emma", "20130220", kOther, "FRA"},
+            {"Roux", "Chloé", "20130909", kClub, "FRA"},    {"Simon", "Jade", "20130404", kOther, "FRA"},
+            {"Le Roy-Kerhervé", "Anne-Sophie", "20110606", kClub, "FRA"},
+            {"David", "Lou", "20110101", kOther, "FRA"},    {"Michel", "Maud", "20130808", kClub, "FRA"},
+            {"Partie", "Eve", "20130101", kClub, "FRA"}};
+        QStringList n;
+        for (const auto& p : people)
+            n << swimmer(QString::fromUtf8(p[0]), QString::fromUtf8(p[1]), p[2], p[3], p[4]);
+        const QString &martin = n[0], &bernard = n[1], &petit = n[2], &durand = n[3], &roux = n[4], &simon = n[5];
+        const QString &leroy = n[6], &david = n[7], &michel = n[8], &gone = n[9];
 
         // 50m n.l.: series 1, a tie for first.
         swim(P, meet, 1, martin, kClub, "0.3012", "S", 1, 3, "1", 612, 1);

@@ -1,6 +1,5 @@
-// Manual performances on a real base: the check of the entry, the numbers of
-// each table, the age in years, the pool of an event that has no 50 m, the
-// relay composition filled with the null licence.
+// Manual performances on a real base: the check of the entry, the numbers of each
+// table, the age, the pool of an event with no 50 m, the relay's null licences.
 
 #include "perf_test_base.h"
 
@@ -95,22 +94,15 @@ TEST_F(AjoutPerfTest, IndividualSwimsAreNumberedInTheirOwnTable)
     ui.answers.push_back(Button::No);
     EXPECT_FALSE(form.cmd_enregistrer());
 
-    const Rows rows = app->db.load_rows(QStringLiteral(
-        "SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, Codif_Fede, Codif_Inter, Codif_Reg, "
-        "Codif_Depart, Passage_relais, Tps_inter, Age_perf, Num_compet, NumManuel FROM Liffn WHERE Num_compet = 0 "
-        "ORDER BY NumManuel"));
-    ASSERT_EQ(rows.size(), 2);
-    EXPECT_EQ(QStringList({rows.value(0, 0), rows.value(0, 1), rows.value(0, 2), rows.value(0, 3), rows.value(0, 4),
-                           rows.value(0, 5), rows.value(0, 6), rows.value(0, 7), rows.value(0, 8), rows.value(0, 9),
-                           rows.value(0, 10), rows.value(0, 11), rows.value(0, 12), rows.value(0, 13),
-                           rows.value(0, 15)}),
-              (QStringList{"1", kClub, anne, "50", "20100101", "0.3123", "L'Hermine", "Q", "R", " ", "A", " ", "Vrai",
-                           "10", "1"}));
+    // The age is the difference of the years (born 31/12/2000: 10 on 1/1/2010).
     // The second is number 2 whatever the relays hold; 25 m, from a relay start.
-    EXPECT_EQ(rows.value(1, 15), QStringLiteral("2"));
-    EXPECT_EQ(rows.value(1, 3), QStringLiteral("25"));
-    EXPECT_EQ(rows.value(1, 11), QStringLiteral("R"));
-    EXPECT_EQ(rows.value(1, 13), QStringLiteral("25"));
+    const QString swum = QLatin1String(kClub) + u'|' + anne + QStringLiteral("|");
+    EXPECT_EQ(plouvarine::testing::row_texts(app->db.load_rows(QStringLiteral(
+                  "SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, Codif_Fede, Codif_Inter, "
+                  "Codif_Reg, Codif_Depart, Passage_relais, Tps_inter, Age_perf, NumManuel FROM Liffn "
+                  "WHERE Num_compet = 0 ORDER BY NumManuel")), u'|'),
+              (QStringList{"1|" + swum + "50|20100101|0.3123|L'Hermine|Q|R| |A| |Vrai|10|1",
+                           "1|" + swum + "25|20250310|1.0512|L'Hermine| | | | |R|Faux|25|2"}));
 }
 
 TEST_F(AjoutPerfTest, RelayStoresItsLegsThenTheNullLicence)
@@ -150,12 +142,6 @@ TEST_F(AjoutPerfTest, RelayStoresItsLegsThenTheNullLicence)
     EXPECT_EQ(rows.value(0, 2), QStringLiteral("1"));
     EXPECT_EQ(rows.value(0, 22), QStringLiteral("1"));  // numbered apart from Liffn's 7
     EXPECT_EQ(form.lsv_compo_relais().rowCount(), 0);
-}
-
-TEST_F(AjoutPerfTest, AgeIsTheDifferenceOfTheYears)
-{
-    EXPECT_EQ(age_perf(QStringLiteral("20001231"), QStringLiteral("20100101")), 10);
-    EXPECT_EQ(age_perf(QStringLiteral("20000101"), QStringLiteral("20101231")), 10);
 }
 
 }  // namespace

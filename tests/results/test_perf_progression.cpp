@@ -4,10 +4,20 @@
 #include "perf_test_base.h"
 
 #include "src/results/perf_progression.h"
+#include "support/temp_files.h"
 
 using namespace plouvarine;
 
 namespace {
+
+// Each point as "date pool time seconds".
+QStringList points(const std::vector<ProgressionPoint>& list)
+{
+    QStringList out;
+    for (const ProgressionPoint& p : list)
+        out << QStringLiteral("%1 %2 %3 %4").arg(p.date.toString(Qt::ISODate)).arg(p.pool).arg(p.time).arg(p.seconds);
+    return out;
+}
 
 class ProgressionTest : public plouvarine::testing::PerfBase {};
 
@@ -28,38 +38,22 @@ TEST_F(ProgressionTest, SeriesFromTheSwimsOfOneEvent)
     const Progression p =
         construit_progression(app->db.load_rows(requete_progression(choice, app->state.club_code)));
 
-    ASSERT_EQ(p.bassin25.size(), 4u);
-    ASSERT_EQ(p.bassin50.size(), 2u);
-    EXPECT_EQ(p.bassin25[0].date, QDate(2023, 9, 20));
-    EXPECT_DOUBLE_EQ(p.bassin25[0].seconds, 72.10);
-    EXPECT_EQ(p.bassin25[0].time, QStringLiteral("1:12.10"));
-    EXPECT_DOUBLE_EQ(p.bassin25[3].seconds, 68.20);
-    EXPECT_DOUBLE_EQ(p.bassin50[1].seconds, 68.99);
-    EXPECT_EQ(p.bassin50[1].pool, 50);
+    EXPECT_EQ(points(p.bassin25), (QStringList{"2023-09-20 25 1:12.10 72.1", "2024-09-15 25 1:09.40 69.4",
+                                               "2024-10-05 25 1:10.05 70.05", "2025-01-10 25 1:08.20 68.2"}));
+    EXPECT_EQ(points(p.bassin50), (QStringList{"2024-03-01 50 1:09.50 69.5", "2024-12-01 50 1:08.99 68.99"}));
 
     // The swims span two seasons: one opening is marked, 16 September 2024.
     EXPECT_EQ(p.saisons, std::vector<QDate>{QDate(2024, 9, 16)});
 
     // The best of each season in each pool, by date.
-    std::vector<std::pair<QDate, int>> bests;
-    for (const ProgressionPoint& b : p.meilleurs)
-        bests.emplace_back(b.date, b.pool);
-    EXPECT_EQ(bests, (std::vector<std::pair<QDate, int>>{{QDate(2024, 3, 1), 50},
-                                                          {QDate(2024, 9, 15), 25},
-                                                          {QDate(2024, 12, 1), 50},
-                                                          {QDate(2025, 1, 10), 25}}));
+    EXPECT_EQ(points(p.meilleurs), (QStringList{"2024-03-01 50 1:09.50 69.5", "2024-09-15 25 1:09.40 69.4",
+                                                "2024-12-01 50 1:08.99 68.99", "2025-01-10 25 1:08.20 68.2"}));
 }
 
-TEST(ProgressionAxis, SecondsReadAsSwimTimes)
+TEST(ProgressionAxis, MarksAreRoundTimesAroundTheSwimsReadAsSwimTimes)
 {
-    EXPECT_EQ(texte_secondes(68.2), QStringLiteral("1:08.20"));
-    EXPECT_EQ(texte_secondes(32.5), QStringLiteral("32.50"));
     EXPECT_EQ(texte_secondes(59.999), QStringLiteral("1:00.00"));
     EXPECT_EQ(texte_secondes(secondes_temps(15.0512)), QStringLiteral("15:05.12"));
-}
-
-TEST(ProgressionAxis, MarksAreRoundTimesAroundTheSwims)
-{
     const auto labels = [](const std::vector<double>& marks) {
         QStringList out;
         for (double m : marks)
@@ -86,11 +80,9 @@ TEST_F(ProgressionTest, ClubRelaysAndNothingToDraw)
     const Progression relays = construit_progression(app->db.load_rows(
         requete_progression({QString(), QStringLiteral("4x100m n.l. Dames"), QStringLiteral("Relais")},
                             app->state.club_code)));
-    ASSERT_EQ(relays.bassin25.size(), 2u);
-    EXPECT_DOUBLE_EQ(relays.bassin25[1].seconds, 265.10);
+    EXPECT_EQ(points(relays.bassin25), (QStringList{"2024-12-01 25 4:30.10 270.1", "2024-12-02 25 4:25.10 265.1"}));
     EXPECT_TRUE(relays.saisons.empty());
-    ASSERT_EQ(relays.meilleurs.size(), 1u);
-    EXPECT_EQ(relays.meilleurs[0].date, QDate(2024, 12, 2));
+    EXPECT_EQ(points(relays.meilleurs), QStringList{"2024-12-02 25 4:25.10 265.1"});
 
     const QString none = swimmer(QStringLiteral("Vide"), QStringLiteral("F"));
     EXPECT_TRUE(construit_progression(app->db.load_rows(requete_progression(
@@ -106,9 +98,7 @@ TEST_F(ProgressionTest, ChartIsSavedWholeOrNotAtAll)
     EXPECT_TRUE(view.save(png, QByteArray("\x89PNG-old")));
     EXPECT_FALSE(view.save(png + QStringLiteral("/inside.png"), QByteArray("new")));
     EXPECT_TRUE(ui.texts().back().startsWith(QStringLiteral("Une erreur s'est produite lors de la sauvegarde du graphique.")));
-    QFile file(png);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("\x89PNG-old"));
+    EXPECT_EQ(plouvarine::testing::read_bytes(png), QByteArray("\x89PNG-old"));
 }
 
 }  // namespace

@@ -1,10 +1,6 @@
-// The outputs of the results list on the fixed meet, each compared with its
-// reference: the tab text, the HTML tree (frameset, links, one page per event
-// with the splits' inner tables and the statuses over two columns), the rich
-// text through the real "rescompet" template, and the printed report with each
-// event on its own pages. Then the failures: a folder that cannot be written,
-// a full disk, an existing "rep_res" refused, a list with no event, a missing
-// template, a cancelled dialog; none leaves a half-written file behind.
+// The outputs of the results list on the fixed meet against their references
+// (tab text, HTML tree, rich text through "rescompet", print), and the failures,
+// none of which leaves a half-written file behind.
 
 #include "results_test_base.h"
 
@@ -35,11 +31,6 @@ protected:
         ResultsBase::SetUp();
         install_template_component();
         show({0, 0, 0, true, true, true});
-    }
-    void TearDown() override
-    {
-        view.reset();
-        ResultsBase::TearDown();
     }
     bool export_to(const QString& path)
     {
@@ -74,17 +65,10 @@ TEST_F(ResultsExport, HtmlTreeHasTheFramesTheLinksAndOnePagePerEvent)
               (QStringList{QStringLiteral("link_nage.htm"), QStringLiteral("n1.htm"), QStringLiteral("n2.htm"),
                            QStringLiteral("n3.htm"), QStringLiteral("n4.htm"), QStringLiteral("n5.htm")}));
     expect_golden(QStringLiteral("results"), QStringLiteral("html_frames.htm"), read_bytes(path));
+    // n2 and n3 hold the splits' inner tables: 7 on one line for the 400 m, 14 on two for the 1500 m.
     for (const char* page : {"link_nage.htm", "n1.htm", "n2.htm", "n3.htm", "n4.htm", "n5.htm"})
         expect_golden(QStringLiteral("results"), QStringLiteral("html_") + QLatin1String(page),
                       read_bytes(work_dir() + QStringLiteral("/rep_res/") + QLatin1String(page)));
-
-    // The inner tables: 7 splits on one line for the 400 m, 14 on two for the 1500 m.
-    const QString n2 = QString::fromUtf8(read_bytes(work_dir() + QStringLiteral("/rep_res/n2.htm")));
-    EXPECT_EQ(n2.count(QStringLiteral("<TD width = 60>")), 14);
-    EXPECT_EQ(n2.count(QStringLiteral("</TR><TR align=right>")), 0);
-    const QString n3 = QString::fromUtf8(read_bytes(work_dir() + QStringLiteral("/rep_res/n3.htm")));
-    EXPECT_EQ(n3.count(QStringLiteral("<TD width = 60>")), 28);
-    EXPECT_EQ(n3.count(QStringLiteral("</TR><TR align=right>")), 2);
 
     // Again into the folder that now exists: asked first, and written on Yes.
     ui.answers.push_back(Button::Yes);
@@ -100,8 +84,7 @@ TEST_F(ResultsExport, HtmlTreeHasTheFramesTheLinksAndOnePagePerEvent)
 TEST_F(ResultsExport, TwoEventsWithOneLabelGetTwoPages)
 {
     exec(QStringLiteral("UPDATE Nage SET Libelle = '50m n.l. Dames' WHERE Code_Nage = 11"));
-    view = std::make_unique<FrmViewResult>(*app);
-    view->charge_competitions();
+    view.reset();
     show({0, 0, 0, false, false, false});
     const std::map<QString, QString> files = pages_html(view->sheet(), QStringLiteral("M"), QStringLiteral("f.htm"));
     ASSERT_TRUE(files.count(QStringLiteral("rep_res/n4.htm")));

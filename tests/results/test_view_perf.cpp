@@ -1,16 +1,17 @@
-// The performance history on a real base: best against latest, the custom
-// count, the season filter, the relay line, the deletions by competition and
-// of manual swims, the exports and a swimmer deleted since.
+// The performance history on a real base: best against latest, the custom count,
+// the season filter, the relay line, the deletions, the exports.
 
 #include "perf_test_base.h"
 
 #include "src/frame/list_helpers.h"
 #include "src/results/view_perf.h"
+#include "support/golden.h"
+#include "support/temp_files.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 using namespace plouvarine;
+using plouvarine::testing::expect_golden;
 
 namespace {
 
@@ -39,6 +40,11 @@ protected:
         view->edited_options() = options;
         ASSERT_TRUE(view->cmd_valider());
     }
+    void show(const PerfOptions& options)
+    {
+        set_options(options);
+        view->affiche_perfs();
+    }
     QStringList column(int c) const { return plouvarine::testing::column_texts(view->lsv_perf(), c); }
     int row_of(const QString& time) const { return int(column(0).indexOf(time)); }
     void select(int row) { select_row_at(view->perf_selection(), row); }
@@ -58,10 +64,20 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     perf(anne, 1, QStringLiteral("20250303"), QStringLiteral("0.2901"), 25, QStringLiteral("0"), 0, false, true);
     tick({QStringLiteral("Abgrall")});
 
+    // A blank custom count keeps the options open; cancelled, they stand as they were.
+    view->cmd_modifier();
+    view->edited_options().nb_perf = 2;
+    EXPECT_FALSE(view->cmd_valider());
+    EXPECT_TRUE(view->editing());
+    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral(
+                              "La valeur personnalisée du nombre de performances affichées doit être remplie.")});
+    view->cmd_annuler();
+    EXPECT_FALSE(view->editing());
+    EXPECT_EQ(view->options(), PerfOptions{});
+
     PerfOptions best;  // by time, one performance, all seasons
     EXPECT_EQ(best.label_one(), QStringLiteral("Meilleure"));
-    set_options(best);
-    view->affiche_perfs();
+    show(best);
     EXPECT_EQ(column(0), (QStringList{"", "", "", "32.50", "", "", "1:12.10"}));
     EXPECT_EQ(column(1), (QStringList{"Abgrall Anne", "", "50m n.l. Dames", "Brest", "", "100m n.l. Dames", "Brest"}));
     EXPECT_EQ(column(2)[3], QStringLiteral("01/02/2025"));
@@ -70,8 +86,7 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     PerfOptions latest = best;
     latest.tri = 0;
     EXPECT_EQ(latest.label_one(), QStringLiteral("Dernière"));
-    set_options(latest);
-    view->affiche_perfs();
+    show(latest);
     EXPECT_EQ(column(0), (QStringList{"", "", "", "34.01", "", "", "1:12.10"}));
 
     // Two per event, with the intermediate and relay columns shown.
@@ -80,8 +95,7 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     custom.txt_nb_perf = QStringLiteral("2");
     custom.tps_inter = true;
     custom.tps_relais = true;
-    set_options(custom);
-    view->affiche_perfs();
+    show(custom);
     EXPECT_EQ(view->lsv_perf().columnCount(), 6);
     EXPECT_EQ(column(0).mid(3, 3), (QStringList{"29.01", "30.01", ""}));
     EXPECT_EQ(column(4).mid(3, 2), (QStringList{"X", " "}));
@@ -92,19 +106,6 @@ TEST_F(ViewPerfTest, BestByTimeAndLatestByDatePerEventAndSwimmer)
     EXPECT_EQ(view->cbo_search_epreuve().size(), 2u);
     view->choose_search_event(1);
     EXPECT_EQ(view->perf_selection().currentIndex().row(), 6);
-}
-
-TEST_F(ViewPerfTest, BlankCustomCountKeepsTheOptionsOpen)
-{
-    view->cmd_modifier();
-    view->edited_options().nb_perf = 2;
-    EXPECT_FALSE(view->cmd_valider());
-    EXPECT_TRUE(view->editing());
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral(
-                              "La valeur personnalisée du nombre de performances affichées doit être remplie.")});
-    view->cmd_annuler();
-    EXPECT_FALSE(view->editing());
-    EXPECT_EQ(view->options(), PerfOptions{});
 }
 
 TEST_F(ViewPerfTest, RelayLineIsReadOnlyAsTheLastTickedEntry)
@@ -118,8 +119,7 @@ TEST_F(ViewPerfTest, RelayLineIsReadOnlyAsTheLastTickedEntry)
     relay_perf(8, QStringLiteral("20241201"), QStringLiteral("4.3010"), 2, QStringLiteral("77"));
     relay_perf(8, QStringLiteral("20230601"), QStringLiteral("4.2000"), 1, QStringLiteral("78"));
     view->charge_nageurs();
-    ASSERT_EQ(view->lsv_nageur().rowCount(), 3);
-    EXPECT_EQ(view->lsv_nageur().item(2, 0)->text(), QStringLiteral("Relais"));
+    EXPECT_EQ(plouvarine::testing::column_texts(view->lsv_nageur()), (QStringList{"Relais", "Zed", "Relais"}));
     EXPECT_TRUE(view->lsv_nageur().item(2, 0)->data(FrmViewPerf::kNumRole).toString().isEmpty());
 
     // The swimmer "Relais" followed by another: his own swims.
@@ -151,7 +151,7 @@ TEST_F(ViewPerfTest, RelayLineIsReadOnlyAsTheLastTickedEntry)
     EXPECT_EQ(column(1)[view->cbo_search_nageurs().back().row], QStringLiteral("Relais"));
 }
 
-TEST_F(ViewPerfTest, DeletingAManualSwimRemovesThatNumberFromBothTables)
+TEST_F(ViewPerfTest, DeletingAManualSwimRemovesThatNumberFromBothTablesButNeedsASwimmer)
 {
     const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
     perf(anne, 1, QStringLiteral("20241012"), QStringLiteral("0.3312"), 25, QStringLiteral("0"), 1);
@@ -182,6 +182,17 @@ TEST_F(ViewPerfTest, DeletingAManualSwimRemovesThatNumberFromBothTables)
     EXPECT_EQ(value(QStringLiteral("SELECT group_concat(NumManuel) FROM Liffn_relais")), QStringLiteral("1"));
     // The list is shown again without it.
     EXPECT_EQ(row_of(QStringLiteral("1:10.00")), -1);
+
+    // On the relay line alone, a manual relay swim has no swimmer to go by.
+    tick({QStringLiteral("Relais")});
+    view->affiche_perfs();
+    const int relay = row_of(QStringLiteral("4:40.10"));
+    EXPECT_EQ(view->num_compet_key(relay), QStringLiteral("0,"));
+    select(relay);
+    view->supprime_perf();
+    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
+    EXPECT_TRUE(ui.texts().back().endsWith(QStringLiteral("Une erreur s'est produite lors de la suppression.")));
+    EXPECT_EQ(value(QStringLiteral("SELECT count(*) FROM Liffn_relais")), QStringLiteral("1"));
 }
 
 TEST_F(ViewPerfTest, DeletingACompetitionSwimRemovesTheWholeCompetitionForEveryone)
@@ -208,20 +219,6 @@ TEST_F(ViewPerfTest, DeletingACompetitionSwimRemovesTheWholeCompetitionForEveryo
     EXPECT_EQ(value(QStringLiteral("SELECT count(*) FROM Liffn_relais")), QStringLiteral("0"));
 }
 
-TEST_F(ViewPerfTest, ManualRelaySwimWithNoSwimmerBeforeCannotBeDeleted)
-{
-    relay_perf(8, QStringLiteral("20241201"), QStringLiteral("4.3010"), 1, QStringLiteral("0"), 1);
-    tick({QStringLiteral("Relais")});
-    view->affiche_perfs();
-    const int row = row_of(QStringLiteral("4:30.10"));
-    EXPECT_EQ(view->num_compet_key(row), QStringLiteral("0,"));
-    select(row);
-    view->supprime_perf();
-    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 1u);
-    EXPECT_TRUE(ui.texts().back().endsWith(QStringLiteral("Une erreur s'est produite lors de la suppression.")));
-    EXPECT_EQ(value(QStringLiteral("SELECT count(*) FROM Liffn_relais")), QStringLiteral("1"));
-}
-
 TEST_F(ViewPerfTest, SwimsOfASwimmerDeletedSince)
 {
     const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
@@ -236,8 +233,7 @@ TEST_F(ViewPerfTest, SwimsOfASwimmerDeletedSince)
     EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty());
     // Listed again, he is no longer offered.
     view->charge_nageurs();
-    ASSERT_EQ(view->lsv_nageur().rowCount(), 1);
-    EXPECT_EQ(view->lsv_nageur().item(0, 0)->text(), QStringLiteral("Abgrall"));
+    EXPECT_EQ(plouvarine::testing::column_texts(view->lsv_nageur()), QStringList{"Abgrall"});
 }
 
 TEST_F(ViewPerfTest, PrintedAndSavedAsTheListStands)
@@ -251,33 +247,21 @@ TEST_F(ViewPerfTest, PrintedAndSavedAsTheListStands)
     tick({QStringLiteral("Abgrall")});
     view->affiche_perfs();
 
+    // The references: the club and the day in the head, the codification
+    // columns and their legend, no intermediate time column.
     ASSERT_TRUE(view->cmd_imprimer());
     ASSERT_EQ(ui.printed.size(), 1u);
-    const QString text = ui.printed[0].text;
-    EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation")));
-    EXPECT_TRUE(text.contains(QStringLiteral("10 mars 2025")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\t\tAbgrall Anne")));
-    EXPECT_TRUE(text.contains(QStringLiteral("33.12    Brest") + QString(31, u' ') + QStringLiteral(" 12/10/2024") +
-                              QString(7, u' ') + QStringLiteral(" 25  / / / ")));
-    EXPECT_TRUE(text.contains(QStringLiteral(". D : codification départementale")));
-    EXPECT_FALSE(text.contains(QStringLiteral("Temps intermédiaire")));
-
+    expect_golden(QStringLiteral("results"), QStringLiteral("perfs_printed.txt"), ui.printed[0].text.toUtf8());
     const QString txt = work_file(QStringLiteral("perfs.txt"));
     ui.files.push_back(txt);
     ASSERT_TRUE(view->cmd_sauvegarder());
     EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Exporter suivi des performances"));
-    QFile file(txt);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(QStringLiteral("\r\n"));
-    EXPECT_EQ(lines[0], QStringLiteral("Temps\tLieu\tDate\tBassin\tCodif F\tCodif I\tCodif R\tCodif D"));
-    EXPECT_EQ(lines[4], QStringLiteral("33.12\tBrest\t12/10/2024\t25\t \t \t \t "));
+    expect_golden(QStringLiteral("results"), QStringLiteral("perfs_export.txt"), plouvarine::testing::read_bytes(txt));
 
     const QString rtf = work_file(QStringLiteral("perfs.rtf"));
     ui.files.push_back(rtf);
     ASSERT_TRUE(view->cmd_sauvegarder());
-    QFile rich(rtf);
-    ASSERT_TRUE(rich.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(rich.readAll().startsWith("{\\rtf"));
+    EXPECT_TRUE(plouvarine::testing::read_bytes(rtf).startsWith("{\\rtf"));
 
     // A target that cannot be written (its folder is a file): the message,
     // and the file in the way stays as it was.

@@ -5,6 +5,7 @@
 #include "src/base/text.h"
 #include "src/base/utils_time.h"
 #include "src/tools/calcul_points.h"
+#include "support/temp_files.h"
 
 #include <QFile>
 
@@ -104,20 +105,16 @@ TEST_F(PointsTest, NothingForWhatIsNoTimeOrNoPoints)
     PointsCalculator& c = calcul();
     for (int points : {0, -5, 5000, PointsCalculator::kMaxPoints + 1})
         EXPECT_TRUE(c.CalculTps(qint16(points), 52, 50).isEmpty()) << points;
-    EXPECT_EQ(c.CalculPoint(0, 52, 50), 0);
-    EXPECT_EQ(c.CalculPoint(-1.0, 52, 50), 0);
     // Ten times the base time is worth 1 point, slower than that nothing.
     EXPECT_EQ(c.CalculPoint(7.4860, 52, 50), 1);
-    EXPECT_EQ(c.CalculPoint(9.0000, 52, 50), 0);
-    // Past any table: minutes beyond 16 bits.
-    EXPECT_EQ(c.CalculPoint(99999.0, 52, 50), 0);
-    // The 25 m and the 100 m 4 nages have no base time in 50 m; an unknown
-    // event or pool none at all.
-    EXPECT_EQ(c.CalculPoint(0.1500, 0, 25), 0);
-    EXPECT_EQ(c.CalculPoint(1.0000, 40, 50), 0);
+    // No time; slower than ten times the base time; minutes beyond 16 bits; the
+    // 25 m and the 100 m 4 nages with no base time in 50 m; an unknown pool or event.
+    const std::tuple<double, qint16, int> nothing[] = {{0, 52, 50},      {-1.0, 52, 50},   {9.0, 52, 50},
+                                                       {99999.0, 52, 50}, {0.15, 0, 25},    {1.0, 40, 50},
+                                                       {1.0, 52, 33},     {1.0, 123, 50}};
+    for (const auto& [time, code, bassin] : nothing)
+        EXPECT_EQ(c.CalculPoint(time, code, bassin), 0) << time << " " << code << " " << bassin;
     EXPECT_TRUE(c.CalculTps(500, 40, 50).isEmpty());
-    EXPECT_EQ(c.CalculPoint(1.0000, 52, 33), 0);
-    EXPECT_EQ(c.CalculPoint(1.0000, 123, 50), 0);
 }
 
 TEST_F(PointsTest, AMissingOrDamagedTableIsAMissingComponent)
@@ -132,10 +129,7 @@ TEST_F(PointsTest, AMissingOrDamagedTableIsAMissingComponent)
     for (const QByteArray& damaged : {QByteArray("PK\x03\x04 not a table"),
                                       QByteArray("# table: X\nLCM;M;1;100;FREE;vite\n"),
                                       QByteArray("LCM;M;1;100;FREE;46.86\n")}) {
-        QFile file(table);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(damaged);
-        file.close();
+        ASSERT_TRUE(write_bytes(table, damaged));
         EXPECT_EQ(cree_calcul_points(*app, &why), nullptr) << damaged.toStdString();
     }
     EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 4u);

@@ -7,8 +7,7 @@
 #include "src/tools/frm_monitor_def.h"
 #include "src/tools/frm_pts_inter.h"
 #include "src/tools/suivi_perf.h"
-
-#include <QRegularExpression>
+#include "support/golden.h"
 
 using namespace plouvarine;
 using namespace plouvarine::testing;
@@ -62,14 +61,6 @@ protected:
                                         "VALUES (%1, 1, %2, %3, %4)")
                              .arg(compet_).arg(men).arg(women).arg(mixed));
     }
-    static QStringList totals(const QString& text)
-    {
-        QStringList found;
-        const QRegularExpression re(QStringLiteral("TOTAL POINTS : (-?\\d+)"));
-        for (auto it = re.globalMatch(text); it.hasNext();)
-            found << it.next().captured(1);
-        return found;
-    }
     QString compet_;
 };
 
@@ -91,38 +82,22 @@ TEST_F(TeamPointsTest, OneSheetPerTeamWithRelaysCountedOnceOrTwice)
     ASSERT_NE(view, nullptr);
     ASSERT_EQ(view->lsv_numauto().rowCount(), 1);
     EXPECT_EQ(view->competition(), compet_);
+    // The references: men, women, mixed, each team in order; lines of name in
+    // 20, time in 8, points in 4; "Relais comptent double" counts the relay
+    // twice in the total (678 for the mixed team), once on its line.
     view->calcule_points_equipes();
-    const QString sheets = view->rich.text();
     EXPECT_TRUE(view->print_enabled());
-    // Men, women, mixed, each team in order.
-    const qsizetype men = sheets.indexOf(QStringLiteral("Equipe Masculine 1"));
-    const qsizetype women1 = sheets.indexOf(QStringLiteral("Equipe Feminine 1"));
-    const qsizetype women2 = sheets.indexOf(QStringLiteral("Equipe Feminine 2"));
-    const qsizetype mixed = sheets.indexOf(QStringLiteral("Equipe Mixte 1"));
-    EXPECT_TRUE(men >= 0 && men < women1 && women1 < women2 && women2 < mixed) << sheets.toStdString();
-    const int anne_points = sheets.section(QStringLiteral("ANNE Anne"), 1, 1).section(u'\n', 0, 0).split(u' ', Qt::SkipEmptyParts).last().toInt();
-    ASSERT_GT(anne_points, 0);
-    EXPECT_EQ(totals(sheets), (QStringList{"1000", QString::number(anne_points + 310), QString::number(anne_points), "339"}));
-    // The lines: name in 20, time in 8, points in 4.
-    EXPECT_TRUE(sheets.contains(QStringLiteral("PAUL Anne               44.84 1000\n")));
-    EXPECT_TRUE(sheets.contains(QStringLiteral("LEA Anne                         0\n")));
-    EXPECT_TRUE(sheets.contains(QStringLiteral("Equipe n° 1           2:16.55  310\n")));
-    EXPECT_EQ(sheets.section(QStringLiteral("Equipe Mixte 1"), 1).count(QStringLiteral("Anne")), 0);
-
-    // "Relais comptent double": the relay twice in the total, once on its line.
+    expect_golden(QStringLiteral("tools"), QStringLiteral("team_sheets.txt"), view->rich.text().toUtf8());
     view->chk_relais = true;
     view->calcule_points_equipes();
-    EXPECT_EQ(totals(view->rich.text()),
-              (QStringList{"1000", QString::number(anne_points + 620), QString::number(anne_points), "678"}));
-    EXPECT_TRUE(view->rich.text().contains(QStringLiteral("2:16.55  310\n")));
+    expect_golden(QStringLiteral("tools"), QStringLiteral("team_sheets_relais_double.txt"), view->rich.text().toUtf8());
 
     // Printed through "respts", the meet's tags filled.
     ASSERT_TRUE(view->imprime_points());
     ASSERT_EQ(ui.printed.size(), 1u);
     EXPECT_EQ(ui.printed[0].title, QStringLiteral("Impression"));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("Interclubs")));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("5/04 - 6/04/2025")));
-    EXPECT_TRUE(ui.printed[0].text.contains(QStringLiteral("TOTAL POINTS : 678")));
+    for (const char* part : {"Interclubs", "5/04 - 6/04/2025", "TOTAL POINTS : 678"})
+        EXPECT_TRUE(ui.printed[0].text.contains(QLatin1String(part))) << part;
     EXPECT_FALSE(ui.printed[0].text.contains(QStringLiteral("<NOM_COMPET>")));
 }
 
@@ -145,7 +120,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2210290017', 'Brest Natation')"));
     ASSERT_TRUE(AjouteProfil(*app, app->state.club_code, QStringLiteral("Bassin")));
     app->db.exec_sql(QStringLiteral("UPDATE Profil SET LastUse = true"));
-    app->state.profile_num = app->db.load_rows(QStringLiteral("SELECT Num FROM Profil")).first();
+    app->state.profile_num = value(QStringLiteral("SELECT Num FROM Profil"));
     FrmMonitorDef* def = OuvrirMonitorDef(*app);
     ASSERT_NE(def, nullptr);
     // Without the component there is nothing to fetch.
@@ -155,8 +130,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     def->txtParam = {QStringLiteral("120"), QStringLiteral("45"), QStringLiteral("0")};
     EXPECT_FALSE(def->appliquer());
     EXPECT_EQ(ui.texts().last(), FrmMonitorDef::kIntervalNul);
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT lgIntervalSuivi FROM Profil")).first(),
-              QStringLiteral("1000"));
+    EXPECT_EQ(value(QStringLiteral("SELECT lgIntervalSuivi FROM Profil")), QStringLiteral("1000"));
 
     def->txtParam[2] = QStringLiteral("2500");
     def->chkAlwaysVisible = true;
@@ -170,10 +144,9 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     app->menus.set_checked(QStringLiteral("mnuPerfOrdiTjsVisible"), false);
     read_profile(*app, true);
     applique_suivi_profil(*app);
-    EXPECT_EQ(app->state.monitor_pos_x, 120);
-    EXPECT_EQ(app->state.monitor_pos_y, 45);
-    EXPECT_EQ(app->state.monitor_interval, 2500);
-    EXPECT_TRUE(app->state.monitor_always_visible);
+    EXPECT_EQ(std::tuple(app->state.monitor_pos_x, app->state.monitor_pos_y, app->state.monitor_interval,
+                         app->state.monitor_always_visible),
+              std::tuple(120, 45, 2500, true));
     EXPECT_TRUE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
     // The profile wants it visible but there is no component: told, no harm.
     EXPECT_EQ(ui.texts().last(), kSuiviNonCharge);
@@ -181,8 +154,7 @@ TEST_F(TeamPointsTest, MonitorSettingsAreKeptInTheProfileAndReadAtTheNextOpening
     // "Toujours visible" from the menu switches and keeps it.
     BasculeSuiviVisible(*app);
     EXPECT_FALSE(app->menus.is_checked(QStringLiteral("mnuPerfOrdiTjsVisible")));
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT bAlwaysVisibleSuivi FROM Profil")).first(),
-              QStringLiteral("Faux"));
+    EXPECT_EQ(value(QStringLiteral("SELECT bAlwaysVisibleSuivi FROM Profil")), QStringLiteral("Faux"));
 
     // The monitor's menu works with no base open: the settings hold for the
     // session, with no error.
