@@ -214,50 +214,42 @@ TEST_F(Engag, TheInsertOfOneRowRunsOnTheBaseForACompetitionAndForAModel)
               "52:" + anna);
 }
 
-TEST_F(Engag, AModelKeepsTicksOnly)
+TEST_F(Engag, AModelKeepsTicksOnlyAndANewOneGoesOnCancel)
 {
     const QString anna = swimmer("LE GALL", "Anna", "F");
     perf(anna, 2, "1.05", "20250110", 25);
-    const QString modele = new_model();
-    exec(u"INSERT INTO Engag_nageur_modele (Num_modele, Num_Lic, Equipe, Equipe_m) VALUES (%1, %2, 0, false)"_s.arg(
-        modele, anna));
-    FrmEngag* view = open(modele, u"Modif"_s, true);
+    const QString kept = new_model();
+    const QString ticked = "select Code_epreuve, Num_Lic from Engag_modele where Num_modele = " + kept + " order by 1";
+    FrmEngag* view = open(kept, u"new modele"_s, true);
     ASSERT_NE(view, nullptr);
     EXPECT_FALSE(view->fields_visible());
-    show(*view, anna);
+    search(*view, u"le gall"_s);
+    ASSERT_EQ(view->swimmer(), anna);
     view->set_checked(2, true);
     view->set_checked(20, true);  // a model knows no pool length
     EXPECT_TRUE(view->panel()[2].temps.isEmpty());
     EXPECT_FALSE(view->fields_enabled(2));
     view->cmd_ok();
-    EXPECT_EQ(dump("select Code_epreuve, Num_Lic from Engag_modele where Num_modele = " + modele + " order by 1"),
-              (QStringList{"2:" + anna, "20:" + anna}));
+    EXPECT_EQ(dump(ticked), (QStringList{"2:" + anna, "20:" + anna}));
     EXPECT_EQ(count("select count(*) from Engag"), 0);
-}
-
-TEST_F(Engag, ANewModelIsKeptByOkAndItsHeadGoesOnCancel)
-{
-    swimmer("LE GALL", "Anna", "F");
-    const auto enter = [&](const QString& modele) {
-        FrmEngag* view = open(modele, u"new modele"_s, true);
-        if (view) {
-            search(*view, u"le gall"_s);
-            view->set_checked(12, true);
-        }
-        return view;
-    };
-    const QString kept = new_model();
-    FrmEngag* view = enter(kept);
-    ASSERT_NE(view, nullptr);
-    view->cmd_ok();
-    EXPECT_EQ(count(u"select count(*) from Engag_modele where Num_modele = %1 and Code_epreuve = 12"_s.arg(kept)), 1);
     // The model's swimmer stays, though in no team: the end of a new model's
     // pass removes nothing.
     EXPECT_EQ(count("select count(*) from Engag_nageur_modele where Num_modele = " + kept), 1);
 
-    const QString dropped = new_model();
-    view = enter(dropped);
+    // Edited, the model shows its ticks and keeps what is left of them.
+    view = open(kept, u"Modif"_s, true);
     ASSERT_NE(view, nullptr);
+    show(*view, anna);
+    EXPECT_TRUE(view->panel()[20].checked);
+    view->set_checked(20, false);
+    view->cmd_ok();
+    EXPECT_EQ(dump(ticked), QStringList{"2:" + anna});
+
+    const QString dropped = new_model();
+    view = open(dropped, u"new modele"_s, true);
+    ASSERT_NE(view, nullptr);
+    search(*view, u"le gall"_s);
+    view->set_checked(12, true);
     view->cmd_annuler();
     EXPECT_EQ(dump("select NumAuto from Modele_engag"), QStringList{kept});
     EXPECT_EQ(ui.window(u"frm_engag"_s), nullptr);
