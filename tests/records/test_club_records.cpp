@@ -41,7 +41,7 @@ protected:
     // Command `index` (1 add, 2 replace) begun, the record typed, then saved.
     bool enter(int index, const QString& nom, const QString& tps, const QString& date)
     {
-        view->cmd_def(index);
+        EXPECT_TRUE(view->cmd_def(index)) << nom.toStdString();
         type(nom, tps, date);
         return view->cmd_def(index);
     }
