@@ -98,10 +98,8 @@ TEST_F(Bordereau, AnEmptyCompetitionLosesBothTagsAndEveryHeading)
 {
     ASSERT_TRUE(ImprimerBordereau(*app, compet));
     const QString text = ui.printed.back().text;
-    EXPECT_FALSE(text.contains(tags::kEngagIndiv));
-    EXPECT_FALSE(text.contains(tags::kEngagRelais));
-    EXPECT_FALSE(text.contains(u"Equipe"_s));
-    EXPECT_FALSE(text.contains(u"Individuel"_s));
+    for (const QString& absent : {tags::kEngagIndiv, tags::kEngagRelais, u"Equipe"_s, u"Individuel"_s})
+        EXPECT_FALSE(text.contains(absent)) << absent.toStdString();
     EXPECT_TRUE(text.contains(u"Interclubs"_s));
     // Entries of another profile are not this club's slip.
     exec(u"INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, "
