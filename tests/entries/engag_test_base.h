@@ -1,7 +1,6 @@
 #pragma once
-// The entry bases of the teams and relays, with what the individual entries
-// and their window need besides: competitions on a given date, performances
-// with their place, swimmers in "Individuel", and the rows of Engag.
+// The entry base with what the individual entries need besides: competitions
+// on a given date, performances with their place, swimmers in "Individuel".
 
 #include "entries/entries_test_base.h"
 #include "src/clubs/pools.h"
@@ -42,21 +41,20 @@ protected:
     // An individual entry of competition `compet`.
     void entry(const QString& compet, const QString& num, int code, const QString& tps, int equipe = 0)
     {
-        exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, "
-                            "Equipe_mixte, Tps_engagement, Date_perf, Lieu_perf, Bassin) VALUES (%1, %2, %3, %4, %5, "
-                            "false, %6, '20241012', 'Lorient', 25)")
-                 .arg(compet, app->state.profile_num)
-                 .arg(code)
-                 .arg(num)
-                 .arg(equipe)
-                 .arg(tps));
+        app->db.append_row(QStringLiteral("Engag"),
+                           {{"Num_compet", compet}, {"Num_profil", app->state.profile_num}, {"Code_epreuve", code},
+                            {"Num_Lic", num}, {"Num_equipe", equipe}, {"Equipe_mixte", false},
+                            {"Tps_engagement", tps.toDouble()}, {"Date_perf", "20241012"}, {"Lieu_perf", "Lorient"},
+                            {"Bassin", 25}},
+                           QStringLiteral("Num_Lic"));
     }
     // The swimmer in the individual list of the competition.
     void individual(const QString& compet, const QString& num)
     {
-        exec(QStringLiteral("INSERT INTO Engag_nageur (Num_profil, Num_compet, Num_Lic, Equipe, Equipe_m) VALUES "
-                            "(%1, %2, %3, 0, false)")
-                 .arg(app->state.profile_num, compet, num));
+        app->db.append_row(QStringLiteral("Engag_nageur"),
+                           {{"Num_profil", app->state.profile_num}, {"Num_compet", compet}, {"Num_Lic", num},
+                            {"Equipe", 0}, {"Equipe_m", false}},
+                           QStringLiteral("Num_Lic"));
     }
     // The rows of Engag, "swimmer:code:time:date:place:pool", in order.
     QStringList entries(const QString& compet)

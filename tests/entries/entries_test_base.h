@@ -34,22 +34,18 @@ protected:
     // A team member of the competition (profile 1).
     void member(const QString& num, int team, bool mixed)
     {
-        exec(QStringLiteral("INSERT INTO Engag_nageur (Num_compet, Num_profil, Num_Lic, Equipe, Equipe_m) "
-                            "VALUES (%1, 1, %2, %3, %4)")
-                 .arg(compet, num)
-                 .arg(team)
-                 .arg(bool_text(mixed).text()));
+        app->db.append_row(QStringLiteral("Engag_nageur"),
+                           {{"Num_compet", compet}, {"Num_profil", 1}, {"Num_Lic", num}, {"Equipe", team},
+                            {"Equipe_m", mixed}},
+                           QStringLiteral("Num_Lic"));
     }
     void entry(const QString& num, int code, int team, bool mixed, const QString& tps = QStringLiteral("1.0512"))
     {
-        exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, "
-                            "Equipe_mixte, Tps_engagement, Date_perf, Lieu_perf, Bassin) "
-                            "VALUES (%1, 1, %2, %3, %4, %5, %6, '20241012', 'Brest', 50)")
-                 .arg(compet)
-                 .arg(code)
-                 .arg(num)
-                 .arg(team)
-                 .arg(bool_text(mixed).text(), tps));
+        app->db.append_row(QStringLiteral("Engag"),
+                           {{"Num_compet", compet}, {"Num_profil", 1}, {"Code_epreuve", code}, {"Num_Lic", num},
+                            {"Num_equipe", team}, {"Equipe_mixte", mixed}, {"Tps_engagement", tps.toDouble()},
+                            {"Date_perf", "20241012"}, {"Lieu_perf", "Brest"}, {"Bassin", 50}},
+                           QStringLiteral("Num_Lic"));
     }
     // Relay `number` of a team in event `code`, with its swimmers in order.
     void relay(int code, int number, int team, bool mixed, const QStringList& swimmers = {})
@@ -66,12 +62,10 @@ protected:
     }
     void perf(const QString& num, int code, const QString& tps, const QString& date, int bassin = 50)
     {
-        exec(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu) "
-                            "VALUES (%1, '%2', %3, %4, '%5', %6, 'Rennes')")
-                 .arg(code)
-                 .arg(QLatin1String(kClub), num)
-                 .arg(bassin)
-                 .arg(date, tps));
+        app->db.append_row(QStringLiteral("Liffn"),
+                           {{"Code_epreuve", code}, {"Code_club", kClub}, {"Num_Lic", num}, {"Type_bassin", bassin},
+                            {"Date_perf", date}, {"Tps", tps.toDouble()}, {"Lieu", "Rennes"}},
+                           QStringLiteral("Num_Lic"));
     }
 
     QString compet;

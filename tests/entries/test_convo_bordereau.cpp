@@ -1,8 +1,5 @@
-// The entry slip on a real base and the real "bor_engag" template: the
-// individual section (team headings by number, sex and mixed flag, the name
-// once per swimmer, blank times), the relays with their swimmers written in a
-// second pass, the slip printed from the competition list, and the failures
-// that print nothing.
+// The entry slip and the convocations on a real base and the real templates,
+// printed from the competition list, and the failures that print nothing.
 
 #include "src/competitions/handoff.h"
 #include "src/entries/convo_bordereau.h"
@@ -18,93 +15,78 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 using namespace plouvarine;
+using namespace Qt::Literals::StringLiterals;
 using plouvarine::testing::expect_golden;
 
 namespace {
+
+// Overwrites the template `name` with what is no RTF.
+void damage(AppContext& app, const QString& name)
+{
+    QFile damaged(template_path(app, name));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write("pas du RTF");
+}
+// The places of a relay: the swimmers first, then the null licence up to the
+// ninth place, then `tenth`.
+QStringList with_tenth(QStringList places, const QString& nulle, const QString& tenth)
+{
+    while (places.size() < 9)
+        places << nulle;
+    return places << tenth;
+}
 
 class Bordereau : public plouvarine::testing::EntriesBase {
 protected:
     void SetUp() override
     {
         EntriesBase::SetUp();
-        app->state.club_name = QStringLiteral("Brest Natation");
-        exec(QStringLiteral("UPDATE Rcomp SET Fin = '20250406', Lieu = 'Quimper' WHERE AutoNum = ") + compet);
+        app->state.club_name = u"Brest Natation"_s;
+        exec(u"UPDATE Rcomp SET Fin = '20250406', Lieu = 'Quimper' WHERE AutoNum = "_s + compet);
         install_template_component();
-    }
-    // A relay time in the base's canonical form.
-    void relay_time(int code, int number, const QString& tps)
-    {
-        exec(QStringLiteral("UPDATE Relais SET Tps = %1 WHERE Code_epreuve = %2 AND Num_Lic = %3")
-                 .arg(tps)
-                 .arg(code)
-                 .arg(number));
-    }
-    // The lines of the printed slip from the heading "Engagements individuels" on.
-    QStringList body() const
-    {
-        const QString text = ui.printed.back().text;
-        return text.mid(text.indexOf(QStringLiteral("Engagements individuels"))).split(u'\n');
     }
 };
 
 TEST_F(Bordereau, TheSlipOfSeveralTeamsMatchesItsReference)
 {
     plouvarine::testing::ensure_gui_application();
-    const QString martin = swimmer(QStringLiteral("Martin"), QStringLiteral("F"), QStringLiteral("Léa"));
-    const QString bernard = swimmer(QStringLiteral("Bernard"), QStringLiteral("F"), QStringLiteral("Yvonne"));
-    const QString artagnan = swimmer(QStringLiteral("D'Artagnan"), QStringLiteral("M"), QStringLiteral("Charles"));
-    const QString legall = swimmer(QStringLiteral("Le Gall-Kerhervé-Quéméneur"), QStringLiteral("M"),
-                                   QStringLiteral("Jean-Baptiste-Marie"));
-    const QString durand = swimmer(QStringLiteral("Durand"), QStringLiteral("M"), QStringLiteral("Paul"));
-    // Individual: three events of one swimmer, a time of 0.
-    entry(martin, 2, 0, false, QStringLiteral("1.0512"));
-    entry(martin, 1, 0, false, QStringLiteral("0.2934"));
-    entry(martin, 11, 0, false, QStringLiteral("0.3456"));
-    entry(durand, 51, 0, false, QStringLiteral("0"));
+    const QString martin = swimmer("Martin", "F", "Léa");
+    const QString bernard = swimmer("Bernard", "F", "Yvonne");
+    const QString artagnan = swimmer("D'Artagnan", "M", "Charles");
+    const QString legall = swimmer("Le Gall-Kerhervé-Quéméneur", "M", "Jean-Baptiste-Marie");
+    const QString durand = swimmer("Durand", "M", "Paul");
+    // Individual: three events of one swimmer (the name once), a time of 0.
+    entry(martin, 2, 0, false, "1.0512");
+    entry(martin, 1, 0, false, "0.2934");
+    entry(martin, 11, 0, false, "0.3456");
+    entry(durand, 51, 0, false, "0");
     // Team 1: men, women and mixed are three headings; team 2 a fourth.
-    entry(artagnan, 61, 1, false, QStringLiteral("0.3101"));
-    entry(artagnan, 51, 1, false, QStringLiteral("0.2512"));
-    entry(bernard, 1, 1, false, QStringLiteral("0.3010"));
-    entry(legall, 52, 1, true, QStringLiteral("10.0005"));
-    entry(durand, 52, 2, false, QStringLiteral("0.5899"));
+    entry(artagnan, 61, 1, false, "0.3101");
+    entry(artagnan, 51, 1, false, "0.2512");
+    entry(bernard, 1, 1, false, "0.3010");
+    entry(legall, 52, 1, true, "10.0005");
+    entry(durand, 52, 2, false, "0.5899");
     // Relays: one with swimmers and a time, one with all places empty and no
     // time, a mixed one whose last swimmer stands in place 10.
     relay(8, 1, 1, false, {martin, bernard});
-    relay_time(8, 1, QStringLiteral("2.1234"));
+    exec("UPDATE Relais SET Tps = 2.1234 WHERE Code_epreuve = 8 AND Num_Lic = 1");
     relay(8, 2, 1, false);
-    QStringList places{artagnan, martin};
-    while (places.size() < 9)
-        places << app->state.num_lic_nulle;
-    places << legall;
-    relay(46, 1, 1, true, places);
+    relay(46, 1, 1, true, with_tenth({artagnan, martin}, app->state.num_lic_nulle, legall));
 
-    ui.print_pdf = work_file(QStringLiteral("bordereau.pdf"));
+    ui.print_pdf = work_file(u"bordereau.pdf"_s);
     install_print_handoff();
     competition_chosen(*app, QString(keyword::kImprimBordereau), compet);
     ASSERT_EQ(ui.printed.size(), 1u) << messages().join(u'\n').toStdString();
-    EXPECT_EQ(ui.printed[0].title, QStringLiteral("Bordereau d'engagements"));
-    expect_golden(QStringLiteral("entries"), QStringLiteral("bordereau.txt"), ui.printed[0].text.toUtf8());
-    // The name stands once over the three events; the columns line up.
-    const QStringList lines = body();
-    const int first = int(lines.indexOf(QRegularExpression(QStringLiteral("^Martin .*"))));
-    ASSERT_GE(first, 0);
-    EXPECT_TRUE(lines.at(first + 1).startsWith(QString(55, u' ')));
-    EXPECT_TRUE(lines.at(first + 2).startsWith(QString(55, u' ')));
-    EXPECT_EQ(lines.at(first).size(), lines.at(first + 1).size());
-    // Team 1 men, women and mixed, and the women's and mixed relays.
-    EXPECT_EQ(lines.filter(QStringLiteral("Equipe 1 ")).size(), 5);
+    EXPECT_EQ(ui.printed[0].title, u"Bordereau d'engagements"_s);
+    expect_golden(u"entries"_s, u"bordereau.txt"_s, ui.printed[0].text.toUtf8());
     for (const char* step : {"Chargement du modèle", "Ecriture engagements par nageur", "Ecriture engagements par relais",
                              "Impression"})
         EXPECT_TRUE(ui.status_history.contains(QString::fromUtf8(step))) << step;
 
-    // The relay swimmers are in the small size, the rest of the section in
-    // the template's fixed-width font.
-    const QString html = ui.printed[0].html;
-    EXPECT_TRUE(html.contains(QStringLiteral("font-size:8pt")));
-    EXPECT_FALSE(ui.printed[0].text.contains(QStringLiteral("<BALISE")));
+    // The relay swimmers are in the small size.
+    EXPECT_TRUE(ui.printed[0].html.contains(u"font-size:8pt"_s));
     // The printed slip, rendered as a reader sees it: pages with ink on them.
     const auto pages = plouvarine::testing::render_pdf(ui.print_pdf);
     ASSERT_GE(pages.size(), 1u);
@@ -116,46 +98,39 @@ TEST_F(Bordereau, AnEmptyCompetitionLosesBothTagsAndEveryHeading)
 {
     ASSERT_TRUE(ImprimerBordereau(*app, compet));
     const QString text = ui.printed.back().text;
-    EXPECT_FALSE(text.contains(tags::kEngagIndiv));
-    EXPECT_FALSE(text.contains(tags::kEngagRelais));
-    EXPECT_FALSE(text.contains(QStringLiteral("Equipe")));
-    EXPECT_FALSE(text.contains(QStringLiteral("Individuel")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Interclubs")));
+    for (const QString& absent : {tags::kEngagIndiv, tags::kEngagRelais, u"Equipe"_s, u"Individuel"_s})
+        EXPECT_FALSE(text.contains(absent)) << absent.toStdString();
+    EXPECT_TRUE(text.contains(u"Interclubs"_s));
     // Entries of another profile are not this club's slip.
-    const QString anne = swimmer(QStringLiteral("Autre"), QStringLiteral("F"));
-    exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, "
-                        "Tps_engagement) VALUES (%1, 2, 1, %2, 0, false, 0.3)")
-             .arg(compet, anne));
+    exec(u"INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic, Num_equipe, Equipe_mixte, "
+         "Tps_engagement) VALUES (%1, 2, 1, %2, 0, false, 0.3)"_s.arg(compet, swimmer("Autre", "F")));
     ASSERT_TRUE(ImprimerBordereau(*app, compet));
-    EXPECT_FALSE(ui.printed.back().text.contains(QStringLiteral("Autre")));
+    EXPECT_FALSE(ui.printed.back().text.contains(u"Autre"_s));
 }
 
 TEST_F(Bordereau, ATemplateWithoutTagsPrintsItsTextAndABadOneNothing)
 {
-    const QString anne = swimmer(QStringLiteral("Martin"), QStringLiteral("F"));
+    const QString anne = swimmer("Martin", "F");
     entry(anne, 1, 0, false);
     relay(8, 1, 1, false, {anne});
     // An edited template without the tags: the entries go nowhere, no error.
     ASSERT_TRUE(QDir().mkpath(templates_folder(*app)));
     RichBox edited;
-    edited.write(QStringLiteral("Bordereau du club ") + tags::kNomClub);
-    ASSERT_TRUE(edited.SaveFile(template_path(*app, QStringLiteral("bor_engag"))));
+    edited.write(u"Bordereau du club "_s + tags::kNomClub);
+    ASSERT_TRUE(edited.SaveFile(template_path(*app, u"bor_engag"_s)));
     ASSERT_TRUE(ImprimerBordereau(*app, compet));
-    EXPECT_EQ(ui.printed.back().text, QStringLiteral("Bordereau du club Brest Natation"));
+    EXPECT_EQ(ui.printed.back().text, u"Bordereau du club Brest Natation"_s);
     EXPECT_TRUE(ui.messages.empty());
 
     // A damaged template is named, and nothing is printed.
-    QFile damaged(template_path(*app, QStringLiteral("bor_engag")));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    damaged.write("pas du RTF");
-    damaged.close();
+    damage(*app, u"bor_engag"_s);
     EXPECT_FALSE(ImprimerBordereau(*app, compet));
     EXPECT_EQ(ui.printed.size(), 1u);
     ASSERT_FALSE(ui.messages.empty());
-    EXPECT_TRUE(ui.messages.back().text.contains(QStringLiteral("bor_engag")));
+    EXPECT_TRUE(ui.messages.back().text.contains(u"bor_engag"_s));
 
     // Cancelling the printer choice prints nothing either.
-    ASSERT_TRUE(QFile::remove(template_path(*app, QStringLiteral("bor_engag"))));
+    ASSERT_TRUE(QFile::remove(template_path(*app, u"bor_engag"_s)));
     ui.print_answer = false;
     EXPECT_FALSE(ImprimerBordereau(*app, compet));
     EXPECT_EQ(ui.printed.size(), 1u);
@@ -163,29 +138,28 @@ TEST_F(Bordereau, ATemplateWithoutTagsPrintsItsTextAndABadOneNothing)
 
 TEST_F(Bordereau, ASelectionOfSeveralClubsNamesItsRelaySwimmers)
 {
-    exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2229000001', 'Quimper Natation')"));
-    const QString local = swimmer(QStringLiteral("Kerleroux"), QStringLiteral("F"), QStringLiteral("Maï"));
-    const QString guest = swimmer(QStringLiteral("Tanguy"), QStringLiteral("F"), QStringLiteral("Nolwenn"));
-    exec(QStringLiteral("UPDATE Licence SET Code_Club = 'FRA2229000001' WHERE Num = ") + guest);
-    exec(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2), ('%1', %3)").arg(kClub, local, guest));
+    exec("INSERT INTO Club (Code_federal, Intitule) VALUES ('FRA2229000001', 'Quimper Natation')");
+    const QString local = swimmer("Kerleroux", "F", "Maï");
+    const QString guest = swimmer("Tanguy", "F", "Nolwenn");
+    exec("UPDATE Licence SET Code_Club = 'FRA2229000001' WHERE Num = " + guest);
+    exec(u"INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2), ('%1', %3)"_s.arg(kClub, local, guest));
     app->state.club_selection = true;
     relay(8, 1, 1, false, {local, guest});
     ASSERT_TRUE(ImprimerBordereau(*app, compet)) << messages().join(u'\n').toStdString();
-    const QString text = ui.printed.back().text;
-    EXPECT_TRUE(text.contains(QStringLiteral("\tKerleroux Maï (KERLEROUX)\n\tTanguy Nolwenn (TANGUY)\n")));
+    EXPECT_TRUE(ui.printed.back().text.contains(u"\tKerleroux Maï (KERLEROUX)\n\tTanguy Nolwenn (TANGUY)\n"_s));
 }
 
 TEST(BordereauColumns, PaddingCutsAndFills)
 {
-    EXPECT_EQ(Completer(QStringLiteral("200m papillon Messieurs"), 17), QStringLiteral("200m papillon Mes"));
-    EXPECT_EQ(Completer(QStringLiteral("ab"), 4), QStringLiteral("ab  "));
-    EXPECT_EQ(Completer(QStringLiteral("ab"), 4, QString()), QStringLiteral("ab  "));
-    EXPECT_EQ(CompleterGauche(QStringLiteral("29.34"), 8), QStringLiteral("   29.34"));
-    EXPECT_EQ(CompleterGauche(QStringLiteral("7"), 3, QStringLiteral("0")), QStringLiteral("007"));
-    EXPECT_EQ(LibelleEquipe(QStringLiteral("0"), true, QStringLiteral("M")), QStringLiteral("Individuel"));
-    EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), true, QStringLiteral("M")), QStringLiteral("Mixte"));
-    EXPECT_EQ(LibelleEquipe(QStringLiteral("1"), false, QStringLiteral("M")), QStringLiteral("Homme"));
-    EXPECT_EQ(LibelleEquipe(QStringLiteral("2"), false, QString()), QStringLiteral("Femme"));
+    EXPECT_EQ(Completer(u"200m papillon Messieurs"_s, 17), u"200m papillon Mes"_s);
+    EXPECT_EQ(Completer(u"ab"_s, 4), u"ab  "_s);
+    EXPECT_EQ(Completer(u"ab"_s, 4, QString()), u"ab  "_s);
+    EXPECT_EQ(CompleterGauche(u"29.34"_s, 8), u"   29.34"_s);
+    EXPECT_EQ(CompleterGauche(u"7"_s, 3, u"0"_s), u"007"_s);
+    EXPECT_EQ(LibelleEquipe(u"0"_s, true, u"M"_s), u"Individuel"_s);
+    EXPECT_EQ(LibelleEquipe(u"1"_s, true, u"M"_s), u"Mixte"_s);
+    EXPECT_EQ(LibelleEquipe(u"1"_s, false, u"M"_s), u"Homme"_s);
+    EXPECT_EQ(LibelleEquipe(u"2"_s, false, QString()), u"Femme"_s);
 }
 
 }  // namespace
@@ -199,23 +173,23 @@ protected:
     void SetUp() override
     {
         EntriesBase::SetUp();
-        app->state.club_name = QStringLiteral("Brest Natation");
+        app->state.club_name = u"Brest Natation"_s;
         const QString pool = app->db.append_row(
-            QStringLiteral("Piscine"),
+            u"Piscine"_s,
             {{"Nom", "Piscine de Kerhallet"}, {"Adresse", "Rue d'Ouessant"}, {"Code_Postal", "29200"},
              {"Ville", "Brest"}},
-            QStringLiteral("Num"));
-        exec(QStringLiteral("UPDATE Rcomp SET Fin = '20250406', Lieu = 'Brest', Num_Piscine = %1 WHERE AutoNum = %2")
+            u"Num"_s);
+        exec(u"UPDATE Rcomp SET Fin = '20250406', Lieu = 'Brest', Num_Piscine = %1 WHERE AutoNum = %2"_s
                  .arg(pool, compet));
         install_template_component();
-        artagnan = swimmer(QStringLiteral("D'Artagnan"), QStringLiteral("M"), QStringLiteral("Charles"));
-        martin = swimmer(QStringLiteral("Martin"), QStringLiteral("F"), QStringLiteral("Léa"));
+        artagnan = swimmer("D'Artagnan", "M", "Charles");
+        martin = swimmer("Martin", "F", "Léa");
         member(artagnan, 0, false);
         member(martin, 1, true);
     }
     void programme(int code, int day, int order)
     {
-        exec(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)")
+        exec(u"INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %3, %4)"_s
                  .arg(compet)
                  .arg(code)
                  .arg(day)
@@ -233,13 +207,10 @@ protected:
 
 TEST_F(Convocation, OneLetterMatchesItsReference)
 {
-    entry(artagnan, 51, 0, false, QStringLiteral("0.2512"));
-    entry(artagnan, 61, 1, true, QStringLiteral("0"));
-    QStringList places{martin};
-    while (places.size() < 9)
-        places << app->state.num_lic_nulle;
-    places << artagnan;  // the tenth place
-    relay(46, 2, 1, true, places);
+    entry(artagnan, 51, 0, false, "0.2512");
+    entry(artagnan, 61, 1, true, "0");
+    // The relay is found through its tenth place.
+    relay(46, 2, 1, true, with_tenth({martin}, app->state.num_lic_nulle, artagnan));
     programme(61, 2, 1);
     programme(51, 1, 2);
     programme(1, 1, 1);
@@ -247,36 +218,32 @@ TEST_F(Convocation, OneLetterMatchesItsReference)
 
     FrmConvocation* view = open();
     ASSERT_NE(view, nullptr);
-    EXPECT_EQ(view->title(), QStringLiteral("Impression des convocations"));
+    EXPECT_EQ(view->title(), u"Impression des convocations"_s);
     ASSERT_EQ(view->lsv_nageurs().rowCount(), 2);
-    EXPECT_EQ(view->lsv_nageurs().item(0, 0)->text(), QStringLiteral("D'Artagnan"));
+    EXPECT_EQ(view->lsv_nageurs().item(0, 0)->text(), u"D'Artagnan"_s);
     EXPECT_FALSE(view->cmd1());  // nothing ticked: nothing printed, nothing said
     EXPECT_TRUE(ui.printed.empty());
     EXPECT_TRUE(ui.messages.empty());
 
-    view->rich.write(QStringLiteral("Rendez-vous à 8h ") + QString(10000, u'x'));
+    view->rich.write(u"Rendez-vous à 8h "_s + QString(10000, u'x'));
     view->rich.select(0, 11);
     view->cmd_text(0);
     view->Chk_prog = true;
     view->chk_reponse = true;
-    view->txt_description = {QStringLiteral("2"), QStringLiteral("4"), QStringLiteral("2025")};
+    view->txt_description = {u"2"_s, u"4"_s, u"2025"_s};
     view->set_checked(0, true);
     ASSERT_TRUE(view->cmd1());
     ASSERT_EQ(ui.printed.size(), 1u);
-    const QString text = ui.printed[0].text;
-    expect_golden(QStringLiteral("entries"), QStringLiteral("convocation.txt"), text.toUtf8());
-    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Impression de la convocation de D'Artagnan Charles")));
-    EXPECT_EQ(text.count(kCiseaux), 2);
-    EXPECT_TRUE(text.contains(QStringLiteral("Réponse souhaitée avant : 2 avril 2025")));
-    // The relay is found through its tenth place; the message keeps its bold.
-    EXPECT_TRUE(text.contains(QStringLiteral("4x100m n.l. Mixte")));
-    EXPECT_TRUE(ui.printed[0].html.contains(QStringLiteral("font-weight:700")));
+    expect_golden(u"entries"_s, u"convocation.txt"_s, ui.printed[0].text.toUtf8());
+    EXPECT_TRUE(ui.status_history.contains(u"Impression de la convocation de D'Artagnan Charles"_s));
+    // The message keeps its bold.
+    EXPECT_TRUE(ui.printed[0].html.contains(u"font-weight:700"_s));
 }
 
 TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
 {
     relay(46, 1, 1, true, {martin, artagnan});
-    exec(QStringLiteral("UPDATE Rcomp SET Num_Piscine = 999 WHERE AutoNum = ") + compet);
+    exec(u"UPDATE Rcomp SET Num_Piscine = 999 WHERE AutoNum = "_s + compet);
     programme(1, 1, 1);
     FrmConvocation* view = open();
     ASSERT_NE(view, nullptr);
@@ -284,42 +251,38 @@ TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
     EXPECT_TRUE(view->checked(0) && view->checked(1));
     view->set_checked(0, false);
     EXPECT_TRUE(view->chk_all());  // a row's box leaves "Sélectionner tous" alone
-    view->txt_description = {QStringLiteral("31"), QStringLiteral("4"), QStringLiteral("2025")};
+    view->txt_description = {u"31"_s, u"4"_s, u"2025"_s};
     ASSERT_TRUE(view->cmd1());
     const QString text = ui.printed.back().text;
-    EXPECT_TRUE(text.contains(QStringLiteral("Martin Léa")));
-    EXPECT_FALSE(text.contains(QStringLiteral("D'Artagnan Charles")));
-    EXPECT_TRUE(text.contains(QStringLiteral(" 4x100m n.l. Mixte                 1          1  X")));
-    EXPECT_FALSE(text.contains(kCiseaux));
-    EXPECT_FALSE(text.contains(QStringLiteral("Programme :")));
-    EXPECT_FALSE(text.contains(QStringLiteral("50m n.l. Dames")));
-    EXPECT_FALSE(text.contains(QStringLiteral("<")));  // every tag replaced or emptied
-    EXPECT_TRUE(text.contains(QStringLiteral("Interclubs")));
+    EXPECT_TRUE(text.contains(u"Martin Léa"_s));
+    EXPECT_FALSE(text.contains(u"D'Artagnan Charles"_s));
+    EXPECT_TRUE(text.contains(u" 4x100m n.l. Mixte                 1          1  X"_s));
+    // No coupon, no programme, no individual entry, every tag replaced or emptied.
+    for (const QString& absent : {kCiseaux, u"Programme :"_s, u"50m n.l. Dames"_s, u"<"_s})
+        EXPECT_FALSE(text.contains(absent)) << absent.toStdString();
+    EXPECT_TRUE(text.contains(u"Interclubs"_s));
 
     // Both ticked: two letters, the second on a page of its own.
     view->set_checked(0, true);
     ASSERT_TRUE(view->cmd1());
-    EXPECT_EQ(ui.printed.back().text.count(QStringLiteral("Convocation\n")), 2);
-    EXPECT_TRUE(ui.printed.back().html.contains(QStringLiteral("page-break-before:always")));
+    EXPECT_EQ(ui.printed.back().text.count(u"Convocation\n"_s), 2);
+    EXPECT_TRUE(ui.printed.back().html.contains(u"page-break-before:always"_s));
 
     // The club's letterhead: its logo in each letter, its header filled for every page.
     const QByteArray logo = plouvarine::testing::solid_png(8, 4, Qt::darkBlue).toHex();
-    QFile letterhead(template_path(*app, QStringLiteral("convo")));
+    QFile letterhead(template_path(*app, u"convo"_s));
     ASSERT_TRUE(letterhead.open(QIODevice::WriteOnly | QIODevice::Truncate));
     letterhead.write("{\\rtf1\\ansi{\\header {\\pict\\pngblip " + logo + "} <NOM_CLUB>\\par}{\\pict\\pngblip"
                      "\\picwgoal600\\pichgoal300 " + logo + "}Convocation\\par <NAGEUR>\\par}");
     letterhead.close();
     ASSERT_TRUE(view->cmd1());
-    EXPECT_EQ(ui.printed.back().text.count(QStringLiteral("Convocation\n")), 2);
-    EXPECT_EQ(ui.printed.back().html.count(QStringLiteral("<img src=\"picture:")), 2);
+    EXPECT_EQ(ui.printed.back().text.count(u"Convocation\n"_s), 2);
+    EXPECT_EQ(ui.printed.back().html.count(u"<img src=\"picture:"_s), 2);
     EXPECT_TRUE(ui.printed.back().header.contains(app->state.club_name));
     EXPECT_FALSE(ui.printed.back().header.contains(QLatin1Char('<')));
 
     // A damaged template: named, and nothing printed.
-    QFile damaged(template_path(*app, QStringLiteral("convo")));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    damaged.write("pas du RTF");
-    damaged.close();
+    damage(*app, u"convo"_s);
     const size_t before = ui.printed.size();
     EXPECT_FALSE(view->cmd1());
     EXPECT_EQ(ui.printed.size(), before);
@@ -328,24 +291,24 @@ TEST_F(Convocation, RelaysOnlyNoCouponNoProgrammeNoPool)
 TEST_F(Convocation, OnePdfPerSwimmerNamedWithoutClashAndStoppable)
 {
     plouvarine::testing::ensure_gui_application();
-    exec(QStringLiteral("UPDATE Rcomp SET Nom = 'Meeting/Été' WHERE AutoNum = ") + compet);
-    entry(artagnan, 51, 0, false, QStringLiteral("0.2512"));
+    exec(u"UPDATE Rcomp SET Nom = 'Meeting/Été' WHERE AutoNum = "_s + compet);
+    entry(artagnan, 51, 0, false, "0.2512");
     FrmConvocation* view = open();
     ASSERT_NE(view, nullptr);
     view->set_chk_all(true);
     EXPECT_EQ(view->cmd_pdf(), 0);  // the folder choice cancelled
-    EXPECT_EQ(ui.folder_prompts, QStringList{QStringLiteral("Dossier des convocations")});
+    EXPECT_EQ(ui.folder_prompts, QStringList{u"Dossier des convocations"_s});
 
-    const QString folder = work_file(QStringLiteral("convocations"));
+    const QString folder = work_file(u"convocations"_s);
     ASSERT_TRUE(QDir().mkpath(folder));
-    const QString taken = folder + QStringLiteral("/D'Artagnan Charles - Meeting_Été.pdf");
+    const QString taken = folder + u"/D'Artagnan Charles - Meeting_Été.pdf"_s;
     QFile existing(taken);
     ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
     existing.close();
     ui.folders.push_back(folder);
     ASSERT_EQ(view->cmd_pdf(), 2);
-    EXPECT_EQ(ui.pdfs, (QStringList{folder + QStringLiteral("/D'Artagnan Charles - Meeting_Été (2).pdf"),
-                                    folder + QStringLiteral("/Martin Léa - Meeting_Été.pdf")}));
+    EXPECT_EQ(ui.pdfs, (QStringList{folder + u"/D'Artagnan Charles - Meeting_Été (2).pdf"_s,
+                                    folder + u"/Martin Léa - Meeting_Été.pdf"_s}));
     EXPECT_EQ(QFileInfo(taken).size(), 0);  // the file that was there is left alone
     for (const QString& path : ui.pdfs) {
         const auto pages = plouvarine::testing::render_pdf(path);
@@ -360,8 +323,8 @@ TEST_F(Convocation, OnePdfPerSwimmerNamedWithoutClashAndStoppable)
     ui.folders.push_back(folder);
     EXPECT_EQ(view->cmd_pdf(), 1);
     EXPECT_EQ(ui.pdfs.size(), 1);
-    EXPECT_TRUE(ui.pdfs[0].endsWith(QStringLiteral("Meeting_Été (3).pdf")));
-    EXPECT_TRUE(ui.status_history.contains(QStringLiteral("Opérations annulées")));
+    EXPECT_TRUE(ui.pdfs[0].endsWith(u"Meeting_Été (3).pdf"_s));
+    EXPECT_TRUE(ui.status_history.contains(u"Opérations annulées"_s));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// Entry models on a real base: taken from a competition's entries through the
-// model list, applied to other competitions, overwritten or not, deleted with
-// an undo; and the programme window's way to the programme models.
+// Entry models taken from a competition, applied, overwritten, deleted with an
+// undo; and the programme window's way to the programme models.
 
 #include "entries/entries_test_base.h"
 #include "src/competitions/frm_prog.h"

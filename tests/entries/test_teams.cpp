@@ -1,34 +1,31 @@
-// Teams on a real base: the counts and their field rule, the names of
-// cbo_team, a lowered count sending swimmers, entries and relays of the teams
-// above it back to individual by sex, and the undo of a whole pass through
-// the snapshots and the work tables. The model tables run the same statements.
+// Teams on a real base: the counts and the team names, a lowered count sending
+// the teams above it back to individual, and the undo of a whole pass.
 
 #include "src/entries/teams.h"
 #include "src/licences/removed_swimmers.h"
 #include "entries_test_base.h"
 
 using namespace plouvarine;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 class Teams : public plouvarine::testing::EntriesBase {
 protected:
-    EntryScope scope() const { return EntryScope::competition(compet, QStringLiteral("1")); }
+    EntryScope scope() const { return EntryScope::competition(compet, "1"); }
 
     QStringList swimmers()
     {
-        return dump(QStringLiteral("select Num_Lic, Equipe, Equipe_m from Engag_nageur where Num_compet = ") + compet +
-                    QStringLiteral(" order by Num_Lic"));
+        return dump(u"select Num_Lic, Equipe, Equipe_m from Engag_nageur where Num_compet = "_s + compet +
+                    u" order by Num_Lic"_s);
     }
-    QStringList entries()
+    // The team members, entries and relays of the competition.
+    QStringList snapshot()
     {
-        return dump(QStringLiteral("select * from Engag where Num_compet = ") + compet +
-                    QStringLiteral(" order by Num_Lic, Code_epreuve"));
-    }
-    QStringList relays()
-    {
-        return dump(QStringLiteral("select * from Relais where Num_compet = ") + compet +
-                    QStringLiteral(" order by Code_epreuve, Num_equipe, Equipe_mixte, Num_Lic"));
+        return swimmers() +
+               dump("select * from Engag where Num_compet = " + compet + " order by Num_Lic, Code_epreuve") +
+               dump("select * from Relais where Num_compet = " + compet +
+                    " order by Code_epreuve, Num_equipe, Equipe_mixte, Num_Lic");
     }
 
     // Three men's, three women's and two mixed teams; a man and a woman in
@@ -37,11 +34,11 @@ protected:
     void interclubs()
     {
         ASSERT_TRUE(apply_counts(*app, scope(), {3, 3, 2}));
-        man1 = swimmer(QStringLiteral("Abgrall"), QStringLiteral("M"));
-        man3 = swimmer(QStringLiteral("Bothorel"), QStringLiteral("M"));
-        woman3 = swimmer(QStringLiteral("Cadiou"), QStringLiteral("F"));
-        mixed_w = swimmer(QStringLiteral("Derrien"), QStringLiteral("F"));
-        mixed_m = swimmer(QStringLiteral("Even"), QStringLiteral("M"));
+        man1 = swimmer("Abgrall", "M");
+        man3 = swimmer("Bothorel", "M");
+        woman3 = swimmer("Cadiou", "F");
+        mixed_w = swimmer("Derrien", "F");
+        mixed_m = swimmer("Even", "M");
         member(man1, 1, false);
         member(man3, 3, false);
         member(woman3, 3, false);
@@ -63,16 +60,16 @@ protected:
     void begin_pass()
     {
         snap_pass(*app, scope());
-        ASSERT_TRUE(CopierEtat(*app, QStringLiteral("Engag_tempo"), QStringLiteral("Engag"), QStringLiteral("1"), compet));
-        ASSERT_TRUE(CopierEtat(*app, QStringLiteral("Relais_tempo"), QStringLiteral("Relais"), QStringLiteral("1"), compet));
+        ASSERT_TRUE(CopierEtat(*app, u"Engag_tempo"_s, u"Engag"_s, u"1"_s, compet));
+        ASSERT_TRUE(CopierEtat(*app, u"Relais_tempo"_s, u"Relais"_s, u"1"_s, compet));
     }
     // Command 1 of the entries: everything back as the pass found it.
     void undo_pass()
     {
         undo_team_pass(*app, scope());
-        EffacerTable(*app, QStringLiteral("Engag"), scope().key_where());
-        ASSERT_TRUE(CopierEtat(*app, QStringLiteral("Engag"), QStringLiteral("Engag_tempo"), QStringLiteral("1"), compet));
-        ASSERT_TRUE(CopierEtat(*app, QStringLiteral("Relais"), QStringLiteral("Relais_tempo"), QStringLiteral("1"), compet));
+        EffacerTable(*app, u"Engag"_s, scope().key_where());
+        ASSERT_TRUE(CopierEtat(*app, u"Engag"_s, u"Engag_tempo"_s, u"1"_s, compet));
+        ASSERT_TRUE(CopierEtat(*app, u"Relais"_s, u"Relais_tempo"_s, u"1"_s, compet));
     }
 
     QString man1, man3, woman3, mixed_w, mixed_m;
@@ -81,35 +78,31 @@ protected:
 TEST_F(Teams, CountsFollowTheFieldRuleAndNameTheTeams)
 {
     EXPECT_EQ(read_counts(*app, scope()), (TeamCounts{0, 0, 0}));  // no row yet
-    EXPECT_EQ(team_list({}), QStringList{QStringLiteral("Individuel")});
+    EXPECT_EQ(team_list({}), QStringList{u"Individuel"_s});
 
-    EXPECT_EQ(count_from_field(QStringLiteral("60")), 49);
+    EXPECT_EQ(count_from_field(u"60"_s), 49);
     EXPECT_EQ(count_from_field(QString()), 0);
-    EXPECT_EQ(count_from_field(QStringLiteral("7")), 7);
+    EXPECT_EQ(count_from_field(u"7"_s), 7);
     ASSERT_TRUE(apply_counts(*app, scope(), {60, 2, 1}));
     EXPECT_EQ(read_counts(*app, scope()), (TeamCounts{49, 2, 1}));
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_equipe where Num_compet = ") + compet), 1);
+    EXPECT_EQ(count(u"select count(*) from Engag_equipe where Num_compet = "_s + compet), 1);
     // A count written as 60 into the base by another hand still reads 49.
-    exec(QStringLiteral("update Engag_equipe set Eq_Homme = 60, Eq_Femme = 1"));
+    exec(u"update Engag_equipe set Eq_Homme = 60, Eq_Femme = 1"_s);
     const QStringList names = team_list(read_counts(*app, scope()));
     ASSERT_EQ(names.size(), 1 + 49 + 1 + 1);
-    EXPECT_EQ(names.at(1), QStringLiteral("Equipe 1 Homme"));
-    EXPECT_EQ(names.at(49), QStringLiteral("Equipe 49 Homme"));
-    EXPECT_EQ(names.at(50), QStringLiteral("Equipe 1 Femme"));
-    EXPECT_EQ(names.at(51), QStringLiteral("Equipe 1 Mixte"));
+    EXPECT_EQ(names.mid(0, 2), (QStringList{"Individuel", "Equipe 1 Homme"}));
+    EXPECT_EQ(names.mid(49), (QStringList{"Equipe 49 Homme", "Equipe 1 Femme", "Equipe 1 Mixte"}));
 
-    for (const QString& name : names) {
-        const Team team = parse_team(name);
-        EXPECT_EQ(team_name(team), name);
-    }
-    const Team women2 = parse_team(QStringLiteral("Equipe 2 Femme"));
-    EXPECT_EQ(women2.number, 2);
-    EXPECT_FALSE(women2.mixed);
-    EXPECT_EQ(women2.sex, QStringLiteral("F"));
-    const Team mixed = parse_team(QStringLiteral("Equipe 12 Mixte"));
-    EXPECT_TRUE(mixed.mixed);
-    EXPECT_TRUE(mixed.sex.isEmpty());
-    EXPECT_TRUE(parse_team(QStringLiteral("Individuel")).individual());
+    for (const QString& name : names)
+        EXPECT_EQ(team_name(parse_team(name)), name);
+    // "number mixed sex"
+    const auto parsed = [](const QString& name) {
+        const Team t = parse_team(name);
+        return u"%1 %2 %3"_s.arg(t.number).arg(t.mixed).arg(t.sex);
+    };
+    EXPECT_EQ(parsed(u"Equipe 2 Femme"_s), u"2 0 F"_s);
+    EXPECT_EQ(parsed(u"Equipe 12 Mixte"_s), u"12 1 "_s);
+    EXPECT_TRUE(parse_team(u"Individuel"_s).individual());
 }
 
 TEST_F(Teams, LoweredCountsSendTheTeamsAboveToIndividualBySex)
@@ -119,8 +112,8 @@ TEST_F(Teams, LoweredCountsSendTheTeamsAboveToIndividualBySex)
 
     // Men of team 3 and the mixed team 2 are individual; the woman of team 3
     // and the man of team 1 keep their teams.
-    EXPECT_EQ(swimmers(), (QStringList{man1 + ":1:Faux", man3 + ":0:Faux", woman3 + ":3:Faux",
-                                       mixed_w + ":0:Faux", mixed_m + ":0:Faux"}));
+    EXPECT_EQ(swimmers(), (QStringList{man1 + ":1:Faux", man3 + ":0:Faux", woman3 + ":3:Faux", mixed_w + ":0:Faux",
+                                       mixed_m + ":0:Faux"}));
     EXPECT_EQ(dump(QStringLiteral("select Num_Lic, Code_epreuve, Num_equipe, Equipe_mixte from Engag order by "
                                   "Num_Lic, Code_epreuve")),
               (QStringList{man1 + ":52:1:Faux", man3 + ":53:0:Faux", woman3 + ":2:3:Faux"}));
@@ -135,20 +128,18 @@ TEST_F(Teams, LoweredCountsSendTheTeamsAboveToIndividualBySex)
 TEST_F(Teams, RaisingACountDeletesNothing)
 {
     interclubs();
-    const QStringList before_swimmers = swimmers(), before_entries = entries(), before_relays = relays();
+    const QStringList before = snapshot();
     ASSERT_TRUE(apply_counts(*app, scope(), {5, 4, 49}));
     ASSERT_TRUE(apply_counts(*app, scope(), {5, 4, 49}));
-    EXPECT_EQ(swimmers(), before_swimmers);
-    EXPECT_EQ(entries(), before_entries);
-    EXPECT_EQ(relays(), before_relays);
+    EXPECT_EQ(snapshot(), before);
 }
 
 TEST_F(Teams, UndoAfterAnySequenceOfCountsBringsEverythingBack)
 {
     interclubs();
-    AffecterEquipe(*app, scope(), man1, {2, false, QStringLiteral("M")});
-    exec(QStringLiteral("update Engag set Num_equipe = 2 where Num_Lic = ") + man1);
-    const QStringList before_swimmers = swimmers(), before_entries = entries(), before_relays = relays();
+    AffecterEquipe(*app, scope(), man1, {2, false, u"M"_s});
+    exec(u"update Engag set Num_equipe = 2 where Num_Lic = "_s + man1);
+    const QStringList before = snapshot();
     const TeamCounts before_counts = read_counts(*app, scope());
     begin_pass();
 
@@ -156,53 +147,48 @@ TEST_F(Teams, UndoAfterAnySequenceOfCountsBringsEverythingBack)
     AffecterEquipe(*app, scope(), woman3, {1, true, {}});
     ASSERT_TRUE(apply_counts(*app, scope(), {0, 0, 0}));
     ASSERT_TRUE(apply_counts(*app, scope(), {4, 1, 3}));
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Relais")), 0);
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag where Num_equipe > 0")), 0);
+    EXPECT_EQ(count(u"select count(*) from Relais"_s), 0);
+    EXPECT_EQ(count(u"select count(*) from Engag where Num_equipe > 0"_s), 0);
 
     undo_pass();
-    EXPECT_EQ(swimmers(), before_swimmers);
-    EXPECT_EQ(entries(), before_entries);
-    EXPECT_EQ(relays(), before_relays);
+    EXPECT_EQ(snapshot(), before);
     EXPECT_EQ(read_counts(*app, scope()), before_counts);
 
     // The end of the pass clears the snapshots and drops swimmers in no team.
     AffecterEquipe(*app, scope(), man3, {});
     end_team_pass(*app, scope());
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + man3), 0);
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Old_equipe <> 0 or Old_equipe_m <> 0")),
-              0);
-    EXPECT_EQ(value(QStringLiteral("select Old_Eq_Homme + Old_Eq_Femme + Old_Eq_Mixte from Engag_equipe")),
-              QStringLiteral("0"));
+    EXPECT_EQ(count(u"select count(*) from Engag_nageur where Num_Lic = "_s + man3), 0);
+    EXPECT_EQ(count(u"select count(*) from Engag_nageur where Old_equipe <> 0 or Old_equipe_m <> 0"_s), 0);
+    EXPECT_EQ(value(u"select Old_Eq_Homme + Old_Eq_Femme + Old_Eq_Mixte from Engag_equipe"_s), u"0"_s);
 }
 
 TEST_F(Teams, AModelRunsTheSameStatementsOnItsOwnTables)
 {
-    const QString model = app->db.append_row(QStringLiteral("Modele_engag"), {{"Nom_modele", "Interclubs"}},
-                                             QStringLiteral("NumAuto"));
+    const QString model = app->db.append_row(u"Modele_engag"_s, {{"Nom_modele", "Interclubs"}}, u"NumAuto"_s);
     const EntryScope m = EntryScope::model(model);
-    const QString man = swimmer(QStringLiteral("Abgrall"), QStringLiteral("M"));
-    const QString woman = swimmer(QStringLiteral("Cadiou"), QStringLiteral("F"));
+    const QString man = swimmer("Abgrall", "M");
+    const QString woman = swimmer("Cadiou", "F");
     ASSERT_TRUE(apply_counts(*app, m, {2, 2, 0}));
     for (const QString& num : {man, woman}) {
-        exec(QStringLiteral("INSERT INTO Engag_nageur_modele (Num_modele, Num_Lic) VALUES (%1, %2)").arg(model, num));
+        exec(u"INSERT INTO Engag_nageur_modele (Num_modele, Num_Lic) VALUES (%1, %2)"_s.arg(model, num));
         exec(QStringLiteral("INSERT INTO Engag_modele (Num_modele, Code_epreuve, Num_Lic, Num_equipe) "
                             "VALUES (%1, 2, %2, 2)")
                  .arg(model, num));
     }
-    AffecterEquipe(*app, m, man, {2, false, QStringLiteral("M")});
-    AffecterEquipe(*app, m, woman, {2, false, QStringLiteral("F")});
+    AffecterEquipe(*app, m, man, {2, false, u"M"_s});
+    AffecterEquipe(*app, m, woman, {2, false, u"F"_s});
     snap_pass(*app, m);
     relay(58, 1, 2, false);  // a competition's relay is no model's business
 
     ASSERT_TRUE(apply_counts(*app, m, {1, 2, 0}));
-    EXPECT_EQ(dump(QStringLiteral("select Num_Lic, Equipe from Engag_nageur_modele order by Num_Lic")),
+    EXPECT_EQ(dump(u"select Num_Lic, Equipe from Engag_nageur_modele order by Num_Lic"_s),
               (QStringList{man + ":0", woman + ":2"}));
-    EXPECT_EQ(dump(QStringLiteral("select Num_Lic from Engag_modele")), QStringList{woman});
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Relais")), 1);
+    EXPECT_EQ(dump(u"select Num_Lic from Engag_modele"_s), QStringList{woman});
+    EXPECT_EQ(count(u"select count(*) from Relais"_s), 1);
     EXPECT_EQ(read_counts(*app, m), (TeamCounts{1, 2, 0}));
 
     undo_team_pass(*app, m);
-    EXPECT_EQ(dump(QStringLiteral("select Num_Lic, Equipe from Engag_nageur_modele order by Num_Lic")),
+    EXPECT_EQ(dump(u"select Num_Lic, Equipe from Engag_nageur_modele order by Num_Lic"_s),
               (QStringList{man + ":2", woman + ":2"}));
     EXPECT_EQ(read_counts(*app, m), (TeamCounts{2, 2, 0}));
 }
@@ -210,21 +196,19 @@ TEST_F(Teams, AModelRunsTheSameStatementsOnItsOwnTables)
 TEST_F(Teams, ListsKeepASwimmerInOneTeamOfHisSex)
 {
     interclubs();
-    const QString free_man = swimmer(QStringLiteral("Floch"), QStringLiteral("M"));
-    const QString free_woman = swimmer(QStringLiteral("Gourvennec"), QStringLiteral("F"));
-    const QString hidden = swimmer(QStringLiteral("Hascoet"), QStringLiteral("M"));
-    exec(QStringLiteral("update Licence set Visible = false where Num = ") + hidden);
+    const QString free_man = swimmer("Floch", "M");
+    const QString free_woman = swimmer("Gourvennec", "F");
+    const QString hidden = swimmer("Hascoet", "M");
+    exec(u"update Licence set Visible = false where Num = "_s + hidden);
     member(free_man, 0, false);  // an individual may be moved into a team
-    const auto names = [this](const QString& sql, int column) {
-        return app->db.load_rows(sql).column(column);
-    };
-    const Team men1{1, false, QStringLiteral("M")};
-    const Team men3{3, false, QStringLiteral("M")};
+    const auto names = [this](const QString& sql, int column) { return app->db.load_rows(sql).column(column); };
+    const Team men1{1, false, u"M"_s};
+    const Team men3{3, false, u"M"_s};
     const Team mixed2{2, true, {}};
 
     EXPECT_EQ(names(team_members_sql(scope(), men3, false), 0), QStringList{"Bothorel"});
     EXPECT_EQ(names(team_members_sql(scope(), mixed2, false), 0), (QStringList{"Derrien", "Even"}));
-    EXPECT_EQ(names(team_members_sql(scope(), {3, false, QStringLiteral("F")}, true), 3), QStringList{"Brest Natation"});
+    EXPECT_EQ(names(team_members_sql(scope(), {3, false, u"F"_s}, true), 3), QStringList{"Brest Natation"});
     // Men not in another team: the team's own, the individual, one in no row.
     EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 1), (QStringList{"Abgrall", "Floch"}));
     // A mixed team takes both sexes, and keeps its own members.
@@ -234,7 +218,7 @@ TEST_F(Teams, ListsKeepASwimmerInOneTeamOfHisSex)
     // The same through the club's selection.
     app->state.club_selection = true;
     for (const QString& num : {man1, man3, free_man, free_woman})
-        exec(QStringLiteral("INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2)").arg(kClub, num));
+        exec(u"INSERT INTO Selection (Code_Sel, Num_Lic) VALUES ('%1', %2)"_s.arg(kClub, num));
     EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 1), (QStringList{"Abgrall", "Floch"}));
     EXPECT_EQ(names(team_candidates_sql(*app, scope(), men1), 4), (QStringList{"Brest Natation", "Brest Natation"}));
     app->state.club_selection = false;
@@ -244,32 +228,30 @@ TEST_F(Teams, ListsKeepASwimmerInOneTeamOfHisSex)
     ASSERT_TRUE(AjouterDansEquipe(*app, scope(), free_woman, mixed2));
     EXPECT_EQ(names(team_members_sql(scope(), men1, false), 0), (QStringList{"Abgrall", "Floch"}));
     EXPECT_EQ(names(team_members_sql(scope(), mixed2, false), 0), (QStringList{"Derrien", "Even", "Gourvennec"}));
-    EXPECT_EQ(count(QStringLiteral("select count(*) from Engag_nageur where Num_Lic = ") + free_man), 1);
+    EXPECT_EQ(count(u"select count(*) from Engag_nageur where Num_Lic = "_s + free_man), 1);
 
     // Leaving the team: its entries and relay places go, not the others.
     relay(57, 1, 3, false, {man1, man3});
     RetirerDeLEquipe(*app, scope(), man3, men3);
-    EXPECT_EQ(dump(QStringLiteral("select Code_epreuve, Num_equipe from Engag where Num_Lic = ") + man3),
-              QStringList{"53:0"});
-    EXPECT_EQ(value(QStringLiteral("select Equipe from Engag_nageur where Num_Lic = ") + man3), QStringLiteral("0"));
-    EXPECT_EQ(dump(QStringLiteral("select Licence1, Licence2 from Relais where Code_epreuve = 57")),
+    EXPECT_EQ(dump(u"select Code_epreuve, Num_equipe from Engag where Num_Lic = "_s + man3), QStringList{"53:0"});
+    EXPECT_EQ(value(u"select Equipe from Engag_nageur where Num_Lic = "_s + man3), u"0"_s);
+    EXPECT_EQ(dump(u"select Licence1, Licence2 from Relais where Code_epreuve = 57"_s),
               QStringList{man1 + ":" + app->state.num_lic_nulle});
-    EXPECT_EQ(value(QStringLiteral("select Licence1 from Relais where Code_epreuve = 58 and Num_equipe = 3")),
+    EXPECT_EQ(value(u"select Licence1 from Relais where Code_epreuve = 58 and Num_equipe = 3"_s),
               app->state.num_lic_nulle);
 }
 
 TEST_F(Teams, AFailedStatementShowsTheMessageAndStops)
 {
     interclubs();
-    exec(QStringLiteral("DROP TABLE Relais"));
+    exec(u"DROP TABLE Relais"_s);
     EXPECT_FALSE(apply_counts(*app, scope(), {1, 1, 1}));
     ASSERT_FALSE(ui.messages.empty());
-    EXPECT_TRUE(ui.messages.back().text.contains(
-        QStringLiteral("Une erreur s'est produite lors de l'exécution de l'opération.")));
+    EXPECT_TRUE(ui.messages.back().text.contains(u"Une erreur s'est produite lors de l'exécution de l'opération."_s));
 
-    EXPECT_FALSE(CopierEtat(*app, QStringLiteral("Relais"), QStringLiteral("Relais_tempo"), QStringLiteral("1"), compet));
-    EXPECT_TRUE(ui.messages.back().text.contains(
-        QStringLiteral("Une erreur s'est produite lors de la sauvegarde dans la table Relais")));
+    EXPECT_FALSE(CopierEtat(*app, u"Relais"_s, u"Relais_tempo"_s, u"1"_s, compet));
+    EXPECT_TRUE(
+        ui.messages.back().text.contains(u"Une erreur s'est produite lors de la sauvegarde dans la table Relais"_s));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// The club records window: the rule of time and date when a record is
-// inserted, replaced or corrected, with its messages; the list by band with
-// or without history, "Tous bassins" included; the printed and exported list.
+// The club records window: the rule of time and date of a record typed in,
+// the list by band with or without history, the printed and exported list.
 
 #include "records_test_base.h"
 #include "src/frame/choose_date_view.h"
@@ -9,12 +8,12 @@
 #include "src/records/record_categories.h"
 #include "src/records/utils_record.h"
 #include "src/reports/templates.h"
+#include "support/temp_files.h"
 
-#include <QDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
 using namespace plouvarine;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -23,25 +22,27 @@ protected:
     void SetUp() override
     {
         plouvarine::testing::RecordsBase::SetUp();
-        cat = band(QStringLiteral("Minimes"), 13, 14, QStringLiteral("Homme"));
+        cat = band("Minimes", 13, 14, "Homme");
         view = std::make_unique<FrmViewRecord>(*app);
         view->charge_nages();
     }
-    int row_of(int code) const
+    int row_of(int code) const { return find_key(view->lsv_nage(), QString::number(code)).value_or(-1); }
+    // Types a record into the fields, the date as "d/m/yyyy".
+    void type(const QString& nom, const QString& tps, const QString& date)
     {
-        for (int r = 0; r < view->lsv_nage().rowCount(); ++r)
-            if (view->lsv_nage().item(r, 0)->data(kKeyRole).toString() == QString::number(code))
-                return r;
-        return -1;
-    }
-    // Opens the tab on an event and types a record into the fields.
-    void type(const QString& nom, const QString& tps, const QString& day, const QString& month, const QString& year)
-    {
+        const QStringList dmy = date.split(u'/');
         view->txt_nom = nom;
-        view->txt_prenom = QStringLiteral("Yann");
+        view->txt_prenom = u"Yann"_s;
         view->txt_tps = tps;
-        view->txt_date = {day, month, year};
-        view->txt_lieu = QStringLiteral("Brest");
+        view->txt_date = {dmy.value(0), dmy.value(1), dmy.value(2)};
+        view->txt_lieu = u"Brest"_s;
+    }
+    // Command `index` (1 add, 2 replace) begun, the record typed, then saved.
+    bool enter(int index, const QString& nom, const QString& tps, const QString& date)
+    {
+        EXPECT_TRUE(view->cmd_def(index)) << nom.toStdString();
+        type(nom, tps, date);
+        return view->cmd_def(index);
     }
     // The data rows shown: name, time, date.
     QStringList shown()
@@ -55,7 +56,7 @@ protected:
     }
     QStringList stored()
     {
-        return dump(QStringLiteral("SELECT Nom, Tps, Date_perf, Bassin FROM RecordClub ORDER BY Tps, Date_perf"));
+        return dump(u"SELECT Nom, Tps, Date_perf, Bassin FROM RecordClub ORDER BY Tps, Date_perf"_s);
     }
 
     QString cat;
@@ -72,23 +73,19 @@ TEST_F(ClubRecordsTest, InsertReplaceAndCorrectFollowTheRuleOfTimeAndDate)
     // No record yet: any time and date.
     ASSERT_TRUE(view->cmd_def(1));
     EXPECT_TRUE(view->editing());
-    type(QStringLiteral("Abgrall"), QStringLiteral("1.0512"), QStringLiteral("12"), QStringLiteral("5"), QStringLiteral("2020"));
+    type("Abgrall", "1.0512", "12/5/2020");
     ASSERT_TRUE(view->cmd_def(1));
     EXPECT_FALSE(view->editing());
     EXPECT_EQ(stored(), QStringList{"Abgrall:1.0512:20200512:25"});
 
     // The same time on a later day: a tie, accepted.
-    view->cmd_def(1);
-    type(QStringLiteral("Bihan"), QStringLiteral("1.0512"), QStringLiteral("1"), QStringLiteral("6"), QStringLiteral("2021"));
-    ASSERT_TRUE(view->cmd_def(1));
+    ASSERT_TRUE(enter(1, "Bihan", "1.0512", "1/6/2021"));
     // Better but earlier, or later but slower: refused with both rules.
     const QString refusal = QString::fromUtf8(kRecordRefuse);
-    view->cmd_def(1);
-    type(QStringLiteral("Corre"), QStringLiteral("1.0400"), QStringLiteral("1"), QStringLiteral("1"), QStringLiteral("2019"));
-    EXPECT_FALSE(view->cmd_def(1));
+    EXPECT_FALSE(enter(1, "Corre", "1.0400", "1/1/2019"));
     EXPECT_EQ(ui.messages.back().text, refusal);
-    EXPECT_EQ(ui.messages.back().title, QStringLiteral("Erreur"));
-    type(QStringLiteral("Corre"), QStringLiteral("1.0600"), QStringLiteral("1"), QStringLiteral("1"), QStringLiteral("2024"));
+    EXPECT_EQ(ui.messages.back().title, u"Erreur"_s);
+    type("Corre", "1.0600", "1/1/2024");
     EXPECT_FALSE(view->cmd_def(1));
     EXPECT_TRUE(view->editing());
     EXPECT_EQ(ui.messages.size(), 2u);
@@ -98,22 +95,20 @@ TEST_F(ClubRecordsTest, InsertReplaceAndCorrectFollowTheRuleOfTimeAndDate)
     // Replace: checked against the record the replaced one beat.
     ASSERT_FALSE(view->current_record().isEmpty());
     const QString replaced = view->current_record();
-    ASSERT_TRUE(view->cmd_def(2));
-    type(QStringLiteral("Derrien"), QStringLiteral("1.0600"), QStringLiteral("2"), QStringLiteral("2"), QStringLiteral("2022"));
-    EXPECT_FALSE(view->cmd_def(2));
+    EXPECT_FALSE(enter(2, "Derrien", "1.0600", "2/2/2022"));
     EXPECT_EQ(ui.messages.back().text, refusal);
-    type(QStringLiteral("Derrien"), QStringLiteral("1.0500"), QStringLiteral("2"), QStringLiteral("2"), QStringLiteral("2022"));
+    type("Derrien", "1.0500", "2/2/2022");
     ASSERT_TRUE(view->cmd_def(2));
     EXPECT_EQ(view->current_record(), replaced);
-    EXPECT_EQ(view->txt_tps, QStringLiteral("1.0500"));
-    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM RecordClub")), 2);
+    EXPECT_EQ(view->txt_tps, u"1.0500"_s);
+    EXPECT_EQ(app->db.count_query(u"SELECT count(*) FROM RecordClub"_s), 2);
 
     // Correct: the record shown, changed in place, under the same rule.
     ASSERT_TRUE(view->cmd_def(3));
-    EXPECT_EQ(view->txt_nom, QStringLiteral("Derrien"));
-    view->txt_lieu = QStringLiteral("Quimper d'en haut");
+    EXPECT_EQ(view->txt_nom, u"Derrien"_s);
+    view->txt_lieu = u"Quimper d'en haut"_s;
     ASSERT_TRUE(view->cmd_def(2));
-    EXPECT_EQ(dump(QStringLiteral("SELECT Lieu, Categorie, Code_nage FROM RecordClub WHERE Num_auto = %1").arg(replaced)),
+    EXPECT_EQ(dump(u"SELECT Lieu, Categorie, Code_nage FROM RecordClub WHERE Num_auto = %1"_s.arg(replaced)),
               QStringList{"Quimper d'en haut:" + cat + ":52"});
 }
 
@@ -121,24 +116,18 @@ TEST_F(ClubRecordsTest, ReplacingTheOnlyRecordAndMissingFields)
 {
     view->ouvre_saisie(row_of(52));
     view->set_opt_bassin(1);
-    view->cmd_def(1);
-    type(QStringLiteral("Abgrall"), QStringLiteral("1.0512"), QStringLiteral("12"), QStringLiteral("5"), QStringLiteral("2020"));
-    ASSERT_TRUE(view->cmd_def(1));
+    ASSERT_TRUE(enter(1, "Abgrall", "1.0512", "12/5/2020"));
     // One row only: no second row to beat, any time passes.
-    view->cmd_def(2);
-    type(QStringLiteral("Bihan"), QStringLiteral("1.2000"), QStringLiteral("1"), QStringLiteral("1"), QStringLiteral("2000"));
-    ASSERT_TRUE(view->cmd_def(2));
+    ASSERT_TRUE(enter(2, "Bihan", "1.2000", "1/1/2000"));
     EXPECT_EQ(stored(), QStringList{"Bihan:1.2:20000101:50"});
 
     // Blank holder, no time, a day to come: all three named.
-    view->cmd_def(2);
-    type(QStringLiteral(" "), QStringLiteral("0"), QStringLiteral("11"), QStringLiteral("3"), QStringLiteral("2025"));
-    EXPECT_FALSE(view->cmd_def(2));
+    EXPECT_FALSE(enter(2, " ", "0", "11/3/2025"));
     EXPECT_EQ(ui.messages.back().text,
               QStringLiteral("Impossible d'enregistrer le record car les données suivantes sont manquantes : \n"
                              "Nom du détenteur\nTemps réalisé\nDate de le performance"));
     // A day picked in the calendar fills the three fields.
-    ui.drivers[QStringLiteral("frm_choose_date")] = [](View& v) {
+    ui.drivers[u"frm_choose_date"_s] = [](View& v) {
         auto& picker = dynamic_cast<ChooseDateView&>(v);
         picker.set_calendar_date(QDate(2024, 6, 9));
         picker.ok();
@@ -146,7 +135,7 @@ TEST_F(ClubRecordsTest, ReplacingTheOnlyRecordAndMissingFields)
     view->cmd_date();
     EXPECT_EQ(view->txt_date, (std::array<QString, 3>{"09", "06", "2024"}));
     // An impossible day is no date either.
-    type(QStringLiteral("Bihan"), QStringLiteral("1.1000"), QStringLiteral("30"), QStringLiteral("2"), QStringLiteral("2024"));
+    type("Bihan", "1.1000", "30/2/2024");
     EXPECT_FALSE(view->cmd_def(2));
     EXPECT_EQ(ui.messages.back().text,
               QStringLiteral("Impossible d'enregistrer le record car la donnée suivante est manquante : \n"
@@ -164,15 +153,14 @@ TEST_F(ClubRecordsTest, ReplacingTheOnlyRecordAndMissingFields)
 
 TEST_F(ClubRecordsTest, ARelayKeepsItsSwimmersAndNeedsNoFirstName)
 {
-    const QString mixte = band(QStringLiteral("Jeunes"), 10, 14, QStringLiteral("Mixte"));
+    const QString mixte = band("Jeunes", 10, 14, "Mixte");
     const int row = row_of(45);  // a mixed relay
     ASSERT_GE(row, 0);
     view->ouvre_saisie(row);
     ASSERT_EQ(view->cbo_cat(), QStringList{"Jeunes"});
     ASSERT_TRUE(view->relais_enabled());
     view->cmd_def(1);
-    type(QStringLiteral("Brest Natation 1"), QStringLiteral("2.0000"), QStringLiteral("1"), QStringLiteral("2"),
-         QStringLiteral("2025"));
+    type("Brest Natation 1", "2.0000", "1/2/2025");
     view->txt_prenom.clear();
     for (const char* name : {"Le Goff", "O'Neil", "Tanguy", "Morvan", "En trop"}) {
         view->txt_relayeur = QString::fromUtf8(name);
@@ -182,7 +170,7 @@ TEST_F(ClubRecordsTest, ARelayKeepsItsSwimmersAndNeedsNoFirstName)
     view->relais_selected = 1;
     view->move_relayeur(-1);
     ASSERT_TRUE(view->cmd_def(1));
-    EXPECT_EQ(dump(QStringLiteral("SELECT Categorie, Rel1, Rel2, Rel4, Rel5 FROM RecordClub")),
+    EXPECT_EQ(dump(u"SELECT Categorie, Rel1, Rel2, Rel4, Rel5 FROM RecordClub"_s),
               QStringList{mixte + ":O'Neil:Le Goff:Morvan: "});
 
     // Shown with the swimmers, and printed with them in brackets.
@@ -192,22 +180,22 @@ TEST_F(ClubRecordsTest, ARelayKeepsItsSwimmersAndNeedsNoFirstName)
     ASSERT_TRUE(view->charge_records());
     QStandardItemModel& list = view->lsv_records();
     ASSERT_EQ(list.columnCount(), 15);
-    EXPECT_EQ(list.horizontalHeaderItem(14)->text(), QStringLiteral("Rel 10"));
-    EXPECT_EQ(list.item(list.rowCount() - 1, 5)->text(), QStringLiteral("O'Neil"));
+    EXPECT_EQ(list.horizontalHeaderItem(14)->text(), u"Rel 10"_s);
+    EXPECT_EQ(list.item(list.rowCount() - 1, 5)->text(), u"O'Neil"_s);
     EXPECT_EQ(list.item(list.rowCount() - 1, 9)->text(), QString());
     ASSERT_TRUE(view->imprimer());
-    EXPECT_TRUE(ui.printed.back().text.contains(QStringLiteral("(O'Neil; Le Goff; Tanguy; Morvan)")));
+    EXPECT_TRUE(ui.printed.back().text.contains(u"(O'Neil; Le Goff; Tanguy; Morvan)"_s));
 }
 
 TEST_F(ClubRecordsTest, TheListShowsBestTimesOrTheirHistory)
 {
-    const QString benj = band(QStringLiteral("Benjamins"), 11, 12, QStringLiteral("Homme"));
-    record(cat, 51, 25, 0.3010, QStringLiteral("20010101"), QStringLiteral("Quinze"));
-    record(cat, 51, 50, 0.3050, QStringLiteral("20030101"), QStringLiteral("Tardif"));
-    record(cat, 51, 50, 0.3050, QStringLiteral("19990101"), QStringLiteral("Ancien"));
-    record(benj, 51, 25, 0.3200, QStringLiteral("20020101"), QStringLiteral("Egal un"));
-    record(benj, 51, 25, 0.3200, QStringLiteral("20040101"), QStringLiteral("Egal deux"));
-    record(benj, 51, 25, 0.3300, QStringLiteral("20000101"), QStringLiteral("Avant"));
+    const QString benj = band("Benjamins", 11, 12, "Homme");
+    record(cat, 51, 25, 0.3010, "20010101", "Quinze");
+    record(cat, 51, 50, 0.3050, "20030101", "Tardif");
+    record(cat, 51, 50, 0.3050, "19990101", "Ancien");
+    record(benj, 51, 25, 0.3200, "20020101", "Egal un");
+    record(benj, 51, 25, 0.3200, "20040101", "Egal deux");
+    record(benj, 51, 25, 0.3300, "20000101", "Avant");
     view->set_checked(row_of(51), true);
 
     // One pool, no history: the best of each band, ties together.
@@ -237,21 +225,21 @@ TEST_F(ClubRecordsTest, TheBandsChangedFromTheWindowAreReloadedAndLockedElsewher
     view.reset();
     FrmViewRecord* records = OuvrirRecords(*app);
     ASSERT_NE(records, nullptr);
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecModifier")), 1);
+    EXPECT_EQ(app->menus.counter(u"mnuPerfRecModifier"_s), 1);
     records->ouvre_saisie(row);
     ASSERT_EQ(records->cbo_cat(), QStringList{"Minimes"});
 
     records->categories();
     auto* bands = ui.window_as<DetCategorieRecordClub>(QString(DetCategorieRecordClub::kName));
     ASSERT_NE(bands, nullptr);
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecView")), 1);
-    bands->txt_libelle = QStringLiteral("Cadets");
-    bands->txt_age = {QStringLiteral("15"), QStringLiteral("16")};
+    EXPECT_EQ(app->menus.counter(u"mnuPerfRecView"_s), 1);
+    bands->txt_libelle = u"Cadets"_s;
+    bands->txt_age = {u"15"_s, u"16"_s};
     bands->opt_sexe = 0;
     ASSERT_TRUE(bands->cmd_def(0));
     ASSERT_TRUE(bands->ok());
     EXPECT_EQ(records->cbo_cat(), (QStringList{"Minimes", "Cadets"}));
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecView")), 0);
+    EXPECT_EQ(app->menus.counter(u"mnuPerfRecView"_s), 0);
 
     // The bands' dialog outliving the records window tells no one.
     records->categories();
@@ -259,16 +247,16 @@ TEST_F(ClubRecordsTest, TheBandsChangedFromTheWindowAreReloadedAndLockedElsewher
     ASSERT_NE(bands, nullptr);
     ASSERT_TRUE(ui.close_window(QString(FrmViewRecord::kName)));
     std::erase_if(ui.windows, [](const auto& w) { return w->name() == QLatin1String(FrmViewRecord::kName); });
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuPerfRecModifier")), 0);
+    EXPECT_EQ(app->menus.counter(u"mnuPerfRecModifier"_s), 0);
     EXPECT_TRUE(bands->ok());
     EXPECT_EQ(app->state.busy_count, 0);
-    EXPECT_EQ(app->db.count_query(QStringLiteral("SELECT count(*) FROM Categori_record_club")), 2);
+    EXPECT_EQ(app->db.count_query(u"SELECT count(*) FROM Categori_record_club"_s), 2);
 }
 
-TEST_F(ClubRecordsTest, PrintAndExportTheList)
+TEST_F(ClubRecordsTest, PrintAndExportTheListAndFillAClubsOwnTemplate)
 {
     install_template_component();
-    record(cat, 51, 50, 0.3050, QStringLiteral("20030101"), QStringLiteral("Kerhervé"));
+    record(cat, 51, 50, 0.3050, "20030101", "Kerhervé");
     view->set_checked(row_of(51), true);
     view->opt_view_bassin = 1;
     view->charge_records();
@@ -277,53 +265,41 @@ TEST_F(ClubRecordsTest, PrintAndExportTheList)
     ASSERT_EQ(ui.printed.size(), 1u);
     const QString text = ui.printed[0].text;
     // The columns line up in the template's fixed font.
-    EXPECT_TRUE(ui.printed[0].html.contains(QStringLiteral("Courier New")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Brest Natation"))) << text.toStdString();
-    EXPECT_TRUE(text.contains(QStringLiteral("Bassin de 50 mètres")));
-    EXPECT_TRUE(text.contains(QStringLiteral("10 mars 2025")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Kerhervé Anne").leftJustified(47) + QStringLiteral("30.50").rightJustified(9) +
-                              QStringLiteral("1 janvier 2003").leftJustified(18) + QStringLiteral("Brest")));
+    EXPECT_TRUE(ui.printed[0].html.contains(u"Courier New"_s));
+    const QString line = u"Kerhervé Anne"_s.leftJustified(47) + u"30.50"_s.rightJustified(9) +
+                         u"1 janvier 2003"_s.leftJustified(18) + u"Brest"_s;
+    for (const QString& part : {u"Brest Natation"_s, u"Bassin de 50 mètres"_s, u"10 mars 2025"_s, line})
+        EXPECT_TRUE(text.contains(part)) << text.toStdString();
 
-    const QString txt = work_file(QStringLiteral("records.txt"));
+    const QString txt = work_file(u"records.txt"_s);
     ui.files.push_back(txt);
     ASSERT_TRUE(view->exporter());
-    QFile file(txt);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString written = QString::fromUtf8(file.readAll());
-    EXPECT_TRUE(written.contains(QStringLiteral("Records en bassin de 50 mètres\r\n")));
-    EXPECT_TRUE(written.contains(QStringLiteral("Kerhervé Anne\t30.50")));
-    EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Exporter résultats"));
+    const QString written = QString::fromUtf8(plouvarine::testing::read_bytes(txt));
+    EXPECT_TRUE(written.contains(u"Records en bassin de 50 mètres\r\n"_s));
+    EXPECT_TRUE(written.contains(u"Kerhervé Anne\t30.50"_s));
+    EXPECT_EQ(ui.file_requests.back().title, u"Exporter résultats"_s);
 
-    const QString rtf = work_file(QStringLiteral("records.rtf"));
+    const QString rtf = work_file(u"records.rtf"_s);
     ui.files.push_back(rtf);
-    ASSERT_TRUE(view->exporter());
-    QFile rich(rtf);
-    ASSERT_TRUE(rich.open(QIODevice::ReadOnly)) << messages().join(u'|').toStdString();
-    EXPECT_TRUE(rich.readAll().startsWith("{\\rtf"));
+    ASSERT_TRUE(view->exporter()) << messages().join(u'|').toStdString();
+    EXPECT_TRUE(plouvarine::testing::read_bytes(rtf).startsWith("{\\rtf"));
 
     // A place that cannot be written: the message, nothing else.
-    ui.files.push_back(work_file(QStringLiteral("absent/records.txt")));
+    ui.files.push_back(work_file(u"absent/records.txt"_s));
     EXPECT_FALSE(view->exporter());
-    EXPECT_TRUE(ui.messages.back().text.startsWith(QStringLiteral("Une erreur s'est produite lors de l'export des records.")));
-}
+    EXPECT_TRUE(ui.messages.back().text.startsWith(u"Une erreur s'est produite lors de l'export des records."_s));
 
-TEST_F(ClubRecordsTest, TheReportTagsOfAClubsHeaderAndFooterAreFilled)
-{
     // A club's own template: the pool and the date of the list at the top and
     // at the foot of every page as well as in the body.
-    QDir().mkpath(templates_folder(*app));
-    QFile file(template_path(*app, QStringLiteral("rec")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\header <NOM_CLUB> - <TYPE_BASSIN>\\par}"
-               "{\\footer Liste du <DATE_MAJ>\\par}Records au <DATE_MAJ>\\par}");
-    file.close();
-    view->opt_view_bassin = 1;
-    view->charge_records();
+    ASSERT_TRUE(plouvarine::testing::write_bytes(
+        template_path(*app, u"rec"_s),
+        "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\header <NOM_CLUB> - <TYPE_BASSIN>\\par}"
+        "{\\footer Liste du <DATE_MAJ>\\par}Records au <DATE_MAJ>\\par}"));
     view->cmd_view(1);
-    ASSERT_EQ(ui.printed.size(), 1u);
-    EXPECT_EQ(ui.printed[0].header.trimmed(), QStringLiteral("Brest Natation - Bassin de 50 mètres"));
-    EXPECT_EQ(ui.printed[0].footer.trimmed(), QStringLiteral("Liste du 10 mars 2025"));
-    EXPECT_TRUE(ui.printed[0].text.startsWith(QStringLiteral("Records au 10 mars 2025")));
+    ASSERT_EQ(ui.printed.size(), 2u);
+    EXPECT_EQ(ui.printed[1].header.trimmed(), u"Brest Natation - Bassin de 50 mètres"_s);
+    EXPECT_EQ(ui.printed[1].footer.trimmed(), u"Liste du 10 mars 2025"_s);
+    EXPECT_TRUE(ui.printed[1].text.startsWith(u"Records au 10 mars 2025"_s));
 }
 
 }  // namespace
