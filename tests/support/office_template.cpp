@@ -24,11 +24,6 @@ OfficeTemplate make_office_template(const QString& folder)
 {
     OfficeTemplate out;
     out.logo = solid_png(80, 40, QColor(200, 30, 30));
-    const QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
-    if (soffice.isEmpty()) {
-        out.error = QStringLiteral("soffice is not installed");
-        return out;
-    }
     // A flat text document: the one-file form of the word processor's own format.
     const QByteArray document = R"(<?xml version="1.0" encoding="UTF-8"?>
 <office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0"

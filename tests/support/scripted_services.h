@@ -88,11 +88,9 @@ public:
     bool open_answer = true;
     bool open_document(const QString& path) override;
     QStringList pdfs;
-    // Every caption of the progress; the person stops the run when `done`
-    // reaches `cancel_at` (-1: never).
+    // The person stops the run when `done` reaches `cancel_at` (-1: never).
     bool progress(const QString& caption, int done, int total) override;
     void progress_end() override { progress_shown = false; }
-    QStringList progress_history;
     int cancel_at = -1;
     bool progress_shown = false;
 
