@@ -7,6 +7,8 @@
 #include "src/base/text.h"
 #include "support/app_fixture.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace plouvarine::testing {
 
 class LicenceBase : public AppFixture {
@@ -53,16 +55,13 @@ protected:
     }
     QString competition(bool visible, bool run)
     {
-        return app->db.append_row(QStringLiteral("Rcomp"), {{"Visible", visible}, {"Deroule", run}}, QStringLiteral("AutoNum"));
+        return app->db.append_row(u"Rcomp"_s, {{"Nom", "Meeting"}, {"Visible", visible}, {"Deroule", run}}, u"AutoNum"_s);
     }
     void entry(const QString& competition, const QString& num)
     {
         exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic) VALUES (%1, 1, 2, %2)")
                  .arg(competition, num));
     }
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    int count(const QString& sql) { return app->db.count_query(sql); }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
     QString field(const QString& num, const QString& column)
     {
         return value(QStringLiteral("select %1 from Licence where Num = %2").arg(column, num));
