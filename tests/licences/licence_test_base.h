@@ -3,6 +3,7 @@
 // club, with helpers to lay licences, clubs, fees and entries into it.
 
 #include "src/frame/app_context.h"
+#include "src/licences/det_licence.h"
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "support/app_fixture.h"
@@ -39,6 +40,19 @@ protected:
                                   {{"Code_club", club}, {"Licence", number}, {"Nom", nom}, {"Prenom", prenom},
                                    {"Sexe", "F"}, {"Date_Naissance", birth}, {"Nationalite", "FRA"}},
                                   QStringLiteral("Num"));
+    }
+    // A new licence typed in the detail with what a save needs, not saved yet.
+    std::unique_ptr<DetLicence> new_licence(const QString& numero, const QString& nom = u"Martin"_s,
+                                            const QString& prenom = u"Léa"_s, const QString& year = u"1985"_s)
+    {
+        auto v = std::make_unique<DetLicence>(*app, u"Nouveau"_s);
+        v->load();
+        v->text1[DetLicence::kNumero] = numero;
+        v->text1[DetLicence::kNom] = nom;
+        v->text1[DetLicence::kPrenom] = prenom;
+        v->txt_description = {u"7"_s, u"3"_s, year};
+        v->Option_sexe = 1;
+        return v;
     }
     void club(const QString& code, const QString& name)
     {

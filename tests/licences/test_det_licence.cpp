@@ -24,17 +24,7 @@ const std::pair<int, const char*> kTexts[] = {
 
 class DetLicenceTest : public plouvarine::testing::LicenceBase {
 protected:
-    std::unique_ptr<DetLicence> open_new(const QString& numero = u"85001"_s)
-    {
-        auto v = std::make_unique<DetLicence>(*app, u"Nouveau"_s);
-        v->load();
-        v->text1[DetLicence::kNumero] = numero;
-        v->text1[DetLicence::kNom] = u"Martin"_s;
-        v->text1[DetLicence::kPrenom] = u"Léa"_s;
-        v->txt_description = {u"7"_s, u"3"_s, u"1985"_s};
-        v->Option_sexe = 1;
-        return v;
-    }
+    std::unique_ptr<DetLicence> open_new(const QString& numero = u"85001"_s) { return new_licence(numero); }
     int licences() { return count(u"select count(*) from Licence"_s); }
     // Every free text of `view` made of `text` and its column's name.
     static void fill(DetLicence& view, const QString& text)
@@ -140,9 +130,10 @@ TEST_F(DetLicenceTest, AChangeLoadsTheRowAndAChangeOfSexAloneRemovesTheEntries)
 
     DetLicence view(*app, u"Modif"_s, num);
     view.load();
-    EXPECT_EQ(view.text1[DetLicence::kNumero] + DetLicence::licence_letters()[view.Cb_licence], u"85001C"_s);
-    EXPECT_EQ(view.text1[DetLicence::kNationalite], u"FRANCE"_s);
-    EXPECT_EQ(view.txt_description[0] + view.txt_description[1] + view.txt_description[2], u"07031985"_s);
+    EXPECT_EQ((QStringList{view.text1[DetLicence::kNumero] + DetLicence::licence_letters()[view.Cb_licence],
+                           view.text1[DetLicence::kNationalite],
+                           view.txt_description[0] + view.txt_description[1] + view.txt_description[2]}),
+              (QStringList{"85001C", "FRANCE", "07031985"}));
     EXPECT_TRUE(view.Check1[0]);
     EXPECT_EQ(view.Option_type, 1);
     EXPECT_EQ(view.LsvActivites().item(0)->checkState(), Qt::Checked);

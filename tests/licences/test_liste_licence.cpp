@@ -58,17 +58,17 @@ TEST_F(ListeLicenceTest, AColumnClickedThreeTimesSortsUpDownUp)
     auto list = open(u"View"_s);
     EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
     EXPECT_EQ(list->lsv_licence().text(0, 3), u"15 juin 1988"_s);
-    list->sort_by_column(1);
-    EXPECT_EQ(list->order_clause(), u"ORDER BY Nom, Prenom"_s);
-    list->sort_by_column(1);
-    EXPECT_EQ(list->order_clause(), u"ORDER BY Nom DESC, Prenom"_s);
-    EXPECT_EQ(names(*list), (QStringList{"MARTIN", "DUPONT", "BERNARD"}));
-    list->sort_by_column(1);
-    EXPECT_EQ(names(*list), (QStringList{"BERNARD", "DUPONT", "MARTIN"}));
     // Another column starts ascending; a plain club's fourth column is the birth date.
-    list->sort_by_column(4);
-    EXPECT_EQ(list->order_clause(), u"ORDER BY Date_Naissance, Nom, Prenom"_s);
-    EXPECT_EQ(names(*list), (QStringList{"DUPONT", "BERNARD", "MARTIN"}));
+    const std::tuple<int, QString, QStringList> clicks[] = {
+        {1, u"ORDER BY Nom, Prenom"_s, {"BERNARD", "DUPONT", "MARTIN"}},
+        {1, u"ORDER BY Nom DESC, Prenom"_s, {"MARTIN", "DUPONT", "BERNARD"}},
+        {1, u"ORDER BY Nom, Prenom"_s, {"BERNARD", "DUPONT", "MARTIN"}},
+        {4, u"ORDER BY Date_Naissance, Nom, Prenom"_s, {"DUPONT", "BERNARD", "MARTIN"}}};
+    for (const auto& [column, order, rows] : clicks) {
+        list->sort_by_column(column);
+        EXPECT_EQ(list->order_clause(), order);
+        EXPECT_EQ(names(*list), rows) << order.toStdString();
+    }
 
     // A selection shows the club of origin and sorts on it, then by name.
     const QString other = licence(u"ABALAIN"_s, u"Rose"_s, u"87004F"_s, QLatin1String(kOtherClub));
@@ -241,16 +241,10 @@ TEST_F(ListeLicenceTest, AnOpenListFollowsTheDetailsSavesAndAClosedOneNoLonger)
     EXPECT_EQ(list->current_num(), bernard);
 
     // A new swimmer shows at once too.
-    DetLicence created(*app, QString(keyword::kNouveau));
-    created.load();
-    created.text1[DetLicence::kNumero] = u"91004"_s;
-    created.text1[DetLicence::kNom] = u"Morvan"_s;
-    created.text1[DetLicence::kPrenom] = u"Loïc"_s;
-    created.txt_description = {u"7"_s, u"3"_s, u"1991"_s};
-    created.Option_sexe = 1;
-    ASSERT_TRUE(created.save());
+    auto created = new_licence(u"91004"_s, u"Morvan"_s, u"Loïc"_s, u"1991"_s);
+    ASSERT_TRUE(created->save());
     EXPECT_EQ(names(*list), (QStringList{"ABBAS", "DUPONT", "MARTIN", "MORVAN"}));
-    EXPECT_EQ(list->current_num(), created.num());
+    EXPECT_EQ(list->current_num(), created->num());
 
     // Closed, the list is told nothing more, though its view lives on.
     list->close();
