@@ -1,5 +1,7 @@
 #include "support/office_template.h"
 
+#include "support/temp_files.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
@@ -69,12 +71,10 @@ OfficeTemplate make_office_template(const QString& folder)
 </office:text></office:body></office:document>
 )";
     const QString source = folder + QStringLiteral("/modele.fodt");
-    QFile file(source);
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) < 0) {
-        out.error = file.errorString();
+    if (!write_bytes(source, document)) {
+        out.error = QStringLiteral("cannot write ") + source;
         return out;
     }
-    file.close();
     out.rtf = office_convert(source, folder, {QStringLiteral("--convert-to"), QStringLiteral("rtf")},
                              QStringLiteral("modele.rtf"), &out.error);
     return out;

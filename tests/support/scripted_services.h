@@ -38,12 +38,10 @@ public:
     int wait_depth = 0;
     int max_wait_depth = 0;
 
-    // Views. A modal view is played by the driver of its name, if any; then,
-    // if it is still open, its close box is used. Every view shown is named in
-    // `shown_views`; child windows stay in `windows` until closed.
+    // A modal view is played by the driver of its name, then closed by its close
+    // box if still open. Child windows stay in `windows` until closed.
     std::map<QString, std::function<void(View&)>> drivers;
-    // Window tests: views are drawn by these services (the Qt ones) while the
-    // messages and file dialogs stay scripted.
+    // Window tests: views drawn by these (Qt) services, messages still scripted.
     Services* draw_with = nullptr;
     QStringList shown_views;
     std::vector<std::unique_ptr<View>> windows;
