@@ -48,7 +48,8 @@ protected:
 TEST_F(ClubRegisterTest, AddAndModifyDeriveSelectionAndRefuseDuplicates)
 {
     EXPECT_TRUE(AjouteClub(*app, u"FRA2210290000"_s, u"Comité d'Finistère"_s));
-    EXPECT_EQ(dump(u"select Intitule, Selection, Visible from Club"_s), QStringList{u"Comité d'Finistère:Vrai:Vrai"_s});
+    EXPECT_EQ(dump(u"select Intitule, Selection, Visible from Club"_s),
+              QStringList{u"Comité d'Finistère:Vrai:Vrai"_s});
     EXPECT_FALSE(AjouteClub(*app, u"FRA1210290001"_s, u"Faux"_s));
     EXPECT_EQ(count(u"select count(*) from Club"_s), 1);
     EXPECT_EQ(ui.messages.back().text, u"Ajout annulé.\nLe code club tapé n'est pas valide."_s);

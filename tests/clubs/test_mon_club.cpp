@@ -21,7 +21,8 @@ protected:
         exec(u"INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'Cercle des Nageurs');"_s.arg(kCode));
         exec(u"INSERT INTO Tarifs (Code_federal, Intitule, Tarif) VALUES ('%1', 'Adulte', 150), ('%1', 'Jeune', 90);"_s
                  .arg(kCode));
-        exec(u"INSERT INTO Dirigeant (Code_federal, Fonction, Nom) VALUES ('%1', 'Président', 'Le Gall');"_s.arg(kCode));
+        exec(u"INSERT INTO Dirigeant (Code_federal, Fonction, Nom) VALUES ('%1', 'Président', 'Le Gall');"_s
+                 .arg(kCode));
         app->state.club_code = kCode;
         app->state.club_name = u"Cercle des Nageurs"_s;
     }
@@ -122,7 +123,8 @@ TEST_F(OwnClubTest, TheFeeFieldsAndTheirChecks)
     EXPECT_EQ(view.Lsv_tarif().item(0, 1)->text(), u"150,00 €"_s);
     ASSERT_TRUE(view.put_fee(u"Adulte"_s, u"185.50"_s, 0));
     ASSERT_TRUE(view.put_fee(u"Famille"_s, u"185,5"_s, -1));
-    EXPECT_EQ(plouvarine::testing::column_texts(view.Lsv_tarif(), 1), (QStringList{"185,50 €", "90,00 €", "185,50 €"}));
+    EXPECT_EQ(plouvarine::testing::column_texts(view.Lsv_tarif(), 1),
+              (QStringList{"185,50 €", "90,00 €", "185,50 €"}));
     EXPECT_EQ(OwnClubView::amount_field(OwnClubView::amount_value(view.Lsv_tarif().item(0, 1)->text())), u"185,50"_s);
     ASSERT_TRUE(view.save());
     EXPECT_EQ(pairs(u"select Intitule, Tarif from Tarifs order by Intitule"_s),
@@ -130,7 +132,8 @@ TEST_F(OwnClubTest, TheFeeFieldsAndTheirChecks)
     ui.clear();
     EXPECT_FALSE(view.put_fee(u"   "_s, u"10"_s, -1));
     EXPECT_FALSE(view.put_fee(u"Famille"_s, u"0,00"_s, -1));
-    EXPECT_EQ(ui.texts(), (QStringList{"Vous devez spécifier un intitulé du tarif.", "Vous devez spécifier un montant."}));
+    EXPECT_EQ(ui.texts(),
+              (QStringList{"Vous devez spécifier un intitulé du tarif.", "Vous devez spécifier un montant."}));
     EXPECT_EQ(ui.messages.back().title, u"Information"_s);
     EXPECT_EQ(view.Lsv_tarif().rowCount(), 3);
 }

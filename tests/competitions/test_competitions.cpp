@@ -302,7 +302,8 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
     list->activate();
     engag.close();
     list->activate();
-    EXPECT_EQ(ui.texts(), (QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération.", unavailable}));
+    EXPECT_EQ(ui.texts(),
+              (QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération.", unavailable}));
     list->cmd0();
 
     // The programme window's copy list hands the chosen competition back.

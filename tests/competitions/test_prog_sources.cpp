@@ -65,8 +65,9 @@ protected:
         for (int c = 0; c < kEventSlots; ++c) {
             const ProgSlot& s = prog.tabProg()[size_t(c)];
             if (s.JourCourse > 0)
-                out << u"%1:%2:%3:%4:%5:%6"_s.arg(c).arg(s.JourCourse).arg(s.Type).arg(s.Nb_finales).arg(s.Type_finale).arg(
-                           s.Num_ordre);
+                out << u"%1:%2:%3:%4:%5:%6"_s.arg(c).arg(s.JourCourse).arg(s.Type).arg(s.Nb_finales)
+                           .arg(s.Type_finale)
+                           .arg(s.Num_ordre);
         }
         return out;
     }
@@ -152,8 +153,8 @@ TEST_F(ProgSources, UnreadablePcompLeavesTheProgrammeAsItWas)
     // A file gone between the dialog and the reading.
     ui.clear();
     prog->charger_pcomp(work_file(u"org/gone/Pcomp.txt"_s));
-    EXPECT_EQ(ui.texts(),
-              QStringList{kRecuperation + u"\nLe fichier Pcomp.txt ne peut être copié dans le répertoire temporaire."_s});
+    EXPECT_EQ(ui.texts(), QStringList{kRecuperation + u"\nLe fichier Pcomp.txt ne peut être copié dans le répertoire "
+                                                      "temporaire."_s});
     EXPECT_EQ(slots_of(*prog), before);
 }
 

@@ -69,7 +69,8 @@ protected:
     }
     QString competition(bool visible, bool run)
     {
-        return app->db.append_row(u"Rcomp"_s, {{"Nom", "Meeting"}, {"Visible", visible}, {"Deroule", run}}, u"AutoNum"_s);
+        return app->db.append_row(u"Rcomp"_s, {{"Nom", "Meeting"}, {"Visible", visible}, {"Deroule", run}},
+                                  u"AutoNum"_s);
     }
     void entry(const QString& competition, const QString& num)
     {

@@ -115,7 +115,8 @@ TEST_F(SeasonTest, TheSeasonRollsOverOn16September)
 
     app->clock.set_today(QDate(2005, 9, 16));
     app->hooks.licences_maintenance(*app);
-    const QString row = u"select Date_Depot || '/' || Date_obliteration || '/' || Type_licence from Licence where Num = "_s;
+    const QString row =
+        u"select Date_Depot || '/' || Date_obliteration || '/' || Type_licence from Licence where Num = "_s;
     EXPECT_EQ(value(row + older), u"20050916/20050916/R"_s);
     EXPECT_EQ(value(row + blank), u"20050916/20050916/R"_s);
     EXPECT_EQ(value(row + fresh), u"20050916/20050916/N"_s);

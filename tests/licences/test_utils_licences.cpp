@@ -27,7 +27,8 @@ TEST_F(LicenceBase, TheInsertQuotesEachValue)
     EXPECT_FALSE(AjouteLicenceSql(tab(u"O'NEIL"_s)).contains(u"never inserted"_s));
     AjouteLicence(*app, tab(u"O'NEIL"_s));
     const QString num = NumLicence(*app, u"85001F"_s, QLatin1String(kClub));
-    EXPECT_EQ(dump(u"select Nom, Date_Ctrl_Medical from Licence where Num = "_s + num), QStringList{u"O'NEIL:20050901"_s});
+    EXPECT_EQ(dump(u"select Nom, Date_Ctrl_Medical from Licence where Num = "_s + num),
+              QStringList{u"O'NEIL:20050901"_s});
     EXPECT_TRUE(NumLicence(*app, u"85001F"_s, QLatin1String(kOtherClub)).isEmpty());
 
     // A no-break space is a character like any other.
