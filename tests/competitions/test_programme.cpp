@@ -69,24 +69,18 @@ TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
     EXPECT_EQ(prog->LsvNage().rowCount(), value("select count(*) from Nage").toInt());
     EXPECT_EQ((std::array{ticked(*prog, 0), ticked(*prog, 1), ticked(*prog, 2), ticked(*prog, 12)}),
               (std::array{false, false, true, true}));
-    EXPECT_EQ(prog->longueur(), 50);
-    EXPECT_EQ(prog->CboDate().size(), 3);
-    EXPECT_EQ(prog->intJourneeMax(), 3);
-    EXPECT_TRUE(prog->Chk_modele_visible());
-    EXPECT_FALSE(prog->Cmd_charger_visible());
-    EXPECT_FALSE(prog->journee_visible());
+    // Length, days, last day; a competition's programme offers no source to load nor a day count.
+    EXPECT_EQ(std::tuple(prog->longueur(), prog->CboDate().size(), prog->intJourneeMax()), std::tuple(50, 3, 3));
+    EXPECT_EQ(std::tuple(prog->Chk_modele_visible(), prog->Cmd_charger_visible(), prog->journee_visible()),
+              std::tuple(true, false, false));
 
     prog->select_event(row_of(*prog, 2));
-    EXPECT_EQ(prog->Optclass, 3);
-    EXPECT_EQ(prog->optNbFinales, 2);
-    EXPECT_EQ(prog->OptType, FrmProg::kCategories);
-    EXPECT_EQ(prog->txtordre, "5");
-    EXPECT_EQ(prog->cbo_index(), 0);
+    EXPECT_EQ(std::tuple(prog->Optclass, prog->optNbFinales, prog->OptType, prog->txtordre, prog->cbo_index()),
+              std::tuple(3, 2, int(FrmProg::kCategories), u"5"_s, 0));
     EXPECT_TRUE(prog->finales_enabled());
     // A kind with finals proposes "Finale A" and "Toutes catégories"; "Temps" locks them.
     prog->set_optclass(8);
-    EXPECT_EQ(prog->optNbFinales, 1);
-    EXPECT_EQ(prog->OptType, FrmProg::kToutesCategories);
+    EXPECT_EQ(std::tuple(prog->optNbFinales, prog->OptType), std::tuple(1, int(FrmProg::kToutesCategories)));
     prog->set_optclass(2);
     prog->optNbFinales = 3;
 

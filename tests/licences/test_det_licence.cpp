@@ -134,10 +134,10 @@ TEST_F(DetLicenceTest, AChangeLoadsTheRowAndAChangeOfSexAloneRemovesTheEntries)
                            view.text1[DetLicence::kNationalite],
                            view.txt_description[0] + view.txt_description[1] + view.txt_description[2]}),
               (QStringList{"85001C", "FRANCE", "07031985"}));
-    EXPECT_TRUE(view.Check1[0]);
-    EXPECT_EQ(view.Option_type, 1);
-    EXPECT_EQ(view.LsvActivites().item(0)->checkState(), Qt::Checked);
-    EXPECT_TRUE(view.tarif_selection().currentIndex().isValid());
+    // "Sportive", the type "N", the activity and the fee read back.
+    EXPECT_EQ(std::tuple(view.Check1[0], view.Option_type, view.LsvActivites().item(0)->checkState(),
+                         view.tarif_selection().currentIndex().isValid()),
+              std::tuple(true, 1, Qt::Checked, true));
 
     view.unselect_tarif();
     view.LsvActivites().item(0)->setCheckState(Qt::Unchecked);
