@@ -11,15 +11,19 @@ using plouvarine::testing::ClubBase;
 
 namespace {
 
-class ClubCodeTest : public ClubBase {};
+class ClubCodeTest : public ClubBase {
+protected:
+    // The code the help composes from its fields as they stand.
+    static QString composed(ConstrucCodeClub& help)
+    {
+        help.compose();
+        return help.codification();
+    }
+};
 
 TEST_F(ClubCodeTest, ValidationFollowsTheGeography)
 {
-    struct Case {
-        const char* code;
-        bool valid;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, bool> cases[] = {
         {"FRA0000000000", true},   // federal selection
         {"FRA2000000000", true},   // inter-regional selection
         {"FRA2210000000", true},   // Bretagne in Nord-Ouest
@@ -36,121 +40,110 @@ TEST_F(ClubCodeTest, ValidationFollowsTheGeography)
         {"FRA9000000000", false},  // no inter-region 9
         {"FRAX000000000", false},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(CodeClubValide(*app, QString::fromLatin1(c.code), false, {}), c.valid) << c.code;
+    for (const auto& [code, valid] : cases)
+        EXPECT_EQ(CodeClubValide(*app, QString::fromLatin1(code), false, {}), valid) << code;
     EXPECT_TRUE(ui.messages.empty());
+    EXPECT_TRUE(EstCodeSelection(u"FRA0000000000"_s));
+    EXPECT_FALSE(EstCodeSelection(u"FRA2210291234"_s));
 
-    EXPECT_TRUE(EstCodeSelection(QStringLiteral("FRA0000000000")));
-    EXPECT_FALSE(EstCodeSelection(QStringLiteral("FRA2210291234")));
-}
-
-TEST_F(ClubCodeTest, RefusalsShowThePrefixOnlyForWellSizedCodes)
-{
-    EXPECT_FALSE(CodeClubValide(*app, QStringLiteral("FRA000000000"), true, QStringLiteral("Ajout annulé.")));
-    EXPECT_FALSE(CodeClubValide(*app, QStringLiteral("FRA00000000000"), true, QStringLiteral("Ajout annulé.")));
-    EXPECT_TRUE(ui.messages.empty());
-
-    EXPECT_FALSE(CodeClubValide(*app, QStringLiteral("FRA1210000000"), true, QStringLiteral("Ajout annulé.")));
-    EXPECT_FALSE(CodeClubValide(*app, QStringLiteral("BEL1000001234"), true, {}));
-    ASSERT_EQ(ui.messages.size(), 2u);
-    EXPECT_EQ(ui.messages[0].title, QStringLiteral("Erreur"));
-    EXPECT_EQ(ui.messages[0].text, QStringLiteral("Ajout annulé.\nLe code club tapé n'est pas valide."));
-    EXPECT_EQ(ui.messages[1].text, QStringLiteral("Le code club tapé n'est pas valide."));
+    // Refused aloud, a code of the wrong size says nothing; the others are
+    // told, after the prefix when there is one.
+    for (const char* code : {"FRA000000000", "FRA00000000000", "FRA1210000000"})
+        EXPECT_FALSE(CodeClubValide(*app, QString::fromLatin1(code), true, u"Ajout annulé."_s)) << code;
+    EXPECT_FALSE(CodeClubValide(*app, u"BEL1000001234"_s, true, {}));
+    EXPECT_EQ(ui.texts(), (QStringList{u"Ajout annulé.\nLe code club tapé n'est pas valide."_s,
+                                       u"Le code club tapé n'est pas valide."_s}));
+    EXPECT_EQ(ui.messages[0].title, u"Erreur"_s);
 }
 
 TEST_F(ClubCodeTest, CompositionOfClubAndSelections)
 {
     ConstrucCodeClub help(*app, QString());
-    EXPECT_EQ(help.pays().value, QStringLiteral("FRANCE"));
+    EXPECT_EQ(help.pays().value, u"FRANCE"_s);
     EXPECT_EQ(help.type(), ConstrucCodeClub::Club);
     EXPECT_TRUE(help.inter().enabled);
-    EXPECT_FALSE(help.inter().items.contains(QStringLiteral("Null")));
+    EXPECT_FALSE(help.inter().items.contains(u"Null"_s));
 
     // An empty number gives a club 0001.
-    help.set_inter(QStringLiteral("Nord-Ouest"));
-    help.set_region(QStringLiteral("Bretagne"));
-    ASSERT_TRUE(help.departement().items.contains(QStringLiteral("Finistère")));
-    help.set_departement(QStringLiteral("Finistère"));
-    help.compose();
-    EXPECT_EQ(help.codification(), QStringLiteral("FRA2210290001"));
-    EXPECT_EQ(help.code_fourni(), QStringLiteral("0001"));
+    help.set_inter(u"Nord-Ouest"_s);
+    help.set_region(u"Bretagne"_s);
+    ASSERT_TRUE(help.departement().items.contains(u"Finistère"_s));
+    help.set_departement(u"Finistère"_s);
+    EXPECT_EQ(composed(help), u"FRA2210290001"_s);
+    EXPECT_EQ(help.code_fourni(), u"0001"_s);
 
     // Letters end the number.
-    help.set_code_fourni(QStringLiteral("12ab-"));
-    EXPECT_EQ(help.code_fourni(), QStringLiteral("12AB"));
-    help.compose();
-    EXPECT_EQ(help.codification(), QStringLiteral("FRA2210290012"));
+    help.set_code_fourni(u"12ab-"_s);
+    EXPECT_EQ(help.code_fourni(), u"12AB"_s);
+    EXPECT_EQ(composed(help), u"FRA2210290012"_s);
     EXPECT_TRUE(CodeClubValide(*app, help.codification(), false, {}));
 
     // A regional selection: the department stays closed, the number is 0000.
     help.set_type(ConstrucCodeClub::Regionale);
     EXPECT_FALSE(help.code_fourni_enabled());
-    help.set_inter(QStringLiteral("Nord-Ouest"));
-    help.set_region(QStringLiteral("Bretagne"));
+    help.set_inter(u"Nord-Ouest"_s);
+    help.set_region(u"Bretagne"_s);
     EXPECT_FALSE(help.departement().enabled);
-    help.compose();
-    EXPECT_EQ(help.codification(), QStringLiteral("FRA2210000000"));
+    EXPECT_EQ(composed(help), u"FRA2210000000"_s);
 
     // Abroad only a club or a federal selection exists.
     help.set_type(ConstrucCodeClub::Club);
-    help.set_pays(QStringLiteral("BELGIQUE"));
+    help.set_pays(u"BELGIQUE"_s);
     EXPECT_FALSE(help.type_enabled(ConstrucCodeClub::InterRegionale));
     EXPECT_FALSE(help.type_enabled(ConstrucCodeClub::Departementale));
     EXPECT_FALSE(help.inter().enabled);
-    help.set_code_fourni(QStringLiteral("77"));
-    help.compose();
-    EXPECT_EQ(help.codification(), QStringLiteral("BEL0000000077"));
-    help.set_pays(QStringLiteral("FRANCE"));
+    help.set_code_fourni(u"77"_s);
+    EXPECT_EQ(composed(help), u"BEL0000000077"_s);
+    help.set_pays(u"FRANCE"_s);
     EXPECT_TRUE(help.type_enabled(ConstrucCodeClub::Regionale));
 }
 
 TEST_F(ClubCodeTest, HelpStartsFromTheFieldAndCopiesOnYes)
 {
-    ConstrucCodeClub opened(*app, QStringLiteral("FRA2210291234"));
+    ConstrucCodeClub opened(*app, u"FRA2210291234"_s);
     EXPECT_EQ(opened.type(), ConstrucCodeClub::Club);
-    EXPECT_EQ(opened.inter().value, QStringLiteral("Nord-Ouest"));
-    EXPECT_EQ(opened.region().value, QStringLiteral("Bretagne"));
-    EXPECT_EQ(opened.departement().value, QStringLiteral("Finistère"));
-    EXPECT_EQ(opened.code_fourni(), QStringLiteral("1234"));
-    EXPECT_EQ(ConstrucCodeClub::type_of_code(QStringLiteral("FRA2210290000")), ConstrucCodeClub::Departementale);
-    EXPECT_EQ(ConstrucCodeClub::type_of_code(QStringLiteral("FRA2000000000")), ConstrucCodeClub::InterRegionale);
+    EXPECT_EQ((QStringList{opened.inter().value, opened.region().value, opened.departement().value,
+                           opened.code_fourni()}),
+              (QStringList{"Nord-Ouest", "Bretagne", "Finistère", "1234"}));
+    EXPECT_EQ(ConstrucCodeClub::type_of_code(u"FRA2210290000"_s), ConstrucCodeClub::Departementale);
+    EXPECT_EQ(ConstrucCodeClub::type_of_code(u"FRA2000000000"_s), ConstrucCodeClub::InterRegionale);
 
     // Through AideCodeClub: compose then close; No keeps the field.
-    ui.drivers[QStringLiteral("construc_code_club")] = [](View& v) {
+    ui.drivers[u"construc_code_club"_s] = [](View& v) {
         auto& help = dynamic_cast<ConstrucCodeClub&>(v);
-        help.set_code_fourni(QStringLiteral("42"));
+        help.set_code_fourni(u"42"_s);
         help.compose();
         help.close_command();
     };
-    QString field = QStringLiteral("FRA2210291234");
+    QString field = u"FRA2210291234"_s;
     ui.answers = {Button::No};
     EXPECT_FALSE(AideCodeClub(*app, field));
-    EXPECT_EQ(field, QStringLiteral("FRA2210291234"));
+    EXPECT_EQ(field, u"FRA2210291234"_s);
     ui.answers = {Button::Yes};
     EXPECT_TRUE(AideCodeClub(*app, field));
-    EXPECT_EQ(field, QStringLiteral("FRA2210290042"));
-    EXPECT_EQ(ui.titled(QStringLiteral("Confirmation")).back().text, QStringLiteral("Copier le code Club ?"));
+    EXPECT_EQ(field, u"FRA2210290042"_s);
+    EXPECT_EQ(ui.titled(u"Confirmation"_s).back().text, u"Copier le code Club ?"_s);
     EXPECT_EQ(app->state.busy_count, 0);
 }
 
 TEST_F(ClubCodeTest, CountryListGivesOneName)
 {
-    ui.drivers[QStringLiteral("frm_liste_pays")] = [](View& v) {
+    ui.drivers[u"frm_liste_pays"_s] = [](View& v) {
         auto& list = dynamic_cast<FrmListePays&>(v);
-        EXPECT_EQ(list.title(), QStringLiteral("Liste des Pays"));
-        select_row_at(list.selection(), *find_row(list.list(), QStringLiteral("BELGIQUE")));
+        EXPECT_EQ(list.title(), u"Liste des Pays"_s);
+        select_row_at(list.selection(), *find_row(list.list(), u"BELGIQUE"_s));
         list.confirm();
     };
-    EXPECT_EQ(ChoisirPays(*app, QStringLiteral("frm_licence")), QStringLiteral("BELGIQUE"));
+    EXPECT_EQ(ChoisirPays(*app, u"frm_licence"_s), u"BELGIQUE"_s);
 
     // With no country the confirmation stays disabled and nothing is given.
-    exec(QStringLiteral("delete from Pays"));
-    ui.drivers[QStringLiteral("frm_liste_pays")] = [](View& v) {
+    exec(u"delete from Pays"_s);
+    ui.drivers[u"frm_liste_pays"_s] = [](View& v) {
         auto& list = dynamic_cast<FrmListePays&>(v);
         EXPECT_FALSE(list.ok_enabled());
         list.confirm();
     };
-    EXPECT_TRUE(ChoisirPays(*app, QStringLiteral("frm_licence")).isEmpty());
+    EXPECT_TRUE(ChoisirPays(*app, u"frm_licence"_s).isEmpty());
     EXPECT_EQ(app->state.busy_count, 0);
 }
 

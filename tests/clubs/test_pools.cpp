@@ -5,39 +5,36 @@
 #include "src/clubs/pools.h"
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
-#include "support/app_fixture.h"
+#include "club_test_base.h"
 #include "support/awkward_text.h"
 
 #include <QStandardItem>
 
 using namespace plouvarine;
 using plouvarine::testing::awkward_text;
-using plouvarine::testing::AppFixture;
 
 namespace {
 
-class PoolsTest : public AppFixture {
+class PoolsTest : public plouvarine::testing::ClubBase {
 protected:
     void SetUp() override
     {
-        AppFixture::SetUp();
-        connect(make_base());
+        ClubBase::SetUp();
         // The start-up controls guarantee the reference pool.
-        app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null');"));
+        exec(u"INSERT INTO Piscine (Nom) VALUES ('Null');"_s);
     }
     QString add(const QString& name, const QString& town = {}, int lanes = 8, int length = 25)
     {
-        Pool p;
-        p.nom = name;
-        p.ville = town;
-        p.couloirs = lanes;
-        p.bassin = length;
-        return AjoutePiscine(*app, p);
+        return AjoutePiscine(*app, Pool{{}, name, {}, {}, town, lanes, length});
     }
     QStringList shown(PoolListView& list) { return plouvarine::testing::column_texts(list.Lsv_piscine()); }
     PoolListView* open_list(const QString& keyword)
     {
-        return OuvreListePiscines(*app, keyword, QStringLiteral("Piscines"), QStringLiteral("&Voir"));
+        return OuvreListePiscines(*app, keyword, u"Piscines"_s, u"&Voir"_s);
+    }
+    static QString fields(const Pool& p)
+    {
+        return QStringList{p.nom, p.ville, QString::number(p.couloirs), QString::number(p.bassin)}.join(u':');
     }
 };
 
@@ -45,21 +42,17 @@ protected:
 
 TEST_F(PoolsTest, TheListNeverShowsTheReferencePool)
 {
-    const QString reference = NumPiscineNulle(*app);
-    ASSERT_FALSE(reference.isEmpty());
-    add(QStringLiteral("Piscine Gayeulles"), QStringLiteral("Rennes"), 8, 50);
-    add(QStringLiteral("Aquatis"));
-    add(QStringLiteral("null"));  // typed by someone: taken for the reference pool
+    ASSERT_FALSE(NumPiscineNulle(*app).isEmpty());
+    add(u"Piscine Gayeulles"_s, u"Rennes"_s, 8, 50);
+    add(u"Aquatis"_s);
+    add(u"null"_s);  // typed by someone: taken for the reference pool
 
     PoolListView* list = open_list(QString(keyword::kView));
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(shown(*list), (QStringList{"Aquatis", "Piscine Gayeulles"}));
-    const Pool p = list->pool_at(1);
-    EXPECT_EQ(p.ville, QStringLiteral("Rennes"));
-    EXPECT_EQ(p.couloirs, 8);
-    EXPECT_EQ(p.bassin, 50);
-    EXPECT_EQ(row_key(list->Lsv_piscine(), 1), p.num);
-    EXPECT_EQ(ui.status_history.back(), QStringLiteral("Chargement de la liste des piscines"));
+    EXPECT_EQ(fields(list->pool_at(1)), u"Piscine Gayeulles:Rennes:8:50"_s);
+    EXPECT_EQ(row_key(list->Lsv_piscine(), 1), list->pool_at(1).num);
+    EXPECT_EQ(ui.status_history.back(), u"Chargement de la liste des piscines"_s);
 
     // One list at a time: the second opening says so and gives nothing.
     EXPECT_EQ(open_list(QString(keyword::kModif)), nullptr);
@@ -68,52 +61,51 @@ TEST_F(PoolsTest, TheListNeverShowsTheReferencePool)
 
 TEST_F(PoolsTest, DeletingAPoolMovesItsCompetitionsToTheReference)
 {
-    const QString used = add(QStringLiteral("Bréquigny"), QStringLiteral("Rennes"), 6, 25);
-    const QString other = add(QStringLiteral("Saint-Georges"));
-    add(QStringLiteral("Gardée"));
-    app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Nom, Lieu, Nb_couloir, Longueur, Num_Piscine) VALUES "
-                                    "('Meeting', 'Rennes', 6, 25, %1), ('Coupe', 'Brest', 8, 50, %2);")
-                         .arg(used, other));
+    const QString used = add(u"Bréquigny"_s, u"Rennes"_s, 6, 25);
+    const QString other = add(u"Saint-Georges"_s);
+    add(u"Gardée"_s);
+    exec(u"INSERT INTO Rcomp (Nom, Lieu, Nb_couloir, Longueur, Num_Piscine) VALUES "
+         "('Meeting', 'Rennes', 6, 25, %1), ('Coupe', 'Brest', 8, 50, %2);"_s.arg(used, other));
 
     PoolListView* list = open_list(QString(keyword::kSuppr));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuModelePiscineView")), 1);
+    EXPECT_EQ(app->menus.counter(u"mnuModelePiscineView"_s), 1);
     list->ok({0});          // Bréquigny
     list->delete_key({1});  // Saint-Georges, now second
-    EXPECT_EQ(shown(*list), QStringList{QStringLiteral("Gardée")});
+    EXPECT_EQ(shown(*list), QStringList{u"Gardée"_s});
     EXPECT_EQ(list->Lsv_num().rowCount(), 2);
-    EXPECT_EQ(list->close_caption(), QStringLiteral("&Valider"));
+    EXPECT_EQ(list->close_caption(), u"&Valider"_s);
     list->close_command();
-    EXPECT_EQ(ui.status[2], QStringLiteral("Suppression enregistrée"));
+    EXPECT_EQ(ui.status[2], u"Suppression enregistrée"_s);
 
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("select Nom from Piscine where Nom <> 'Null'")).column(0),
-              QStringList{QStringLiteral("Gardée")});
-    const Rows meets = app->db.load_rows(
-        QStringLiteral("select Num_Piscine, Lieu, Nb_couloir, Longueur from Rcomp order by Nom"));
-    for (int r = 0; r < 2; ++r)
-        EXPECT_EQ(meets.value(r, 0), NumPiscineNulle(*app));
-    EXPECT_EQ(meets.value(1, 1), QStringLiteral("Rennes"));
-    EXPECT_EQ(meets.value(1, 2), QStringLiteral("6"));
-    EXPECT_EQ(app->menus.counter(QStringLiteral("mnuModelePiscineView")), 0);
+    EXPECT_EQ(dump(u"select Nom from Piscine where Nom <> 'Null'"_s), QStringList{u"Gardée"_s});
+    // The competitions keep their own place and lanes.
+    const QString ref = NumPiscineNulle(*app);
+    EXPECT_EQ(dump(u"select Num_Piscine, Lieu, Nb_couloir, Longueur from Rcomp order by Nom"_s),
+              (QStringList{ref + u":Brest:8:50"_s, ref + u":Rennes:6:25"_s}));
+    EXPECT_EQ(app->menus.counter(u"mnuModelePiscineView"_s), 0);
     EXPECT_FALSE(app->is_busy());
 }
 
-TEST_F(PoolsTest, TheDetailSavesNewAndChangedPools)
+// Every text is written with characters that break a hand-made statement,
+// new and then changed.
+TEST_F(PoolsTest, TheDetailSavesNewAndChangedPoolsAsTyped)
 {
     PoolDetailView detail(*app, QString(keyword::kNouveau));
-    detail.pool.nom = QStringLiteral("  ");
+    detail.pool.nom = u"  "_s;
     EXPECT_FALSE(detail.save());
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Preciser le nom de la piscine !")});
+    EXPECT_EQ(ui.texts(), QStringList{u"Preciser le nom de la piscine !"_s});
 
-    detail.pool.nom = QStringLiteral("L'Hermine");  // the name alone is enough
+    const QString t = awkward_text();
+    detail.pool.nom = t;  // the name alone is enough
     ASSERT_TRUE(detail.save());
-    EXPECT_EQ(ui.messages.back().text, QStringLiteral("Nouvelle piscine enregistrée."));
-    const Rows row = app->db.load_rows(
-        QStringLiteral("select Num, Nom, Ville, NbCouloir, Bassin from Piscine where Num = ") + detail.pool.num);
-    EXPECT_EQ(row.first(1), QStringLiteral("L'Hermine"));
-    EXPECT_EQ(row.first(2), QString());
-    EXPECT_EQ(row.first(3), QStringLiteral("8"));
-    EXPECT_EQ(row.first(4), QStringLiteral("25"));
+    EXPECT_EQ(ui.messages.back().text, u"Nouvelle piscine enregistrée."_s);
+    const QString row = u"select Nom, Adresse, Code_Postal, Ville, NbCouloir, Bassin from Piscine where Num = "_s;
+    EXPECT_EQ(dump(row + detail.pool.num), QStringList{t + u"::::8:25"_s});
+    PoolDetailView full(*app, QString(keyword::kNouveau));
+    full.pool = Pool{{}, t + "nom", t + "adresse", t + "cp", t + "ville", 6, 50};
+    ASSERT_TRUE(full.save());
+    EXPECT_EQ(dump(row + full.pool.num), QStringList{t + "nom:" + t + "adresse:" + t + "cp:" + t + "ville:6:50"});
 
     PoolListView* list = open_list(QString(keyword::kModif));
     ASSERT_NE(list, nullptr);
@@ -121,25 +113,23 @@ TEST_F(PoolsTest, TheDetailSavesNewAndChangedPools)
     auto* edit = ui.window_as<PoolDetailView>(QString(PoolDetailView::kName));
     ASSERT_NE(edit, nullptr);
     EXPECT_EQ(app->windows.caller_of(edit->name()), list->name());
-    EXPECT_EQ(edit->pool.nom, QStringLiteral("L'Hermine"));
-    edit->pool.ville = QStringLiteral("Saint-Brieuc d'Armor");
-    edit->pool.couloirs = 10;
-    edit->pool.bassin = 50;
+    EXPECT_EQ(edit->pool.nom, t);
+    const QString u = awkward_text("2 ");
+    edit->pool = Pool{edit->pool.num, u + "nom", u + "adresse", u + "cp", u + "ville", 10, 50};
     edit->confirm();
     EXPECT_TRUE(edit->is_closed());
-    EXPECT_EQ(list->pool_at(0).ville, QStringLiteral("Saint-Brieuc d'Armor"));
-    EXPECT_EQ(list->pool_at(0).couloirs, 10);
-    EXPECT_EQ(list->pool_at(0).bassin, 50);
+    EXPECT_EQ(dump(row + detail.pool.num),
+              QStringList{u + "nom:" + u + "adresse:" + u + "cp:" + u + "ville:10:50"});
+    EXPECT_EQ(fields(list->pool_at(0)), fields(edit->pool));
 }
 
 TEST_F(PoolsTest, ChoosingAPoolForACompetition)
 {
-    add(QStringLiteral("Aquarena"), QStringLiteral("Lorient"), 10, 50);
+    add(u"Aquarena"_s, u"Lorient"_s, 10, 50);
     Pool chosen;
     std::vector<bool> replaced;
     auto open_choice = [&] {
-        PoolListView* list = OuvreListePiscines(*app, QString(keyword::kChoisir), QStringLiteral("Choisir"),
-                                                QStringLiteral("&Choisir"));
+        PoolListView* list = OuvreListePiscines(*app, QString(keyword::kChoisir), u"Choisir"_s, u"&Choisir"_s);
         if (list)
             list->on_chosen = [&](const Pool& p, bool replace) {
                 chosen = p;
@@ -154,8 +144,8 @@ TEST_F(PoolsTest, ChoosingAPoolForACompetition)
     ui.answers.push_back(Button::No);
     list->ok({0});
     EXPECT_EQ(ui.messages.back().text,
-              QStringLiteral("Remplacer les informations (lieu et nombre de couloir) sur la compétition ?"));
-    EXPECT_EQ(chosen.nom, QStringLiteral("Aquarena"));
+              u"Remplacer les informations (lieu et nombre de couloir) sur la compétition ?"_s);
+    EXPECT_EQ(chosen.nom, u"Aquarena"_s);
     EXPECT_EQ(replaced, std::vector<bool>{false});
     EXPECT_TRUE(list->is_closed());
 
@@ -166,33 +156,11 @@ TEST_F(PoolsTest, ChoosingAPoolForACompetition)
     auto* created = ui.window_as<PoolDetailView>(QString(PoolDetailView::kName));
     ASSERT_NE(created, nullptr);
     EXPECT_EQ(created->mode(), QString(PoolDetailView::kCreation));
-    created->pool.nom = QStringLiteral("Plijadur");
-    created->pool.ville = QStringLiteral("Guingamp");
+    created->pool.nom = u"Plijadur"_s;
+    created->pool.ville = u"Guingamp"_s;
     ui.answers.push_back(Button::Yes);
     created->confirm();
-    EXPECT_EQ(chosen.nom, QStringLiteral("Plijadur"));
-    EXPECT_EQ(chosen.ville, QStringLiteral("Guingamp"));
+    EXPECT_EQ(fields(chosen), u"Plijadur:Guingamp:8:25"_s);
     EXPECT_FALSE(chosen.num.isEmpty());
     EXPECT_EQ(replaced, (std::vector<bool>{false, true}));
-}
-
-TEST_F(PoolsTest, AwkwardTextsAreSavedAsTypedNewAndChanged)
-{
-    // A new pool, then the same pool changed.
-    Pool saved;
-    for (const char* tag : {"", "2 "}) {
-        const QString t = awkward_text(tag);
-        PoolDetailView view(*app, QString(*tag ? keyword::kModif : keyword::kNouveau));
-        if (*tag)
-            view.remplir_champs(saved);
-        view.pool.nom = t + "nom";
-        view.pool.adresse = t + "adresse";
-        view.pool.code_postal = t + "cp";
-        view.pool.ville = t + "ville";
-        ASSERT_TRUE(view.save());
-        if (!*tag)
-            saved = view.pool;
-        EXPECT_EQ(dump(QStringLiteral("select Nom, Adresse, Code_Postal, Ville from Piscine where Num = ") + saved.num),
-                  QStringList{t + "nom:" + t + "adresse:" + t + "cp:" + t + "ville"});
-    }
 }

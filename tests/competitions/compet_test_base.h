@@ -9,6 +9,8 @@
 
 #include <QDate>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace plouvarine::testing {
 
 class CompetFixture : public AppFixture {

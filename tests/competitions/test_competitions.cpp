@@ -22,27 +22,26 @@ namespace {
 class CompetBase : public plouvarine::testing::CompetFixture {
 protected:
     QString compet(const QString& num, const QString& debut, const QString& fin, bool deroule = false,
-                   bool visible = true, const QString& type = QStringLiteral("C"), int longueur = 50, int lanes = 6)
+                   bool visible = true, const QString& type = u"C"_s, int longueur = 50, int lanes = 6)
     {
-        app->db.exec_sql(QStringLiteral("INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, "
-                                        "Codif_fede, Codif_inter, Codif_reg, Codif_depar, Deroule, Visible, "
-                                        "Num_Piscine) VALUES ('%1', '%2', 'Meeting %1', '%3', '%4', 'Brest', %5, "
-                                        "%6, 'Q', 'R', 'A', ' ', %7, %8, %9)")
-                             .arg(num, type, debut, fin)
-                             .arg(longueur)
-                             .arg(lanes)
-                             .arg(bool_text(deroule).text(), bool_text(visible).text(), NumPiscineNulle(*app)));
-        return value(QStringLiteral("select max(AutoNum) from Rcomp"));
+        exec(u"INSERT INTO Rcomp (Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, Codif_fede, Codif_inter, "
+             "Codif_reg, Codif_depar, Deroule, Visible, Num_Piscine) VALUES ('%1', '%2', 'Meeting %1', '%3', '%4', "
+             "'Brest', %5, %6, 'Q', 'R', 'A', ' ', %7, %8, %9)"_s.arg(num, type, debut, fin)
+                 .arg(longueur)
+                 .arg(lanes)
+                 .arg(bool_text(deroule).text(), bool_text(visible).text(), NumPiscineNulle(*app)));
+        return value(u"select max(AutoNum) from Rcomp"_s);
     }
     QString state(const QString& autonum)
     {
-        return value(QStringLiteral("select Deroule from Rcomp where AutoNum = ") + autonum) + QLatin1Char('/') +
-               value(QStringLiteral("select Visible from Rcomp where AutoNum = ") + autonum);
+        return plouvarine::testing::row_texts(
+                   app->db.load_rows(u"select Deroule, Visible from Rcomp where AutoNum = "_s + autonum), u'/')
+            .value(0);
     }
     // A new competition with every field right, to spoil one at a time.
     void fill(DetCompet& det)
     {
-        det.text1 = {QStringLiteral("Coupe d'hiver"), QStringLiteral("B12"), QStringLiteral("Saint-Brieuc")};
+        det.text1 = {u"Coupe d'hiver"_s, u"B12"_s, u"Saint-Brieuc"_s};
         det.txt_date = {};
         det.txt_date[0] = "15", det.txt_date[1] = "3", det.txt_date[2] = "2025";
         det.txt_date[10] = "16", det.txt_date[11] = "03", det.txt_date[12] = "2025";
@@ -50,11 +49,37 @@ protected:
         det.Op_bass = DetCompet::kBassin50;
         det.codif = {0, 1, 2, 0};
     }
-    FrmListeCompet* open_list(const QString& mode, const QString& caption = QStringLiteral("&Go"))
+    FrmListeCompet* open_list(const QString& mode, const QString& caption = u"&Go"_s)
     {
-        return OuvrirListeCompet(*app, mode, caption, QStringLiteral("Titre"));
+        return OuvrirListeCompet(*app, mode, caption, u"Titre"_s);
+    }
+    // The fields of the select's only row, apart.
+    QStringList first_row(const QString& sql)
+    {
+        const Rows rows = app->db.load_rows(sql);
+        EXPECT_EQ(rows.size(), 1) << sql.toStdString();
+        QStringList out;
+        for (int c = 0; c < rows.column_count(); ++c)
+            out << rows.first(c);
+        return out;
     }
     QStringList nums(FrmListeCompet* list) { return plouvarine::testing::column_texts(list->lsv_compet()); }
+    // Chooses `pool` in the pool list the detail opens, taking its place and lanes.
+    void choose_pool(DetCompet& det, Pool pool)
+    {
+        pool.num = AjoutePiscine(*app, pool);
+        det.choose_pool();
+        auto* pools = ui.window_as<PoolListView>(u"Frm_liste_piscine"_s);
+        ASSERT_NE(pools, nullptr);
+        ui.answers.push_back(Button::Yes);
+        pools->ok({0});
+        EXPECT_EQ(det.lbl_piscine, pool.nom);
+        EXPECT_EQ(det.num_piscine, pool.num);
+    }
+    static QString fields(const DetCompet& det)
+    {
+        return QStringList{det.text1[DetCompet::kLieu], det.Cb_couloir, QString::number(det.Op_bass)}.join(u':');
+    }
 };
 
 }  // namespace
@@ -68,11 +93,8 @@ TEST_F(CompetBase, RolloverRetiresCompetitionsOnTheMorningOfTheirFirstDay)
     const QString results = compet("E", "20250101", "20250101", true, true);
     install_competition_hooks(*app);
     app->hooks.competitions_rollover(*app);
-    EXPECT_EQ(state(yesterday), "Vrai/Faux");
-    EXPECT_EQ(state(today), "Vrai/Faux");
-    EXPECT_EQ(state(tomorrow), "Faux/Vrai");
-    EXPECT_EQ(state(hidden), "Faux/Faux");
-    EXPECT_EQ(state(results), "Vrai/Vrai");
+    EXPECT_EQ((QStringList{state(yesterday), state(today), state(tomorrow), state(hidden), state(results)}),
+              (QStringList{"Vrai/Faux", "Vrai/Faux", "Faux/Vrai", "Faux/Faux", "Vrai/Vrai"}));
 }
 
 TEST_F(CompetBase, NewCompetitionIsCheckedInOrderThenSaved)
@@ -84,49 +106,49 @@ TEST_F(CompetBase, NewCompetitionIsCheckedInOrderThenSaved)
                                "la codification fédérale", "la codification inter régionale",
                                "la codification régionale", "la codification départementale"};
     // Each field filled in turn moves the refusal to the next one.
-    QStringList seen;
     for (int step = 0; step < expected.size(); ++step) {
         ui.clear();
         EXPECT_FALSE(det.save());
-        seen << ui.texts().value(0);
+        EXPECT_EQ(ui.texts(), QStringList{"Veuillez spécifier " + expected[step] + " de la compétition."});
         if (step < 3) det.text1[size_t(step)] = QStringLiteral("X");
         else if (step == 3) det.Option1 = 0;
         else if (step == 4) det.Op_bass = 0;
         else det.codif[size_t(step - 5)] = 2;
     }
-    for (int i = 0; i < expected.size(); ++i)
-        EXPECT_EQ(seen[i], "Veuillez spécifier " + expected[i] + " de la compétition.");
 
-    auto refused = [&](const char* message) {
+    struct Spoilt {
+        int field;
+        const char* value;
+        const char* message;
+    };
+    const Spoilt dates[] = {{1, "13", "Format des dates non valides."},
+                            {0, "10", "Date de début de la compétition est passée."},  // today
+                            {10, "14", "La date de fin ne peut être avant la date de début."}};
+    for (const Spoilt& d : dates) {
+        fill(det);
+        det.txt_date[size_t(d.field)] = QString::fromLatin1(d.value);
         ui.clear();
         EXPECT_FALSE(det.save());
-        EXPECT_EQ(ui.texts(), QStringList{QString::fromUtf8(message)});
-    };
-    fill(det);
-    det.txt_date[1] = "13";
-    refused("Format des dates non valides.");
-    EXPECT_EQ(det.focus_field(), "txt_date_0");
-    fill(det);
-    det.txt_date[0] = "10";  // today
-    refused("Date de début de la compétition est passée.");
-    fill(det);
-    det.txt_date[10] = "14";
-    refused("La date de fin ne peut être avant la date de début.");
-    EXPECT_EQ(value("select count(*) from Rcomp"), "0");
+        EXPECT_EQ(ui.texts(), QStringList{QString::fromUtf8(d.message)});
+        if (d.field == 1) {
+            EXPECT_EQ(det.focus_field(), "txt_date_0");  // a bad format puts the person back on the first field
+        }
+    }
+    EXPECT_EQ(count(u"select count(*) from Rcomp"_s), 0);
 
+    // Saved with texts that break a hand-made statement, on one day only.
+    const QString t = awkward_text();
     fill(det);
-    det.txt_date[10] = "15";  // one day only
+    det.text1 = {t + "nom", t + "num", t + "lieu"};
+    det.txt_date[10] = "15";
     ui.clear();
     EXPECT_TRUE(det.save());
     EXPECT_EQ(ui.texts(), QStringList{"Compétition mémorisée avec succès."});
     EXPECT_TRUE(det.is_closed());
-    const auto row = app->db.load_rows("select Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, Codif_fede, "
-                                       "Codif_inter, Codif_reg, Codif_depar, Deroule, Visible, Num_Piscine from Rcomp");
-    QStringList got;
-    for (int c = 0; c < 15; ++c)
-        got << row.value(0, c);
-    EXPECT_EQ(got, (QStringList{"B12", "C", "Coupe d'hiver", "20250315", "20250315", "Saint-Brieuc", "50", "8", "Q",
-                                "R", "A", "Q", "Faux", "Vrai", NumPiscineNulle(*app)}));
+    EXPECT_EQ(first_row(u"select Num, Type, Nom, Debut, Fin, Lieu, Longueur, Nb_couloir, Codif_fede, Codif_inter, "
+                        "Codif_reg, Codif_depar, Deroule, Visible, Num_Piscine from Rcomp"_s),
+              (QStringList{t + "num", "C", t + "nom", "20250315", "20250315", t + "lieu", "50", "8", "Q", "R", "A", "Q",
+                           "Faux", "Vrai", NumPiscineNulle(*app)}));
 }
 
 TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals)
@@ -136,13 +158,11 @@ TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals
     det.set_type(DetCompet::kInterclubs);
     EXPECT_FALSE(det.options_enabled());
     auto levels = [](const CompetRecord& r) {
-        return QStringList{r.codif_fede, r.codif_inter, r.codif_reg, r.codif_depar};
+        return QStringList{r.longueur, r.codif_fede, r.codif_inter, r.codif_reg, r.codif_depar};
     };
-    const CompetRecord record = det.LitCompet();
-    EXPECT_EQ(record.longueur, "25");
-    EXPECT_EQ(levels(record), (QStringList{"A", "A", "A", "A"}));
+    EXPECT_EQ(levels(det.LitCompet()), (QStringList{"25", "A", "A", "A", "A"}));
     det.clear_options();
-    EXPECT_EQ(levels(det.LitCompet()), (QStringList{" ", " ", " ", " "}));
+    EXPECT_EQ(levels(det.LitCompet()), (QStringList{"25", " ", " ", " ", " "}));
     EXPECT_EQ(DetCompet::FiltreNumero("b1'2-z"), "B12Z");
     EXPECT_EQ(DetCompet::FiltreToucheNumero('q'), 'Q');
     EXPECT_EQ(DetCompet::FiltreToucheNumero(8), 8);
@@ -152,13 +172,12 @@ TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals
     const QString num = compet("I1", "20250401", "20250402", false, true, "I", 50, 11);
     DetCompet loaded(*app, QString(keyword::kModif), num);
     loaded.load();
-    EXPECT_EQ(loaded.Op_bass, DetCompet::kBassin25);
-    EXPECT_EQ(loaded.Cb_couloir, "8");
+    EXPECT_EQ(fields(loaded), u"Brest:8:%1"_s.arg(DetCompet::kBassin25));
     EXPECT_EQ(loaded.codif, (std::array<int, 4>{2, 2, 2, 2}));
     EXPECT_EQ(loaded.lbl_piscine, "");
 
     // Without the reference pool the join finds nothing: the fields stay empty.
-    app->db.exec_sql("delete from Piscine where Nom = 'Null'");
+    exec(u"delete from Piscine where Nom = 'Null'"_s);
     DetCompet orphan(*app, QString(keyword::kModif), num);
     orphan.load();
     EXPECT_EQ(orphan.text1[DetCompet::kNom], "");
@@ -168,8 +187,8 @@ TEST_F(CompetBase, ModifShortensTheProgrammeAndChoosesAPool)
 {
     const QString num = compet("M1", "20250401", "20250403");
     for (int day : {1, 2, 3})
-        app->db.exec_sql(QStringLiteral("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) "
-                                        "VALUES (%1, %2, %2, 5)").arg(num).arg(day));
+        exec(u"INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse, Num_ordre) VALUES (%1, %2, %2, 5)"_s.arg(num)
+                 .arg(day));
     FrmListeCompet* list = open_list(QString(keyword::kModif), "&Modifier");
     ASSERT_NE(list, nullptr);
     list->cmd2();
@@ -178,49 +197,33 @@ TEST_F(CompetBase, ModifShortensTheProgrammeAndChoosesAPool)
     EXPECT_EQ(det->title(), "Modification de la compétition");
     EXPECT_EQ(det->text1[DetCompet::kLieu], "Brest");
     EXPECT_EQ(det->codif, (std::array<int, 4>{0, 1, 2, -1}));
+    choose_pool(*det, Pool{{}, "Piscine de Kerlan", "", "29000", "Quimper", 10, 25});
+    EXPECT_EQ(fields(*det), u"Quimper:10:%1"_s.arg(DetCompet::kBassin25));
 
-    Pool pool{{}, "Piscine de Kerlan", "", "29000", "Quimper", 10, 25};
-    pool.num = AjoutePiscine(*app, pool);
-    det->choose_pool();
-    auto* pools = ui.window_as<PoolListView>("Frm_liste_piscine");
-    ASSERT_NE(pools, nullptr);
-    ui.answers.push_back(Button::Yes);
-    pools->ok({0});
-    EXPECT_EQ(det->lbl_piscine, "Piscine de Kerlan");
-    EXPECT_EQ(det->text1[DetCompet::kLieu], "Quimper");
-    EXPECT_EQ(det->Cb_couloir, "10");
-    EXPECT_EQ(det->Op_bass, DetCompet::kBassin25);
-
+    // Changed texts are saved as typed.
+    const QString t = awkward_text("2 ");
     det->codif[3] = 2;
     det->txt_date[10] = "02";  // three days become two
-    det->text1[DetCompet::kNom] = "L'Open";
+    det->text1 = {t + "nom", t + "num", t + "lieu"};
     ui.clear();
     EXPECT_TRUE(det->save());
     EXPECT_EQ(ui.texts(), QStringList{"Compétition modifiée avec succès."});
-    EXPECT_EQ(value("select Nom from Rcomp where AutoNum = " + num), "L'Open");
-    EXPECT_EQ(value("select Num_Piscine from Rcomp where AutoNum = " + num), pool.num);
-    EXPECT_EQ(value("select Fin from Rcomp where AutoNum = " + num), "20250402");
+    EXPECT_EQ(first_row(u"select Nom, Num, Lieu, Num_Piscine, Fin from Rcomp where AutoNum = "_s + num),
+              (QStringList{t + "nom", t + "num", t + "lieu", det->num_piscine, "20250402"}));
     EXPECT_EQ(value("select group_concat(JourCourse || ':' || Num_ordre) from (select * from Pcomp order by "
                     "Code_epreuve)"),
               "1:5,2:5,1:0");
-    EXPECT_EQ(list->lsv_compet().item(0, 2)->text(), "Quimper");
+    EXPECT_EQ(list->lsv_compet().item(0, 2)->text(), t + "lieu");
 }
 
 TEST_F(CompetBase, APoolChosenForAnInterclubsSetsItsLength)
 {
-    Pool pool{{}, "Piscine olympique", "", "35000", "Rennes", 10, 50};
-    pool.num = AjoutePiscine(*app, pool);
     OuvrirDetCompet(*app, QString(keyword::kNouveau), "Nouvelle compétition");
     auto* det = ui.window_as<DetCompet>("det_compet");
     ASSERT_NE(det, nullptr);
     det->set_type(DetCompet::kInterclubs);
     ASSERT_FALSE(det->options_enabled());
-    det->choose_pool();
-    auto* pools = ui.window_as<PoolListView>("Frm_liste_piscine");
-    ASSERT_NE(pools, nullptr);
-    ui.answers.push_back(Button::Yes);
-    pools->ok({0});
-    EXPECT_EQ(det->lbl_piscine, "Piscine olympique");
+    choose_pool(*det, Pool{{}, "Piscine olympique", "", "35000", "Rennes", 10, 50});
     EXPECT_EQ(det->Op_bass, DetCompet::kBassin50);
     EXPECT_EQ(det->LitCompet().longueur, "50");
     EXPECT_FALSE(det->options_enabled());
@@ -231,17 +234,18 @@ TEST_F(CompetBase, DeletionHidesWithUndoAndKeepsTheProgramme)
     const QString a = compet("A", "20250401", "20250401");
     const QString b = compet("B", "20250402", "20250402");
     compet("C", "20250403", "20250403");
-    app->db.exec_sql("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse) VALUES (" + a + ", 1, 1)");
+    exec("INSERT INTO Pcomp (Num_compet, Code_epreuve, JourCourse) VALUES (" + a + ", 1, 1)");
     FrmListeCompet* list = open_list(QString(keyword::kSuppr), "&Supprimer");
-    list->selection().select(list->lsv_compet().index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    list->selection().select(list->lsv_compet().index(1, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    for (int row : {0, 1})
+        list->selection().select(list->lsv_compet().index(row, 0),
+                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
     list->delete_key();
     EXPECT_EQ(nums(list), QStringList{"C"});
-    EXPECT_EQ(value("select count(*) from Rcomp where Visible = false"), "2");
-    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "2");
+    const QString hidden_and_kept = u"select count(*) from Rcomp where Visible = false union all "
+                                    "select count(*) from Rcomp_tempo"_s;
+    EXPECT_EQ(dump(hidden_and_kept), (QStringList{"2", "2"}));
     list->cmd1();
-    EXPECT_EQ(value("select count(*) from Rcomp where Visible = false"), "0");
-    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
+    EXPECT_EQ(dump(hidden_and_kept), (QStringList{"0", "0"}));
     EXPECT_TRUE(ui.status[2].isEmpty());
 
     list = open_list(QString(keyword::kSuppr), "&Supprimer");
@@ -250,8 +254,8 @@ TEST_F(CompetBase, DeletionHidesWithUndoAndKeepsTheProgramme)
     EXPECT_EQ(ui.status[2], "Suppression enregistrée");
     EXPECT_EQ(state(a), "Faux/Faux");
     EXPECT_EQ(state(b), "Faux/Vrai");
-    EXPECT_EQ(value("select count(*) from Rcomp_tempo"), "0");
-    EXPECT_EQ(value("select count(*) from Pcomp where Num_compet = " + a), "1");
+    EXPECT_EQ(count(u"select count(*) from Rcomp_tempo"_s), 0);
+    EXPECT_EQ(count(u"select count(*) from Pcomp where Num_compet = "_s + a), 1);
 }
 
 TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
@@ -260,7 +264,7 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
     compet("B", "20250402", "20250402");
     const QString done = compet("R", "20250101", "20250102", true, true);
     compet("X", "20250103", "20250103", true, true);
-    app->db.exec_sql("INSERT INTO Prres (Num_compet, Code_epreuve) VALUES (" + done + ", 1)");
+    exec("INSERT INTO Prres (Num_compet, Code_epreuve) VALUES (" + done + ", 1)");
 
     FrmListeCompet* list = open_list(QString(keyword::kView), "");
     EXPECT_EQ(nums(list), (QStringList{"A", "B"}));
@@ -278,16 +282,15 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
 
     list = open_list(QString(keyword::kImporRes), "&Résultats");
     EXPECT_EQ(nums(list), (QStringList{"R", "X"}));
-    EXPECT_EQ(list->lsv_compet().item(0, 4)->text(), "X");
-    EXPECT_EQ(list->lsv_compet().item(1, 4)->text(), "");
+    EXPECT_EQ(plouvarine::testing::column_texts(list->lsv_compet(), 4), (QStringList{"X", ""}));
     EXPECT_TRUE(list->cmd3_visible());
     // The import of results is still to come: choosing a competition, or
     // "&Nouvelle", says so and leaves the list open.
+    const QString unavailable = u"Cette fonction n'est pas encore disponible."_s;
     ui.clear();
     list->activate();
     list->cmd3();
-    EXPECT_EQ(ui.texts(), (QStringList{"Cette fonction n'est pas encore disponible.",
-                                       "Cette fonction n'est pas encore disponible."}));
+    EXPECT_EQ(ui.texts(), (QStringList{unavailable, unavailable}));
     EXPECT_FALSE(list->is_closed());
     list->cmd0();
 
@@ -297,11 +300,10 @@ TEST_F(CompetBase, ListModesShowTheirRowsAndHandTheChoiceOn)
     list = open_list(QString(keyword::kChoixPourEngagements), "&Engag");
     ui.clear();
     list->activate();
-    EXPECT_EQ(ui.texts(), QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération."});
     engag.close();
-    ui.clear();
     list->activate();
-    EXPECT_EQ(ui.texts(), QStringList{"Cette fonction n'est pas encore disponible."});
+    EXPECT_EQ(ui.texts(),
+              (QStringList{"La fenêtre est déjà ouverte.\nTerminer la précédente opération.", unavailable}));
     list->cmd0();
 
     // The programme window's copy list hands the chosen competition back.
@@ -328,29 +330,4 @@ TEST_F(CompetBase, StatementHelpersReadAndCreate)
     ASSERT_FALSE(imported.isEmpty());
     EXPECT_EQ(state(imported), "Vrai/Vrai");
     EXPECT_EQ(ChampCompet(*app, imported, "Num_Piscine"), NumPiscineNulle(*app));
-}
-
-TEST_F(CompetBase, AwkwardTextsAreSavedAsTypedNewAndChanged)
-{
-    const auto read_back = [this] {
-        const Rows r = app->db.load_rows("select Nom, Num, Lieu, AutoNum from Rcomp");
-        EXPECT_EQ(r.size(), 1);
-        return QStringList{r.value(0, 0), r.value(0, 1), r.value(0, 2), r.value(0, 3)};
-    };
-    const QString t = awkward_text();
-    DetCompet created(*app, QString(keyword::kNouveau));
-    fill(created);
-    created.text1 = {t + "nom", t + "num", t + "lieu"};
-    ASSERT_TRUE(created.save());
-    QStringList row = read_back();
-    EXPECT_EQ(row.mid(0, 3), (QStringList{t + "nom", t + "num", t + "lieu"}));
-
-    const QString u = awkward_text("2 ");
-    DetCompet changed(*app, QString(keyword::kModif), row[3]);
-    changed.load();
-    EXPECT_EQ(changed.text1[DetCompet::kLieu], t + "lieu");
-    changed.text1 = {u + "nom", u + "num", u + "lieu"};
-    ASSERT_TRUE(changed.save());
-    row = read_back();
-    EXPECT_EQ(row.mid(0, 3), (QStringList{u + "nom", u + "num", u + "lieu"}));
 }

@@ -15,6 +15,7 @@
 #include <QFile>
 
 using namespace plouvarine;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -51,14 +52,14 @@ protected:
     }
     QStringList work_folders() const
     {
-        return QDir(app->app_dir()).entryList({QStringLiteral("tmp*"), QStringLiteral("trace*")}, QDir::AllEntries);
+        return QDir(app->app_dir()).entryList({u"tmp*"_s, u"trace*"_s}, QDir::AllEntries);
     }
 };
 
 TEST_F(ExchangeDoorsTest, ResultsWithoutACompetitionGoIntoOneMadeForThem)
 {
-    const QString source = folder(QStringLiteral("resultats"));
-    QFile(QDir(source).filePath(QStringLiteral("meet.lef"))).open(QIODevice::WriteOnly);
+    const QString source = folder(u"resultats"_s);
+    QFile(QDir(source).filePath(u"meet.lef"_s)).open(QIODevice::WriteOnly);
     QStringList labels;
     const QString report = choose(keyword::kImporRes, QString(), [&](OperationRunner& runner) {
         labels << runner.title() << runner.label();
@@ -68,13 +69,13 @@ TEST_F(ExchangeDoorsTest, ResultsWithoutACompetitionGoIntoOneMadeForThem)
         labels << runner.label();
         runner.set_path(source);
     });
-    EXPECT_EQ(labels, (QStringList{QStringLiteral("Importer Résultats"), QStringLiteral("Répertoire source :"),
-                                   QStringLiteral("Fichier source :"), QStringLiteral("Répertoire source :")}));
-    const QString made = app->db.load_rows(QStringLiteral("select max(AutoNum) from Rcomp where Deroule = true and Visible = true")).first();
+    EXPECT_EQ(labels, (QStringList{u"Importer Résultats"_s, u"Répertoire source :"_s,
+                                   u"Fichier source :"_s, u"Répertoire source :"_s}));
+    const QString made = value(u"select max(AutoNum) from Rcomp where Deroule = true and Visible = true"_s);
     ASSERT_FALSE(made.isEmpty());
-    EXPECT_EQ(report.trimmed(), QStringLiteral("bimport_result num=%1 new=1 option=0 source=meet.lef").arg(made));
+    EXPECT_EQ(report.trimmed(), u"bimport_result num=%1 new=1 option=0 source=meet.lef"_s.arg(made));
     EXPECT_TRUE(ui.texts().isEmpty());
-    EXPECT_TRUE(work_folders().isEmpty());
+    EXPECT_EQ(work_folders(), QStringList());
 }
 
 TEST_F(ExchangeDoorsTest, ACompetitionThatCannotBeMadeClosesTheRunnerBeforeTheComponent)
@@ -83,98 +84,98 @@ TEST_F(ExchangeDoorsTest, ACompetitionThatCannotBeMadeClosesTheRunnerBeforeTheCo
     QString report;
     ui.drivers[QString(OperationRunner::kName)] = [&](View& view) {
         auto& runner = dynamic_cast<OperationRunner&>(view);
-        runner.set_path(folder(QStringLiteral("resultats")));
+        runner.set_path(folder(u"resultats"_s));
         runner.ok();
         closed_by_run = runner.is_closed();
         report = runner.report();
     };
-    run_operation(*app, QStringLiteral("impres"), QString(), true, [](AppContext&) { return QString(); });
+    run_operation(*app, u"impres"_s, QString(), true, [](AppContext&) { return QString(); });
     EXPECT_TRUE(closed_by_run);
     EXPECT_TRUE(report.isEmpty());
-    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+    EXPECT_EQ(work_folders(), QStringList());
     EXPECT_TRUE(app->db.is_open());
 }
 
 TEST_F(ExchangeDoorsTest, AZippedResultsSourceIsReadUnpackedAndTheUnpackFolderGoes)
 {
-    const QString archive = work_file(QStringLiteral("resultats.zip"));
-    const QString inside = folder(QStringLiteral("contenu"));
-    QFile(QDir(inside).filePath(QStringLiteral("meet.lxf"))).open(QIODevice::WriteOnly);
+    const QString archive = work_file(u"resultats.zip"_s);
+    const QString inside = folder(u"contenu"_s);
+    QFile(QDir(inside).filePath(u"meet.lxf"_s)).open(QIODevice::WriteOnly);
     ASSERT_TRUE(zip_folder(archive, inside));
-    const QString report = choose(keyword::kImporRes, QStringLiteral("7"), [&](OperationRunner& runner) {
+    const QString report = choose(keyword::kImporRes, u"7"_s, [&](OperationRunner& runner) {
         runner.set_option_ticked(true);
         ui.files.push_back(archive);
         runner.choose_path();
     });
-    EXPECT_EQ(report.trimmed(), QStringLiteral("bimport_result num=7 new=0 option=1 source=meet.lxf"));
-    EXPECT_EQ(ui.file_requests.at(0).filter, QStringLiteral("Fichier de résultats (*.zip)|*.zip"));
-    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+    EXPECT_EQ(report.trimmed(), u"bimport_result num=7 new=0 option=1 source=meet.lxf"_s);
+    EXPECT_EQ(ui.file_requests.at(0).filter, u"Fichier de résultats (*.zip)|*.zip"_s);
+    EXPECT_EQ(work_folders(), QStringList());
 }
 
 TEST_F(ExchangeDoorsTest, EntryFilesGoIntoOneZipOrIntoTheFolderAfterTheQuestion)
 {
-    const QString archive = work_file(QStringLiteral("engagements.zip"));
-    QString report = choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
-        EXPECT_EQ(runner.title(), QStringLiteral("Création Fichiers Engagements"));
+    const QString archive = work_file(u"engagements.zip"_s);
+    QString report = choose(keyword::kDisk, u"3"_s, [&](OperationRunner& runner) {
+        EXPECT_EQ(runner.title(), u"Création Fichiers Engagements"_s);
         runner.set_option_ticked(true);
-        EXPECT_EQ(runner.label(), QStringLiteral("Fichier généré :"));
+        EXPECT_EQ(runner.label(), u"Fichier généré :"_s);
         ui.files.push_back(archive);
         runner.choose_path();
     });
-    EXPECT_TRUE(report.startsWith(QStringLiteral("bCreation_disquette num=3 new=0 option=1")));
+    EXPECT_TRUE(report.startsWith(u"bCreation_disquette num=3 new=0 option=1"_s));
     EXPECT_TRUE(ui.file_requests.at(0).save);
-    EXPECT_EQ(zip_entries(archive), (QStringList{QStringLiteral("engagements.lef"), QStringLiteral("relais.lef")}));
+    EXPECT_EQ(zip_entries(archive), (QStringList{u"engagements.lef"_s, u"relais.lef"_s}));
     EXPECT_TRUE(ui.texts().isEmpty());
 
     // A zip that cannot be written is told by its name and leaves nothing.
-    const QString refused = QDir(plouvarine::testing::unwritable_folder(work_dir())).filePath(QStringLiteral("e.zip"));
-    choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
+    const QString refused = QDir(plouvarine::testing::unwritable_folder(work_dir())).filePath(u"e.zip"_s);
+    choose(keyword::kDisk, u"3"_s, [&](OperationRunner& runner) {
         runner.set_option_ticked(true);
         runner.set_path(refused);
     });
-    EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Erreur lors de la compression  du fichier e.zip.")});
+    EXPECT_EQ(ui.texts(), QStringList{u"Erreur lors de la compression  du fichier e.zip."_s});
     EXPECT_FALSE(QFile::exists(refused));
     ui.clear();
 
-    const QString target = folder(QStringLiteral("cible"));
-    report = choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
+    const QString target = folder(u"cible"_s);
+    report = choose(keyword::kDisk, u"3"_s, [&](OperationRunner& runner) {
         ui.answers.push_back(Button::Yes);
         runner.set_path(target);
     });
-    EXPECT_EQ(QDir(target).entryList(QDir::Files), (QStringList{QStringLiteral("engagements.lef"), QStringLiteral("relais.lef")}));
+    EXPECT_EQ(QDir(target).entryList(QDir::Files), (QStringList{u"engagements.lef"_s, u"relais.lef"_s}));
     EXPECT_EQ(ui.texts(), QStringList{OperationRunner::kOverwrite});
 
     // A target that is gone stops the copy, and the work folder still goes.
     ui.clear();
-    report = choose(keyword::kDisk, QStringLiteral("3"), [&](OperationRunner& runner) {
+    report = choose(keyword::kDisk, u"3"_s, [&](OperationRunner& runner) {
         ui.answers.push_back(Button::Yes);
-        runner.set_path(work_file(QStringLiteral("absent")));
+        runner.set_path(work_file(u"absent"_s));
     });
     EXPECT_EQ(ui.texts(), (QStringList{OperationRunner::kOverwrite,
-                                       QStringLiteral("Le répertoire de sauvegarde n'existe pas.\nCopie annulée")}));
-    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+                                       u"Le répertoire de sauvegarde n'existe pas.\nCopie annulée"_s}));
+    EXPECT_EQ(work_folders(), QStringList());
 }
 
 TEST_F(ExchangeDoorsTest, AFileTooLargeForTheTargetAsksForAnotherOneAndIsNeverLeftHalfCopied)
 {
-    const QString first = folder(QStringLiteral("disque1"));
-    const QString second = folder(QStringLiteral("disque2"));
-    const QString kNoRoom = QStringLiteral("Pas assez de place dans le répertoire cible.\n\nChanger de Répertoire ou Annuler");
-    const QString kCancelCopy = QStringLiteral("Annuler la copie des fichiers ?");
-    const QString report = choose(keyword::kDisk, QStringLiteral("huge"), [&](OperationRunner& runner) {
+    const QString first = folder(u"disque1"_s);
+    const QString second = folder(u"disque2"_s);
+    const QString kNoRoom = u"Pas assez de place dans le répertoire cible.\n\nChanger de Répertoire ou Annuler"_s;
+    const QString kCancelCopy = u"Annuler la copie des fichiers ?"_s;
+    const QString report = choose(keyword::kDisk, u"huge"_s, [&](OperationRunner& runner) {
         runner.set_path(first);
         // Overwrite: yes. No room: change. No folder given: do not cancel,
         // ask again; the second disk. No room there either: stop.
         ui.answers = {Button::Yes, Button::Yes, Button::No, Button::No};
         ui.folders = {QString(), second};
     });
-    if (report.contains(QStringLiteral("sparse file refused")))
+    if (report.contains(u"sparse file refused"_s))
         GTEST_SKIP() << "the file system does not take a sparse file larger than the space left";
     EXPECT_EQ(ui.texts(), (QStringList{OperationRunner::kOverwrite, kNoRoom, kCancelCopy, kNoRoom}));
     EXPECT_EQ(ui.folder_prompts.size(), 2);
     EXPECT_TRUE(QDir(first).isEmpty());
     EXPECT_TRUE(QDir(second).isEmpty());
-    EXPECT_TRUE(work_folders().isEmpty()) << work_folders().join(QLatin1Char(' ')).toStdString();
+    EXPECT_EQ(work_folders(), QStringList());
 }
 
 }  // namespace

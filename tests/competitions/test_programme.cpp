@@ -18,12 +18,12 @@ using namespace plouvarine;
 namespace {
 
 const QString kOrderWarning =
-    QStringLiteral("Le numéro d'ordre spécifié est inférieur au maximum des journées précédentes.");
+    u"Le numéro d'ordre spécifié est inférieur au maximum des journées précédentes."_s;
 
 class ProgBase : public plouvarine::testing::CompetFixture {
 protected:
     void line(const QString& num, int code, int day, int type, int finales, const QString& kind, int order,
-              const QString& table = QStringLiteral("Pcomp"), const QString& key = QStringLiteral("Num_compet"))
+              const QString& table = u"Pcomp"_s, const QString& key = u"Num_compet"_s)
     {
         app->db.exec_sql(QStringLiteral("INSERT INTO %1 (%2, Code_epreuve, JourCourse, Type, Nb_finales, "
                                         "Type_finale, Num_ordre) VALUES (%3, %4, %5, %6, %7, '%8', %9)")
@@ -43,7 +43,7 @@ protected:
     }
     FrmProg* open(const QString& num)
     {
-        return OuvrirProg(*app, QString(keyword::kModif), num, false, QStringLiteral("Programme compétition"), {});
+        return OuvrirProg(*app, QString(keyword::kModif), num, false, u"Programme compétition"_s, {});
     }
     int row_of(FrmProg& prog, int code)
     {
@@ -67,28 +67,20 @@ TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
     EXPECT_EQ(prog->title(), "Programme compétition");
     // A 50 m competition opened for the first time lists the 25 m-only events too.
     EXPECT_EQ(prog->LsvNage().rowCount(), value("select count(*) from Nage").toInt());
-    EXPECT_FALSE(ticked(*prog, 0));
-    EXPECT_EQ(prog->longueur(), 50);
-    EXPECT_EQ(prog->CboDate().size(), 3);
-    EXPECT_EQ(prog->intJourneeMax(), 3);
-    EXPECT_TRUE(ticked(*prog, 2));
-    EXPECT_TRUE(ticked(*prog, 12));
-    EXPECT_FALSE(ticked(*prog, 1));
-    EXPECT_TRUE(prog->Chk_modele_visible());
-    EXPECT_FALSE(prog->Cmd_charger_visible());
-    EXPECT_FALSE(prog->journee_visible());
+    EXPECT_EQ((std::array{ticked(*prog, 0), ticked(*prog, 1), ticked(*prog, 2), ticked(*prog, 12)}),
+              (std::array{false, false, true, true}));
+    // Length, days, last day; a competition's programme offers no source to load nor a day count.
+    EXPECT_EQ(std::tuple(prog->longueur(), prog->CboDate().size(), prog->intJourneeMax()), std::tuple(50, 3, 3));
+    EXPECT_EQ(std::tuple(prog->Chk_modele_visible(), prog->Cmd_charger_visible(), prog->journee_visible()),
+              std::tuple(true, false, false));
 
     prog->select_event(row_of(*prog, 2));
-    EXPECT_EQ(prog->Optclass, 3);
-    EXPECT_EQ(prog->optNbFinales, 2);
-    EXPECT_EQ(prog->OptType, FrmProg::kCategories);
-    EXPECT_EQ(prog->txtordre, "5");
-    EXPECT_EQ(prog->cbo_index(), 0);
+    EXPECT_EQ(std::tuple(prog->Optclass, prog->optNbFinales, prog->OptType, prog->txtordre, prog->cbo_index()),
+              std::tuple(3, 2, int(FrmProg::kCategories), u"5"_s, 0));
     EXPECT_TRUE(prog->finales_enabled());
     // A kind with finals proposes "Finale A" and "Toutes catégories"; "Temps" locks them.
     prog->set_optclass(8);
-    EXPECT_EQ(prog->optNbFinales, 1);
-    EXPECT_EQ(prog->OptType, FrmProg::kToutesCategories);
+    EXPECT_EQ(std::tuple(prog->optNbFinales, prog->OptType), std::tuple(1, int(FrmProg::kToutesCategories)));
     prog->set_optclass(2);
     prog->optNbFinales = 3;
 
@@ -100,7 +92,7 @@ TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
     EXPECT_TRUE(prog->cbo_enabled());
     EXPECT_EQ(prog->cbo_index(), 0);
     prog->set_cbo_index(2);
-    prog->txtordre = QStringLiteral("7");
+    prog->txtordre = u"7"_s;
 
     // Unticked: the fields empty and lock; it leaves the programme.
     prog->set_checked(row_of(*prog, 12), false);
@@ -111,12 +103,12 @@ TEST_F(ProgBase, ProgrammeIsEditedInMemoryAndWrittenBackOnOk)
 
     // Nothing reaches the base before Ok.
     EXPECT_EQ(stored(num), (QStringList{"2:1:3:2:C:5", "12:3:1:0: :0"}));
-    EXPECT_NE(ui.status[2], QStringLiteral("Programme enregistré"));
+    EXPECT_NE(ui.status[2], u"Programme enregistré"_s);
     prog->cmd_ok();
     EXPECT_TRUE(prog->is_closed());
     EXPECT_EQ(stored(num), (QStringList{"1:3:1:0: :7", "2:1:2:3:T:5"}));
     EXPECT_TRUE(ui.texts().isEmpty());
-    EXPECT_EQ(ui.status[2], QStringLiteral("Programme enregistré"));
+    EXPECT_EQ(ui.status[2], u"Programme enregistré"_s);
 }
 
 TEST_F(ProgBase, DetailListsUnorderedEventsFirstThenDayByDay)
@@ -134,7 +126,7 @@ TEST_F(ProgBase, DetailListsUnorderedEventsFirstThenDayByDay)
     EXPECT_EQ(prog->Cmd_det_def_caption(), "&Déf");
     QStringList lines;
     for (int r = 0; r < prog->Lsv_prog().rowCount(); ++r)
-        lines << prog->Lsv_prog().item(r, 0)->text() + QLatin1Char('|') + prog->Lsv_prog().item(r, 1)->text();
+        lines << prog->Lsv_prog().item(r, 0)->text() + u'|' + prog->Lsv_prog().item(r, 1)->text();
     EXPECT_EQ(lines, (QStringList{
                          "100m dos Dames|0",
                          "|",
@@ -161,20 +153,20 @@ TEST_F(ProgBase, OrderWarningLooksAtEventZeroOnlyAndNeverStopsTheSave)
     // No event of code 0: a lower order on day 2 passes in silence.
     prog->select_event(row_of(*prog, 2));
     prog->set_cbo_index(1);
-    prog->txtordre = QStringLiteral("1");
+    prog->txtordre = u"1"_s;
     prog->select_event(row_of(*prog, 3));
     EXPECT_TRUE(ui.texts().isEmpty());
 
     // Event 0 on day 1 with order 10: an order of 10 or below on day 2 is warned of.
     prog->set_checked(row_of(*prog, 0), true);
-    prog->txtordre = QStringLiteral("10");
+    prog->txtordre = u"10"_s;
     prog->set_checked(row_of(*prog, 3), true);
     prog->set_cbo_index(1);
-    prog->txtordre = QStringLiteral("10");
+    prog->txtordre = u"10"_s;
     prog->select_event(row_of(*prog, 2));
     EXPECT_EQ(ui.texts(), QStringList{kOrderWarning});
     ui.clear();
-    prog->txtordre = QStringLiteral("11");
+    prog->txtordre = u"11"_s;
     prog->cmd_ok();
     EXPECT_TRUE(ui.texts().isEmpty());
     EXPECT_EQ(stored(num), (QStringList{"0:1:1:0: :10", "2:2:1:0: :11", "3:2:1:0: :10"}));
@@ -190,11 +182,11 @@ TEST_F(ProgBase, DaysAreBroughtWithinTheCompetitionAndFailuresReported)
     EXPECT_EQ(prog->cbo_index(), 1);  // the last day shows
     TabProg& tab = prog->tabProg();
     EXPECT_EQ(tab[2].JourCourse, 4);
-    prog->SaveTabInTable(QStringLiteral("Pcomp"), num, false);
+    prog->SaveTabInTable(u"Pcomp"_s, num, false);
     EXPECT_EQ(tab[2].JourCourse, 2);
     EXPECT_EQ(stored(num), QStringList{"2:2:1:0: :3"});
 
-    EXPECT_FALSE(prog->SaveTabInTable(QStringLiteral("Pcomp_absente"), num, false));
+    EXPECT_FALSE(prog->SaveTabInTable(u"Pcomp_absente"_s, num, false));
     EXPECT_EQ(ui.texts().value(0).section(QLatin1Char('\n'), -1),
               "Une erreur s'est produite lors de l'enregistrement du programme.");
     prog->cmd_annuler();
@@ -203,27 +195,25 @@ TEST_F(ProgBase, DaysAreBroughtWithinTheCompetitionAndFailuresReported)
 
     // No competition row: no days, a 50 m pool, and a ticked event is not stored.
     ui.clear();
-    FrmProg* lost = open(QStringLiteral("999"));
+    FrmProg* lost = open(u"999"_s);
     ASSERT_NE(lost, nullptr);
     EXPECT_TRUE(lost->CboDate().isEmpty());
     EXPECT_EQ(lost->longueur(), 50);
     lost->set_checked(row_of(*lost, 1), true);
     lost->cmd_ok();
-    EXPECT_TRUE(stored(QStringLiteral("999")).isEmpty());
+    EXPECT_TRUE(stored(u"999"_s).isEmpty());
 }
 
 TEST_F(ProgBase, ModelLinesForA50mPoolDropThe25mEventsAndCodesBeyond99Fail)
 {
-    line(QStringLiteral("7"), 0, 1, 1, 0, " ", 1, "Pcomp_modele", "Num_modele");
-    line(QStringLiteral("7"), 1, 4, 2, 1, "T", 2, "Pcomp_modele", "Num_modele");
-    const LoadedProg all = ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 25));
+    line(u"7"_s, 0, 1, 1, 0, " ", 1, "Pcomp_modele", "Num_modele");
+    line(u"7"_s, 1, 4, 2, 1, "T", 2, "Pcomp_modele", "Num_modele");
+    const LoadedProg all = ChargeTabProg(app->db, TabFromModeleSql(u"7"_s, 25));
     EXPECT_EQ(all.tab[0].JourCourse, 1);
     EXPECT_EQ(all.journee_max, 4);
-    const LoadedProg fifty = ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 50));
+    const LoadedProg fifty = ChargeTabProg(app->db, TabFromModeleSql(u"7"_s, 50));
     EXPECT_EQ(fifty.tab[0].JourCourse, 0);
     EXPECT_EQ(fifty.tab[1], all.tab[1]);
-    line(QStringLiteral("7"), 100, 1, 1, 0, " ", 0, "Pcomp_modele", "Num_modele");
-    EXPECT_THROW(ChargeTabProg(app->db, TabFromModeleSql(QStringLiteral("7"), 25)), std::out_of_range);
-    EXPECT_EQ(LibelleJournee(1), "1ère journée");
-    EXPECT_EQ(LibelleJournee(2), "2ème journée");
+    line(u"7"_s, 100, 1, 1, 0, " ", 0, "Pcomp_modele", "Num_modele");
+    EXPECT_THROW(ChargeTabProg(app->db, TabFromModeleSql(u"7"_s, 25)), std::out_of_range);
 }

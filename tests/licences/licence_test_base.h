@@ -3,9 +3,12 @@
 // club, with helpers to lay licences, clubs, fees and entries into it.
 
 #include "src/frame/app_context.h"
+#include "src/licences/det_licence.h"
 #include "src/base/sql_text.h"
 #include "src/base/text.h"
 #include "support/app_fixture.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace plouvarine::testing {
 
@@ -38,6 +41,19 @@ protected:
                                    {"Sexe", "F"}, {"Date_Naissance", birth}, {"Nationalite", "FRA"}},
                                   QStringLiteral("Num"));
     }
+    // A new licence typed in the detail with what a save needs, not saved yet.
+    std::unique_ptr<DetLicence> new_licence(const QString& numero, const QString& nom = u"Martin"_s,
+                                            const QString& prenom = u"Léa"_s, const QString& year = u"1985"_s)
+    {
+        auto v = std::make_unique<DetLicence>(*app, u"Nouveau"_s);
+        v->load();
+        v->text1[DetLicence::kNumero] = numero;
+        v->text1[DetLicence::kNom] = nom;
+        v->text1[DetLicence::kPrenom] = prenom;
+        v->txt_description = {u"7"_s, u"3"_s, year};
+        v->Option_sexe = 1;
+        return v;
+    }
     void club(const QString& code, const QString& name)
     {
         exec(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', '%2')").arg(code, name));
@@ -53,16 +69,14 @@ protected:
     }
     QString competition(bool visible, bool run)
     {
-        return app->db.append_row(QStringLiteral("Rcomp"), {{"Visible", visible}, {"Deroule", run}}, QStringLiteral("AutoNum"));
+        return app->db.append_row(u"Rcomp"_s, {{"Nom", "Meeting"}, {"Visible", visible}, {"Deroule", run}},
+                                  u"AutoNum"_s);
     }
     void entry(const QString& competition, const QString& num)
     {
         exec(QStringLiteral("INSERT INTO Engag (Num_compet, Num_profil, Code_epreuve, Num_Lic) VALUES (%1, 1, 2, %2)")
                  .arg(competition, num));
     }
-    void exec(const QString& sql) { app->db.exec_sql(sql); }
-    int count(const QString& sql) { return app->db.count_query(sql); }
-    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
     QString field(const QString& num, const QString& column)
     {
         return value(QStringLiteral("select %1 from Licence where Num = %2").arg(column, num));

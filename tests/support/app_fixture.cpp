@@ -74,35 +74,24 @@ void AppFixture::connect(const QString& path)
     ASSERT_TRUE(connect_base(*app)) << "cannot open " << path.toStdString();
 }
 
+// The build lays its components beside the model base.
+static QString built_component(const QString& file)
+{
+    return QFileInfo(model_file()).dir().filePath(file);
+}
+
 void AppFixture::install_template_component()
 {
-    const QString built = QFileInfo(model_file()).dir().filePath(component_file(QStringLiteral("regmodele.dll")));
-    ASSERT_TRUE(QFile::exists(built)) << built.toStdString();
-    ASSERT_TRUE(QFile::copy(built, template_component_path(*app)));
+    const QString built = built_component(component_file(QStringLiteral("regmodele.dll")));
+    ASSERT_TRUE(QFile::copy(built, template_component_path(*app))) << built.toStdString();
 }
 
 void AppFixture::install_components(std::initializer_list<const char*> names)
 {
     for (const char* name : names) {
         const QString file = component_file(QString::fromLatin1(name));
-        const QString built = QFileInfo(model_file()).dir().filePath(file);
-        ASSERT_TRUE(QFile::copy(built, app->app_file(file))) << built.toStdString();
+        ASSERT_TRUE(QFile::copy(built_component(file), app->app_file(file))) << file.toStdString();
     }
-}
-
-void AppFixture::exec(const QString& sql)
-{
-    app->db.exec_sql(sql);
-}
-
-int AppFixture::count(const QString& sql)
-{
-    return app->db.count_query(sql);
-}
-
-QString AppFixture::value(const QString& sql)
-{
-    return app->db.load_rows(sql).first();
 }
 
 QStringList row_texts(const Rows& rows, QChar separator)
@@ -123,11 +112,6 @@ QStringList column_texts(const QAbstractItemModel& model, int column)
     for (int r = 0; r < model.rowCount(); ++r)
         out << model.index(r, column).data().toString();
     return out;
-}
-
-QStringList AppFixture::dump(const QString& sql)
-{
-    return row_texts(app->db.load_rows(sql));
 }
 
 void ProfileClubFixture::SetUp()

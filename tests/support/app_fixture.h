@@ -47,11 +47,11 @@ protected:
     void install_components(std::initializer_list<const char*> names);
 
     // The base in use, read and written as the tests check it.
-    void exec(const QString& sql);
-    int count(const QString& sql);
-    QString value(const QString& sql);
+    void exec(const QString& sql) { app->db.exec_sql(sql); }
+    int count(const QString& sql) { return app->db.count_query(sql); }
+    QString value(const QString& sql) { return app->db.load_rows(sql).first(); }
     // Every row of a select, its fields joined by ":", in the select's order.
-    QStringList dump(const QString& sql);
+    QStringList dump(const QString& sql) { return row_texts(app->db.load_rows(sql)); }
     QStringList messages() const { return ui.texts(); }
 
     QTemporaryDir app_dir_;

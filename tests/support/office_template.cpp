@@ -1,5 +1,7 @@
 #include "support/office_template.h"
 
+#include "support/temp_files.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
@@ -24,11 +26,6 @@ OfficeTemplate make_office_template(const QString& folder)
 {
     OfficeTemplate out;
     out.logo = solid_png(80, 40, QColor(200, 30, 30));
-    const QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
-    if (soffice.isEmpty()) {
-        out.error = QStringLiteral("soffice is not installed");
-        return out;
-    }
     // A flat text document: the one-file form of the word processor's own format.
     const QByteArray document = R"(<?xml version="1.0" encoding="UTF-8"?>
 <office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0"
@@ -74,12 +71,10 @@ OfficeTemplate make_office_template(const QString& folder)
 </office:text></office:body></office:document>
 )";
     const QString source = folder + QStringLiteral("/modele.fodt");
-    QFile file(source);
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) < 0) {
-        out.error = file.errorString();
+    if (!write_bytes(source, document)) {
+        out.error = QStringLiteral("cannot write ") + source;
         return out;
     }
-    file.close();
     out.rtf = office_convert(source, folder, {QStringLiteral("--convert-to"), QStringLiteral("rtf")},
                              QStringLiteral("modele.rtf"), &out.error);
     return out;

@@ -5,39 +5,41 @@
 #include <QFileInfo>
 #include <QPdfWriter>
 #include <QTextDocument>
+#include <algorithm>
 
 namespace plouvarine::testing {
+
+namespace {
+
+// The next scripted answer, or `fallback` when the script has run out.
+template <typename T>
+T take(std::deque<T>& queue, T fallback)
+{
+    if (queue.empty())
+        return fallback;
+    T front = queue.front();
+    queue.pop_front();
+    return front;
+}
+
+}  // namespace
 
 Button ScriptedServices::message_box(const Message& message)
 {
     messages.push_back(message);
-    if (!message.yes_no)
-        return Button::Ok;
-    if (answers.empty())
-        return message.default_button;
-    const Button b = answers.front();
-    answers.pop_front();
-    return b;
+    return message.yes_no ? take(answers, message.default_button) : Button::Ok;
 }
 
 QString ScriptedServices::file_dialog(const FileDialogRequest& request)
 {
     file_requests.push_back(request);
-    if (files.empty())
-        return {};
-    QString f = files.front();
-    files.pop_front();
-    return f.trimmed();
+    return take(files, QString()).trimmed();
 }
 
 QString ScriptedServices::browse_folder(const QString& prompt)
 {
     folder_prompts << prompt;
-    if (folders.empty())
-        return {};
-    QString f = folders.front();
-    folders.pop_front();
-    return f;
+    return take(folders, QString());
 }
 
 void ScriptedServices::show_report(const QString& title, const std::vector<ReportLine>& lines)
@@ -55,9 +57,7 @@ void ScriptedServices::set_status(int panel, const QString& text)
 
 void ScriptedServices::push_wait_cursor()
 {
-    ++wait_depth;
-    if (wait_depth > max_wait_depth)
-        max_wait_depth = wait_depth;
+    max_wait_depth = std::max(max_wait_depth, ++wait_depth);
 }
 
 void ScriptedServices::pop_wait_cursor()
@@ -146,10 +146,9 @@ bool ScriptedServices::write_pdf(const QString& path, const QString& title, cons
     return QFileInfo(path).size() > 0;
 }
 
-bool ScriptedServices::progress(const QString& caption, int done, int total)
+bool ScriptedServices::progress(const QString&, int done, int)
 {
     progress_shown = true;
-    progress_history << QStringLiteral("%1 (%2/%3)").arg(caption).arg(done).arg(total);
     return cancel_at < 0 || done < cancel_at;
 }
 
@@ -180,7 +179,6 @@ void ScriptedServices::clear()
     shown_views.clear();
     printed.clear();
     pdfs.clear();
-    progress_history.clear();
     opened_documents.clear();
 }
 

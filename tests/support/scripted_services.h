@@ -38,12 +38,10 @@ public:
     int wait_depth = 0;
     int max_wait_depth = 0;
 
-    // Views. A modal view is played by the driver of its name, if any; then,
-    // if it is still open, its close box is used. Every view shown is named in
-    // `shown_views`; child windows stay in `windows` until closed.
+    // A modal view is played by the driver of its name, then closed by its close
+    // box if still open. Child windows stay in `windows` until closed.
     std::map<QString, std::function<void(View&)>> drivers;
-    // Window tests: views are drawn by these services (the Qt ones) while the
-    // messages and file dialogs stay scripted.
+    // Window tests: views drawn by these (Qt) services, messages still scripted.
     Services* draw_with = nullptr;
     QStringList shown_views;
     std::vector<std::unique_ptr<View>> windows;
@@ -88,11 +86,9 @@ public:
     bool open_answer = true;
     bool open_document(const QString& path) override;
     QStringList pdfs;
-    // Every caption of the progress; the person stops the run when `done`
-    // reaches `cancel_at` (-1: never).
+    // The person stops the run when `done` reaches `cancel_at` (-1: never).
     bool progress(const QString& caption, int done, int total) override;
     void progress_end() override { progress_shown = false; }
-    QStringList progress_history;
     int cancel_at = -1;
     bool progress_shown = false;
 
