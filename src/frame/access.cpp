@@ -46,6 +46,9 @@ void close_base(AppContext& app)
 
 void disconnect_base(AppContext& app)
 {
+    // The save's worker reads the base through a connection of its own, which
+    // must not outlive this one.
+    app.saves.wait();
     if (!app.db.is_open())
         return;
     try {

@@ -16,8 +16,9 @@ bool connect_base(AppContext& app, std::optional<Error>* failure = nullptr);
 // Unloads every open window, then writes LastClose true and closes; with no
 // open connection only the windows go.
 void close_base(AppContext& app);
-// Writes LastClose true and closes the connection, leaving the windows open: for
-// the window that hands the base file to a component for the time of its run.
+// Waits for the save being written, writes LastClose true and closes the
+// connection, leaving the windows open: for the window that hands the base
+// file to a component for the time of its run.
 void disconnect_base(AppContext& app);
 
 

@@ -406,16 +406,25 @@ void Database::snapshot_to(const QString& target) const
 {
     if (!db_)
         raise();
+    backup(db_, target);
+}
+
+void Database::backup(sqlite3* source, const QString& target)
+{
     sqlite3* out = nullptr;
     const QByteArray file = QFile::encodeName(target);
+    // A leftover of a killed run would keep its own mode.
+    QFile::remove(target);
     create_private(target, 0600);
     int rc = sqlite3_open_v2(file.constData(), &out, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (rc == SQLITE_OK) {
         prepare_connection(out);
-        sqlite3_backup* backup = sqlite3_backup_init(out, "main", db_, "main");
-        if (backup) {
-            rc = sqlite3_backup_step(backup, -1);
-            sqlite3_backup_finish(backup);
+        // A source already in a read transaction is copied as that transaction
+        // sees it; otherwise the step takes its own, and one step copies all.
+        sqlite3_backup* copy = sqlite3_backup_init(out, "main", source, "main");
+        if (copy) {
+            rc = sqlite3_backup_step(copy, -1);
+            sqlite3_backup_finish(copy);
             rc = rc == SQLITE_DONE ? SQLITE_OK : rc;
         } else {
             rc = sqlite3_errcode(out);

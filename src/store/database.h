@@ -3,8 +3,11 @@
 //
 // Rule: one thread. The connection lives on the main thread, and is opened
 // without SQLite's per-call locking (SQLITE_OPEN_NOMUTEX): using it from a
-// second thread is a fault. The save writer's worker (save_writer.h) works on
-// the snapshot file with a connection of its own, never on this one. The application context owns the only Database;
+// second thread is a fault. The save writer's worker (save_writer.h) never
+// touches it: it copies the base through a read-only connection of its own
+// (PinnedRead, pinned_read.h), opened on the main thread at Save and handed
+// over whole, and checks the copy through another. Whatever closes the base
+// waits for that worker first. The application context owns the only Database;
 // every read and write of the system goes through it, statement by statement,
 // with no transaction. Statements arrive in the Jet dialect the commands compose and are
 // rewritten by jet_to_sqlite before they reach SQLite. A read brings its whole
@@ -77,6 +80,10 @@ public:
     // Writes a consistent copy of the open base to `target` (online backup),
     // whatever the journal holds. Throws DbError.
     void snapshot_to(const QString& target) const;
+    // The one backup routine: what the connection `source` sees, written to
+    // `target` (replaced) as a base at rest, without a write-ahead log. A
+    // partial copy is removed. Throws DbError.
+    static void backup(sqlite3* source, const QString& target);
 
     // Writes a compacted copy of the base file `source` (not open) to `target`.
     static void compact_file(const QString& source, const QString& target);

@@ -5,6 +5,7 @@
 #include "src/base/zip.h"
 #include "src/base/services.h"
 #include "src/store/database.h"
+#include "src/store/pinned_read.h"
 #include "src/store/save_writer.h"
 
 #include <QDir>
@@ -27,18 +28,18 @@ const QString kCompressFailed = QStringLiteral("Une erreur s'est produite lors d
 const QString kSaveFailed = QStringLiteral("La création de la sauvegarde a échoué.\n"
                                            "Vérifier l'espace sur le disque dur, les droits d'accès.");
 
-// A consistent copy of the open base; a partial one is removed. Throws.
-void take_snapshot(const BaseFile& base_file, const QString& snapshot)
-{
-    QFile::remove(snapshot);
-    base_file.db.snapshot_to(snapshot);
-}
-
 // The copy holds the flag at true: the update is committed before the snapshot.
 void take_flagged_snapshot(const BaseFile& base_file, const QString& snapshot)
 {
     base_file.db.set_last_close(QStringLiteral("true"));
-    take_snapshot(base_file, snapshot);
+    base_file.db.snapshot_to(snapshot);
+}
+
+// The same state held still for a copy written later: the flag committed, then pinned.
+PinnedRead pin_flagged(const BaseFile& base_file)
+{
+    base_file.db.set_last_close(QStringLiteral("true"));
+    return PinnedRead(base_file.db);
 }
 
 // The base in use carries LastClose false again, whatever the save became.
@@ -84,7 +85,7 @@ bool zip_base(const BaseFile& base_file, const QString& archive, qint64* snapsho
 {
     const QString snapshot = archive + QStringLiteral(".snapshot");
     try {
-        take_snapshot(base_file, snapshot);
+        base_file.db.snapshot_to(snapshot);
         if (snapshot_size)
             *snapshot_size = QFileInfo(snapshot).size();
         zip_snapshot(snapshot, archive, file_name(base_file.path), kDeflateLevel);
@@ -123,8 +124,7 @@ bool start_save(const BaseFile& base_file, SaveWriter& writer, std::function<voi
     bool started = false;
     try {
         WaitCursor wait(base_file.ui);
-        take_flagged_snapshot(base_file, snapshot);
-        writer.start(snapshot, sav, file_name(base_file.path), std::move(done));
+        writer.start(pin_flagged(base_file), snapshot, sav, file_name(base_file.path), std::move(done));
         started = true;
     } catch (const std::exception& e) {
         report_save_failure(base_file.ui, sav, &e);

@@ -44,10 +44,10 @@ void report_save_failure(Services& ui, const QString& archive, const std::except
 // LastClose true, read back, the base zipped over its save file, LastClose false.
 // False when the save file could not be written (the failure has been shown).
 bool create_save(const BaseFile& base_file);
-// The same, with the compression handed to `writer`: the snapshot is taken at
-// once (it holds LastClose true), LastClose is false again when this returns,
-// and `done(saved)` runs when the save file is written. False, with the
-// failure shown, when no snapshot could be taken.
+// The same, with the copy handed to `writer`: the base is pinned at once (as
+// it holds LastClose true), LastClose is false again when this returns, and
+// `done(saved)` runs when the save file is written from what was pinned.
+// False, with the failure shown, when the base could not be pinned.
 bool start_save(const BaseFile& base_file, SaveWriter& writer, std::function<void(bool)> done);
 // Replaces the (closed) base with the content of its save file: unpacked in
 // the work folder, checked as a base, copied whole beside the base and renamed

@@ -16,16 +16,18 @@ SaveWriter::~SaveWriter()
         worker_.join();
 }
 
-void SaveWriter::start(const QString& snapshot, const QString& archive, const QString& name,
+void SaveWriter::start(PinnedRead pinned, const QString& snapshot, const QString& archive, const QString& name,
                        std::function<void(bool)> done)
 {
     wait();
     archive_ = archive;
     done_ = std::move(done);
     running_ = true;
-    worker_ = std::thread([this, snapshot, archive, name] {
+    worker_ = std::thread([this, pinned = std::move(pinned), snapshot, archive, name]() mutable {
         std::optional<Error> failure;
         try {
+            // Released here, before the owner can learn the save has ended.
+            pinned.snapshot_to(snapshot);
             zip_snapshot(snapshot, archive, name, kSaveDeflateLevel);
         } catch (const Error& e) {
             failure = e;

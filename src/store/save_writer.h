@@ -1,9 +1,10 @@
 #pragma once
-// The compression of a save copy, off the person's thread. The snapshot of the
-// base is taken on the connection's own thread, at once; the worker checks it
-// as a base, zips it over the save file (libzip writes a temporary file and
-// renames it over the save only when whole) and removes it. Until then the old
-// save stays as it was, and so it does after a failure or a kill.
+// The save copy, written off the person's thread. The base is pinned on the
+// main thread, at once (PinnedRead); the worker copies what was pinned into a
+// snapshot file and releases the pin, checks the snapshot as a base, zips it
+// over the save file (libzip writes a temporary file and renames it over the
+// save only when whole) and removes it. Until then the old save stays as it
+// was, and so it does after a failure or a kill.
 //
 // The outcome reaches the person on the owner's thread: through the event loop
 // when the worker ends, or at the latest in wait(). Whatever closes the base,
@@ -17,6 +18,7 @@
 #include <thread>
 
 #include "src/base/errors.h"
+#include "src/store/pinned_read.h"
 
 namespace plouvarine {
 
@@ -29,13 +31,14 @@ public:
     SaveWriter(const SaveWriter&) = delete;
     SaveWriter& operator=(const SaveWriter&) = delete;
 
-    // Waits for the compression in progress, then hands `snapshot` to a worker
-    // that zips it over `archive` under `name`. `done(saved)` runs on the
+    // Waits for the save in progress, then hands `pinned` to a worker that
+    // copies it to `snapshot` and zips that over `archive` under `name`; the
+    // pin is released by then, whatever happened. `done(saved)` runs on the
     // owner's thread once a failure, if any, has been shown.
-    void start(const QString& snapshot, const QString& archive, const QString& name,
+    void start(PinnedRead pinned, const QString& snapshot, const QString& archive, const QString& name,
                std::function<void(bool)> done);
     bool pending() const { return running_; }
-    // Blocks until the compression in progress has ended and been reported.
+    // Blocks until the save in progress has ended and been reported.
     // True when there was none or it succeeded.
     bool wait();
 

@@ -207,7 +207,7 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
     app->db.close();
 
     // On the person's thread; then on the writer's worker, the disk filling
-    // after the snapshot was taken.
+    // after the base was pinned.
     for (const bool in_background : {false, true}) {
         const int code = run_with_file_size_limit(in_background ? 1 << 30 : 64 * 1024, [&] {
             ScriptedServices child_ui;
@@ -217,11 +217,12 @@ TEST_F(SaveTest, AFullDiskKeepsTheOldSaveAndLeavesTheBaseInUse)
                 return 10;
             if (in_background) {
                 const QString snapshot = save_path(base) + QStringLiteral(".snapshot");
-                child_app.db.snapshot_to(snapshot);
+                PinnedRead pinned(child_app.db);
                 const rlimit full{64 * 1024, 1 << 30};
                 setrlimit(RLIMIT_FSIZE, &full);
                 bool done_saved = true;
-                child_app.saves.start(snapshot, save_path(base), file_name(base), [&](bool saved) { done_saved = saved; });
+                child_app.saves.start(std::move(pinned), snapshot, save_path(base), file_name(base),
+                                      [&](bool saved) { done_saved = saved; });
                 if (child_app.saves.wait() || done_saved)
                     return 40;
                 return child_ui.titled(QStringLiteral("Erreur")).empty() ? 20 : 0;

@@ -49,8 +49,10 @@ void AppFixture::SetUp()
 void AppFixture::TearDown()
 {
     ui.drop_windows();
-    if (app)
+    if (app) {
+        app->saves.wait();  // its worker reads the base until then
         app->db.close();
+    }
     app.reset();
 }
 
