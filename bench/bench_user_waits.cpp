@@ -18,6 +18,7 @@
 #include "src/subjects.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -53,13 +54,18 @@ public:
 
 // A generated base per scale, made ready for the roll-overs: 200 competitions
 // past their start still on show, every licence deposited in an old season,
-// and the last licence update a year ago.
+// and the last licence update a year ago. The 4x base takes minutes to make:
+// PLOUVARINE_BENCH_BASES names a folder where the bases are kept from one run
+// to the next (made under another name, renamed when ready).
 struct Bases {
     QString at(int scale)
     {
-        const QString path = dir.filePath(QStringLiteral("source_%1.mdb").arg(scale));
-        if (QFileInfo::exists(path))
-            return path;
+        const QString kept = qEnvironmentVariable("PLOUVARINE_BENCH_BASES");
+        const QDir folder(kept.isEmpty() ? dir.path() : kept);
+        const QString ready = folder.filePath(QStringLiteral("source_%1.mdb").arg(scale));
+        if (QFileInfo::exists(ready))
+            return ready;
+        const QString path = folder.filePath(QStringLiteral("making_%1.mdb").arg(scale));
         bench::LargeBaseSize size;
         size.clubs *= scale;
         size.licences *= scale;
@@ -78,7 +84,9 @@ struct Bases {
         app.db.exec_sql(QStringLiteral("UPDATE Licence SET Date_Depot = '20230920', Date_obliteration = '20230920'"));
         app.db.exec_sql(QStringLiteral("UPDATE Info SET LastUpdtLic = '20240916'"));
         close_base(app);
-        return path;
+        QFile::remove(save_path(path));
+        QFile::rename(path, ready);
+        return ready;
     }
     QString copy(int scale, const QString& name)
     {
