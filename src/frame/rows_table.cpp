@@ -4,7 +4,7 @@
 
 namespace plouvarine {
 
-void RowsTable::reset(Rows rows, std::vector<Column> columns)
+void RowsTable::reset(RawRows rows, std::vector<Column> columns)
 {
     beginResetModel();
     rows_ = std::move(rows);
@@ -16,7 +16,7 @@ void RowsTable::reset(Rows rows, std::vector<Column> columns)
 
 void RowsTable::set_role(int role, int source)
 {
-    roles_.insert(role, [source](const Rows& rows, int row) { return rows.value(row, source); });
+    roles_.insert(role, [source](const RawRows& rows, int row) { return rows.value(row, source); });
 }
 
 void RowsTable::set_role(int role, RowText text)
@@ -53,7 +53,7 @@ QVariant RowsTable::data(const QModelIndex& index, int role) const
         const Column& column = columns_[size_t(index.column())];
         if (column.source < 0 || column.source >= rows_.column_count())
             return {};
-        const QString& value = rows_.value(row, column.source);
+        const QString value = rows_.value(row, column.source);
         return column.format ? column.format(value) : value;
     }
     if (index.column() == 0)

@@ -1,15 +1,17 @@
 #pragma once
 // A read-only list drawn straight from the rows a statement read: each column
 // of the list is one column of the result, served as it is asked for, with no
-// item per cell. Filling it costs the reading of the rows and nothing more,
-// which is what a list of tens of thousands of swimmers needs.
+// item per cell. The rows are kept as UTF-8 (RawRows): a cell becomes a text
+// when the view draws it or a search reads it. Filling it costs the stepping
+// of the statement and nothing more, which is what a list of tens of
+// thousands of swimmers needs.
 //
 // The row's key rides under kKeyRole on column 0, as in every list; other
 // roles of column 0 are result columns or texts made from the row. Rows leave
 // the list one by one (the deletion marks); everything else comes back by
 // loading again.
 
-#include "src/store/rows.h"
+#include "src/store/raw_rows.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -28,12 +30,12 @@ public:
         QString (*format)(const QString&) = nullptr;
     };
     // A text of column 0 under some role, made from the row (0-based in `rows`).
-    using RowText = std::function<QString(const Rows& rows, int row)>;
+    using RowText = std::function<QString(const RawRows& rows, int row)>;
 
     using QAbstractTableModel::QAbstractTableModel;
 
     // Shows `rows` under `columns`; the roles set before stay.
-    void reset(Rows rows, std::vector<Column> columns);
+    void reset(RawRows rows, std::vector<Column> columns);
     // Column 0 gives, under `role`, the value of result column `source`, or a made text.
     void set_role(int role, int source);
     void set_role(int role, RowText text);
@@ -50,7 +52,7 @@ public:
     bool removeRows(int row, int count, const QModelIndex& parent = {}) override;
 
 private:
-    Rows rows_;
+    RawRows rows_;
     std::vector<Column> columns_;
     // The rows of rows_ still in the list, in order: a removal leaves rows_ as read.
     std::vector<int> shown_;

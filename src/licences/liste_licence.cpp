@@ -53,7 +53,7 @@ FrmListeLicence::FrmListeLicence(AppContext& app, const QString& mode) : View(ap
     list_.set_role(kKeyRole, 0);
     list_.set_role(kNumLicenceRole, 1);
     list_.set_role(kNomCompletRole,
-                   [](const Rows& rows, int row) { return rows.value(row, 2) + QLatin1Char(' ') + rows.value(row, 3); });
+                   [](const RawRows& rows, int row) { return rows.value(row, 2) + QLatin1Char(' ') + rows.value(row, 3); });
     empty_tempo();
     // A licence saved elsewhere shows here at once, selected.
     follow(Subject::Licences, [this](const Change& change) {
@@ -119,11 +119,11 @@ void FrmListeLicence::set_liste(const QString& title, const QString& sql)
 
 void FrmListeLicence::load(const QString& sql)
 {
-    Rows rows;
+    RawRows rows;
     try {
-        rows = app().db.load_rows(sql);
+        rows = app().db.load_raw_rows(sql);
     } catch (const std::exception&) {
-        rows = Rows();
+        rows = RawRows();
     }
     // Num, Licence, Nom, Prenom, [Club,] Date_Naissance. The cells are read
     // from the rows as drawn: the dates are written out only for the rows in view.

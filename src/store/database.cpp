@@ -10,7 +10,9 @@
 #include <QFileInfo>
 #include <sqlite3.h>
 
+#include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <sys/stat.h>
 #include <functional>
@@ -73,7 +75,17 @@ bool is_boolean_column(sqlite3_stmt* stmt, int column)
     return decl && sqlite3_stricmp(decl, "BOOLEAN") == 0;
 }
 
-QString value_text(sqlite3_stmt* stmt, int column, bool boolean)
+// The bytes of a number written out, kept from one value to the next so that
+// a whole number costs no allocation.
+struct NumberBytes {
+    std::array<char, 24> digits;
+    QByteArray decimal;
+};
+
+// A value as UTF-8, as every read writes it out: a null as a null view,
+// booleans in words, numbers in their plain form. Texts stay in the engine's
+// buffer, numbers in `scratch`.
+QByteArrayView value_utf8(sqlite3_stmt* stmt, int column, bool boolean, NumberBytes& scratch)
 {
     switch (sqlite3_column_type(stmt, column)) {
     case SQLITE_NULL:
@@ -81,18 +93,21 @@ QString value_text(sqlite3_stmt* stmt, int column, bool boolean)
     case SQLITE_INTEGER: {
         const sqlite3_int64 v = sqlite3_column_int64(stmt, column);
         if (boolean)
-            return v ? QStringLiteral("Vrai") : QStringLiteral("Faux");
-        return QString::number(v);
+            return v ? QByteArrayView("Vrai") : QByteArrayView("Faux");
+        const auto end = std::to_chars(scratch.digits.data(), scratch.digits.data() + scratch.digits.size(), v).ptr;
+        return QByteArrayView(scratch.digits.data(), end - scratch.digits.data());
     }
     case SQLITE_FLOAT: {
         const double v = sqlite3_column_double(stmt, column);
         if (boolean)
-            return v != 0 ? QStringLiteral("Vrai") : QStringLiteral("Faux");
-        return number_text(v);
+            return v != 0 ? QByteArrayView("Vrai") : QByteArrayView("Faux");
+        scratch.decimal = number_text(v).toUtf8();
+        return scratch.decimal;
     }
-    default:
-        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, column)),
-                                 sqlite3_column_bytes(stmt, column));
+    default: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, column));
+        return QByteArrayView(text, text ? sqlite3_column_bytes(stmt, column) : 0);
+    }
     }
 }
 
@@ -301,7 +316,8 @@ void Database::exec_sql(const QString& sql)
         raise(sql);
 }
 
-Rows Database::load_rows(const QString& sql)
+template <class Begin, class Cell>
+void Database::read_cells(const QString& sql, Begin begin, Cell cell)
 {
     if (!db_)
         raise();
@@ -322,15 +338,32 @@ Rows Database::load_rows(const QString& sql)
         names << QString::fromUtf8(sqlite3_column_name(stmt.get(), c));
         boolean[size_t(c)] = is_boolean_column(stmt.get(), c);
     }
-    Rows rows(names);
+    begin(std::move(names));
+    NumberBytes scratch;
     int rc;
     while ((rc = sqlite3_step(stmt.get())) == SQLITE_ROW) {
-        for (int c = 0; c < n; ++c) {
-            rows.append(c, value_text(stmt.get(), c, boolean[size_t(c)]));
-        }
+        for (int c = 0; c < n; ++c)
+            cell(c, value_utf8(stmt.get(), c, boolean[size_t(c)], scratch));
     }
     if (rc != SQLITE_DONE)
         raise(sql);
+}
+
+Rows Database::load_rows(const QString& sql)
+{
+    Rows rows;
+    read_cells(
+        sql, [&rows](QStringList names) { rows = Rows(std::move(names)); },
+        [&rows](int column, QByteArrayView utf8) { rows.append(column, QString::fromUtf8(utf8)); });
+    return rows;
+}
+
+RawRows Database::load_raw_rows(const QString& sql)
+{
+    RawRows rows;
+    read_cells(
+        sql, [&rows](QStringList names) { rows = RawRows(std::move(names)); },
+        [&rows](int, QByteArrayView utf8) { rows.append(utf8); });
     return rows;
 }
 

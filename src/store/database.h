@@ -17,6 +17,7 @@
 // three characters) holds an advisory lock, so that another process can tell a
 // live base from what a crash left behind.
 
+#include "src/store/raw_rows.h"
 #include "src/store/rows.h"
 
 #include <QString>
@@ -66,6 +67,9 @@ public:
     // A statement that cannot run is shown to the person ("La requête suivante
     // n'a pu être exécutée : ") and the error goes on to the caller.
     Rows load_rows(const QString& sql);
+    // The same read, its values kept as UTF-8 and made into texts (the same
+    // texts) only when asked for: for a long list that draws a few of them.
+    RawRows load_raw_rows(const QString& sql);
     // The first field of the first row as a whole number; no row is an error.
     int count_query(const QString& sql);
     // "Update Info Set LastClose = " followed by the value, unquoted.
@@ -113,6 +117,10 @@ private:
     [[noreturn]] void raise(const QString& context = {}) const;
     // The statement rewritten and prepared on this connection.
     PreparedStatement prepare(const QString& sql) const;
+    // The one stepping of a read: `begin` gets the column names, then `cell`
+    // each value as UTF-8 (a null view for a null), row after row.
+    template <class Begin, class Cell>
+    void read_cells(const QString& sql, Begin begin, Cell cell);
 
     sqlite3* db_ = nullptr;
     QString path_;
