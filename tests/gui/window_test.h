@@ -6,6 +6,7 @@
 #include "gui_application.h"
 #include "support/app_fixture.h"
 
+#include <QApplication>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -44,6 +45,27 @@ protected:
     }
     void open_main() { main.open(*this->app, this->ui); }
     QWidget* child_window(const QString& name) const { return main.child_window(name); }
+    // The window `name` opened by the menu command `command`, or null.
+    QWidget* open(const QString& command, const QString& name)
+    {
+        main->trigger(command);
+        return main.child_window(name);
+    }
+    // The window `name` of the competition chosen ("Ok") in the list `command` opens.
+    QWidget* open_chosen(const QString& command, const QString& name)
+    {
+        QWidget* list = open(command, QStringLiteral("Frm_liste_compet"));
+        if (!list)
+            return nullptr;
+        click(list, QStringLiteral("Command1_2"));
+        return main.child_window(name);
+    }
+    // Whether the window `name` is gone once its deletion has run.
+    bool gone(const QString& name) const
+    {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return main.child_window(name) == nullptr;
+    }
     void shoot(QWidget* window, const QString& name) { testing::shoot(window, this->work_dir(), name); }
 
     DrawnMainWindow main;
