@@ -7,6 +7,7 @@
 #include "support/app_fixture.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -24,6 +25,24 @@ T* find(QWidget* window, const QString& name)
 void click(QWidget* window, const QString& name);
 // One key event per character, as typed, after what the field holds.
 void type_in(QWidget* field, const QString& text);
+// Types each text into the named line edit of `window`, in place of what it held.
+inline void fill(QWidget* window, std::initializer_list<std::pair<const char*, const char*>> fields)
+{
+    for (const auto& [name, text] : fields)
+        if (auto* edit = find<QLineEdit>(window, QLatin1String(name))) {
+            edit->clear();
+            type_in(edit, QString::fromUtf8(text));
+        }
+}
+// Those of `names` that Tab reaches in `window`, in the order it reaches them.
+inline QString tab_order(QWidget* window, const QStringList& names)
+{
+    QStringList order;
+    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
+        if (names.contains(w->objectName()))
+            order << w->objectName();
+    return order.join(u' ');
+}
 // Grabs the window as `name` in `folder`; PLOUVARINE_KEEP_SCREENSHOTS=<folder>
 // keeps a copy to look at.
 void shoot(QWidget* window, const QString& folder, const QString& name);

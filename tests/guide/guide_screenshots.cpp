@@ -1,8 +1,6 @@
-// The screenshots of the user guide: the real main window over a copy of the
-// demo base, each window opened through its menu as the person would, and
-// grabbed into <output folder>/<name>.png. Run by scripts/guide-screenshots.sh
-// under Xvfb; the messages and file dialogs are scripted, the windows real.
-//   guide_screenshots <output folder>
+// The user guide's screenshots: the real main window over a copy of the demo
+// base, each window opened through its menu and grabbed into <folder>/<name>.png;
+// messages and file dialogs scripted. Run by scripts/guide-screenshots.sh.
 
 #include "drawn_main_window.h"
 
@@ -67,70 +65,39 @@ public:
     }
 
     // Clicks the button or tick box `button` of the child window `window`.
-    bool click(const QString& window, const QString& button)
+    void click(const QString& window, const QString& button)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* b = w ? w->findChild<QAbstractButton*>(button) : nullptr;
-        if (!b) {
-            std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(button), qPrintable(window));
-            return false;
-        }
-        b->click();
-        return true;
+        if (auto* b = child<QAbstractButton>(window, button))
+            b->click();
     }
 
     // Picks the line `index` of the list `combo` of the child window `window`,
     // as the person's choice does.
     void choose(const QString& window, const QString& combo, int index)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* c = w ? w->findChild<QComboBox*>(combo) : nullptr;
-        if (!c || c->count() <= index) {
-            std::fprintf(stderr, "guide_screenshots: no line %d in %s of %s\n", index, qPrintable(combo), qPrintable(window));
-            return;
+        auto* c = child<QComboBox>(window, combo);
+        if (c && c->count() > index) {
+            c->setCurrentIndex(index);
+            Q_EMIT c->activated(index);
         }
-        c->setCurrentIndex(index);
-        Q_EMIT c->activated(index);
     }
 
-    // Makes the first line of the list `list` of the child window `window` current.
-    void pick_first(const QString& window, const QString& list)
+    // Makes the line `row` of the list `list` of the child window `window`
+    // current; `clicked` clicks it too.
+    void pick(const QString& window, const QString& list, int row, bool clicked = false)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > 0)
-            v->setCurrentIndex(v->model()->index(0, 0));
-    }
-
-    // Makes the line `row` of the list `list` of the child window `window` current.
-    void pick(const QString& window, const QString& list, int row)
-    {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > row)
-            v->setCurrentIndex(v->model()->index(row, 0));
-    }
-
-    // Clicks the line `row` of the list `list` of the child window `window`.
-    void click_line(const QString& window, const QString& list, int row)
-    {
-        pick(window, list, row);
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > row)
+        auto* v = child<QTreeView>(window, list);
+        if (!v || v->model()->rowCount() <= row)
+            return;
+        v->setCurrentIndex(v->model()->index(row, 0));
+        if (clicked)
             Q_EMIT v->clicked(v->model()->index(row, 0));
     }
 
     // Ticks the lines `rows` of the list `list` of the child window `window`.
     void tick(const QString& window, const QString& list, std::initializer_list<int> rows)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        auto* v = child<QTreeView>(window, list);
         for (int row : rows)
             if (v && v->model()->rowCount() > row)
                 v->model()->setData(v->model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
@@ -139,17 +106,35 @@ public:
     // Types `text` into the field `field` of the child window `window`.
     void type(const QString& window, const QString& field, const QString& text)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        if (auto* f = w ? w->findChild<QLineEdit*>(field) : nullptr) {
+        if (auto* f = child<QLineEdit>(window, field)) {
             f->setText(text);
             Q_EMIT f->textEdited(text);
         }
     }
 
+    // Opens the window of the menu command `command` on the competition
+    // chosen first in its list.
+    void open_chosen(const char* command)
+    {
+        main_->trigger(QLatin1String(command));
+        click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    }
+
     int failures = 0;
 
 private:
+    // The control `name` of the child window `window`, once the events are
+    // handled; a word on stderr when it is missing, as a picture would be wrong.
+    template <typename T>
+    T* child(const QString& window, const QString& name)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        T* found = w ? w->findChild<T*>(name) : nullptr;
+        if (!found)
+            std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(name), qPrintable(window));
+        return found;
+    }
     static void settle()
     {
         for (int i = 0; i < 5; ++i)
@@ -249,32 +234,26 @@ int main(int argc, char** argv)
     });
     shoot.shot(QStringLiteral("competitions"), [&] { main->trigger(QStringLiteral("mnuCompetListe")); });
     shoot.shot(QStringLiteral("competition"), [&] {
-        main->trigger(QStringLiteral("mnuCompetModif"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuCompetModif");
     });
     shoot.shot(QStringLiteral("programme"), [&] {
-        main->trigger(QStringLiteral("mnuEngagProgramme"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuEngagProgramme");
     });
     shoot.shot(QStringLiteral("engagements"), [&] {
-        main->trigger(QStringLiteral("mnuEngagIndiv"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuEngagIndiv");
         // The interclub's first team, whose swimmers are entered.
         shoot.choose(QStringLiteral("frm_engag"), QStringLiteral("cbo_team"), 1);
-        shoot.pick_first(QStringLiteral("frm_engag"), QStringLiteral("lsv_engag"));
+        shoot.pick(QStringLiteral("frm_engag"), QStringLiteral("lsv_engag"), 0);
     });
     shoot.shot(QStringLiteral("relais"), [&] {
-        main->trigger(QStringLiteral("mnuEngagRelais"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuEngagRelais");
         shoot.choose(QStringLiteral("frm_engag_relais"), QStringLiteral("cbo_team"), 1);
     });
     shoot.shot(QStringLiteral("convocations"), [&] {
-        main->trigger(QStringLiteral("mnuEngagConvoc"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuEngagConvoc");
     });
     shoot.shot(QStringLiteral("disquette"), [&] {
-        main->trigger(QStringLiteral("mnuEngagDisk"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+        shoot.open_chosen("mnuEngagDisk");
     });
     shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
     shoot.shot(QStringLiteral("resultats"), [&] {
@@ -297,11 +276,11 @@ int main(int argc, char** argv)
     });
     shoot.shot(QStringLiteral("ajout-perf"), [&] {
         main->trigger(QStringLiteral("mnuPerfAjout"));
-        shoot.click_line(QStringLiteral("frm_ajout_perf"), QStringLiteral("lsv_licence"), 3);
+        shoot.pick(QStringLiteral("frm_ajout_perf"), QStringLiteral("lsv_licence"), 3, true);
     });
     shoot.shot(QStringLiteral("ajout-perf-relais"), [&] {
         main->trigger(QStringLiteral("mnuPerfAjoutRelais"));
-        shoot.click_line(QStringLiteral("frm_ajout_perf_relais"), QStringLiteral("LsvNage"), 5);
+        shoot.pick(QStringLiteral("frm_ajout_perf_relais"), QStringLiteral("LsvNage"), 5, true);
     });
     shoot.shot(QStringLiteral("records"), [&] {
         main->trigger(QStringLiteral("mnuPerfRecView"));
