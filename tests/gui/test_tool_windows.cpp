@@ -1,7 +1,5 @@
-// The tools' windows on Qt's offscreen platform, opened from the menu: a
-// table drawn in "Table Cotation", the time calculator adding up, the team
-// sheets computed; each left by its own button, its close box and Escape.
-// And the monitor component's own window, always on top, with its figures.
+// The tools' windows opened from the menu, their buttons wired to the views,
+// each left every way; the monitor component's own window, always on top.
 
 #include "src/frame/components.h"
 #include "src/tools/suivi_perf.h"
@@ -23,10 +21,11 @@
 #include <QTreeView>
 
 using namespace plouvarine;
+using namespace plouvarine::testing;
 
 namespace {
 
-class ToolWindowsTest : public plouvarine::testing::WindowTest<> {
+class ToolWindowsTest : public WindowTest<> {
 protected:
     void SetUp() override
     {
@@ -34,7 +33,7 @@ protected:
         connect(make_base());
         app->state.club_code = QStringLiteral("FRA2210290017");
         app->state.profile_num = QStringLiteral("1");
-        plouvarine::testing::install_points_component(*app);
+        install_points_component(*app);
         open_main();
     }
     QMdiSubWindow* sub(const QString& name) const
@@ -49,45 +48,35 @@ protected:
 
 TEST_F(ToolWindowsTest, TableCotationDrawsItsTable)
 {
-    main->trigger(QStringLiteral("mnuOutilsCalculPoint"));
-    QWidget* window = main.child_window(QStringLiteral("frm_calpts"));
+    QWidget* window = open(QStringLiteral("mnuOutilsCalculPoint"), QStringLiteral("frm_calpts"));
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Table Cotation"));
     auto* events = window->findChild<QTreeView*>("LsvNage");
     ASSERT_GT(events->model()->rowCount(), 40);
     // Tab goes down the window as it is drawn: the pool above the events.
-    QStringList order;
-    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
-        if (w->objectName() == QLatin1String("Opt_bassin_25") || w == events)
-            order << w->objectName();
-    EXPECT_EQ(order.join(u' ').toStdString(), "Opt_bassin_25 LsvNage");
+    EXPECT_EQ(tab_order(window, {"Opt_bassin_25", "LsvNage"}), QStringLiteral("Opt_bassin_25 LsvNage"));
     EXPECT_TRUE(events->isColumnHidden(1));
     events->setCurrentIndex(events->model()->index(2, 0));
-    window->findChild<QRadioButton*>("Opt_bassin_50")->click();
-    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_Time_0"), QStringLiteral("1.05"));
-    window->findChild<QPushButton*>("Cmd_calpts")->click();
-    EXPECT_EQ(window->findChild<QLineEdit*>("Txt_Time_0")->text(), QStringLiteral("1.05"));
+    click(window, QStringLiteral("Opt_bassin_50"));
+    fill(window, {{"Txt_Time_0", "1.05"}});
+    click(window, QStringLiteral("Cmd_calpts"));
     EXPECT_EQ(window->findChild<QLabel*>("lblPtsCal")->text(), QStringLiteral("503"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_pts_1"), QStringLiteral("600"));
-    QTest::keyClicks(window->findChild<QLineEdit*>("Txt_pts_2"), QStringLiteral("620"));
-    window->findChild<QPushButton*>("Cmd_TablePts")->click();
+    fill(window, {{"Txt_pts_1", "600"}, {"Txt_pts_2", "620"}});
+    click(window, QStringLiteral("Cmd_TablePts"));
     EXPECT_EQ(window->findChild<QTreeView*>("LsvTable")->model()->rowCount(), 21);
     look_at(window, QStringLiteral("frm_calpts"));
 }
 
 TEST_F(ToolWindowsTest, TimeCalculatorAddsAndUndoes)
 {
-    main->trigger(QStringLiteral("mnuOutilsCalculTps"));
-    QWidget* window = main.child_window(QStringLiteral("frm_calTps"));
+    QWidget* window = open(QStringLiteral("mnuOutilsCalculTps"), QStringLiteral("frm_calTps"));
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Calculatrice de temps"));
     auto* field = window->findChild<QLineEdit*>("txt_tpsAjout");
     auto* suppr = window->findChild<QPushButton*>("cmd_Suppr");
     EXPECT_FALSE(suppr->isEnabled());
     EXPECT_FALSE(window->findChild<QPushButton*>("cmd_Copie")->isEnabled());
     for (const char* typed : {"0.3456", "1.0578"}) {
         QTest::keyClicks(field, QLatin1String(typed));
-        window->findChild<QPushButton*>("cmd_Ajout")->click();
+        click(window, QStringLiteral("cmd_Ajout"));
     }
     EXPECT_TRUE(field->text().isEmpty());
     auto* histo = window->findChild<QTreeView*>("lsv_Histo");
@@ -109,17 +98,15 @@ TEST_F(ToolWindowsTest, TeamPointsShowTheirSheets)
     app->db.exec_sql(QStringLiteral("INSERT INTO Engag_equipe (Num_compet, Num_profil, Eq_Homme) VALUES (%1, 1, 1)").arg(compet));
     app->db.exec_sql(QStringLiteral("INSERT INTO Relais (Num_profil, Num_compet, Code_epreuve, Num_Lic, Num_equipe, "
                                     "Equipe_mixte, Tps) VALUES (1, %1, 57, 1, 1, 0, 1.5797)").arg(compet));
-    main->trigger(QStringLiteral("mnuOutilsCalculPointEquipe"));
-    QWidget* window = main.child_window(QStringLiteral("frm_PtsInter"));
+    QWidget* window = open(QStringLiteral("mnuOutilsCalculPointEquipe"), QStringLiteral("frm_PtsInter"));
     ASSERT_NE(window, nullptr);
     auto* print = window->findChild<QPushButton*>("cmd_2");
     EXPECT_FALSE(print->isEnabled());
-    window->findChild<QPushButton*>("cmd_0")->click();
-    EXPECT_TRUE(print->isEnabled());
+    click(window, QStringLiteral("cmd_0"));
     EXPECT_TRUE(window->findChild<QTextEdit*>("rich")->toPlainText().contains(QStringLiteral("TOTAL POINTS : 333")));
     window->resize(760, 420);
     look_at(window, QStringLiteral("frm_PtsInter"));
-    print->click();
+    click(window, QStringLiteral("cmd_2"));
     EXPECT_EQ(ui.printed.size(), 1u);
 }
 
@@ -171,7 +158,7 @@ TEST_F(ToolWindowsTest, EachToolWindowLeavesByItsButtonItsCloseBoxAndEscape)
 TEST_F(ToolWindowsTest, TheMonitorShowsItsFiguresAboveTheOtherWindowsWhereTheProfileWants)
 {
     const QString plugin = component_file(QStringLiteral("sviprf.dll"));
-    ASSERT_TRUE(QFile::copy(plouvarine::testing::built_file(plugin), app->app_file(plugin)));
+    ASSERT_TRUE(QFile::copy(built_file(plugin), app->app_file(plugin)));
     app->state.base_path = work_file(QStringLiteral("club.mdb"));
     app->state.monitor_pos_x = 40;
     app->state.monitor_pos_y = 30;
@@ -196,12 +183,11 @@ TEST_F(ToolWindowsTest, TheMonitorShowsItsFiguresAboveTheOtherWindowsWhereThePro
     look_at(window, QStringLiteral("suiviperf"));
 
     // The settings' dialog fetches what the component holds.
-    main->trigger(QStringLiteral("mnuPerfOrdiParam"));
-    QWidget* def = main.child_window(QStringLiteral("frmMonitorDef"));
+    QWidget* def = open(QStringLiteral("mnuPerfOrdiParam"), QStringLiteral("frmMonitorDef"));
     ASSERT_NE(def, nullptr);
-    def->findChild<QPushButton*>("Command1_0")->click();
+    click(def, QStringLiteral("Command1_0"));
     EXPECT_EQ(def->findChild<QLineEdit*>("txtParam_0")->text(), QString::number(monitor->lgPositionX()));
-    def->findChild<QPushButton*>("Command1_2")->click();
+    click(def, QStringLiteral("Command1_2"));
 
     main->trigger(QStringLiteral("mnuPerfOrdiMasquer"));
     EXPECT_FALSE(monitor->window_visible());

@@ -1,15 +1,9 @@
 // Every way out of every child window runs the same unload: the window goes,
 // its menu locks and its place in busy_count come back once, and the next
-// opening gives one window again. Each kind of window is opened from the real
-// menu and left by its close box, by Escape and by its own button.
+// opening gives one window again.
 
-#include "gui/all_windows.h"
-#include "gui/frame/main_window.h"
-#include "gui/frame/qt_services.h"
-#include "gui_application.h"
 #include "src/frame/components.h"
-#include "src/subjects.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QAction>
 #include <QApplication>
@@ -22,8 +16,7 @@
 #include <QTimer>
 
 using namespace plouvarine;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
@@ -69,33 +62,18 @@ const ChildWindow kCompetitionWindows[] = {
     {"mnuEngagConvoc", "frm_convocation", "cmd_0"},
 };
 
-enum class Exit { CloseBox, InnerClose, Escape, OwnButton };
+enum Exit { CloseBox, InnerClose, Escape, OwnButton };
+const char* const kExitNames[] = {"close box", "close of the inner window", "Escape", "own button"};
 
-const char* exit_name(Exit exit)
-{
-    switch (exit) {
-    case Exit::CloseBox: return "close box";
-    case Exit::InnerClose: return "close of the inner window";
-    case Exit::Escape: return "Escape";
-    case Exit::OwnButton: return "own button";
-    }
-    return "";
-}
-
-class WindowExitsTest : public AppFixture {
+class WindowExitsTest : public WindowTest<> {
 protected:
     void SetUp() override
     {
-        ensure_application();
-        AppFixture::SetUp();
-        gui::register_all_windows();
-        install_subject_commands(*app);
-        window = std::make_unique<gui::MainWindow>(*app);
-        qt.show_child = [this](QWidget* w) { window->show_child(w); };
-        ui.draw_with = &qt;
-        window->show();
+        WindowTest::SetUp();
+        open_main();
+        app->enable_menus(false);
         ui.files.push_back(work_file(QStringLiteral("club.mdb")));
-        window->trigger(QStringLiteral("mnuBaseNew"));
+        main->trigger(QStringLiteral("mnuBaseNew"));
         ASSERT_TRUE(app->db.is_open());
         // A club of the base, so that no detail window is the forced first one.
         app->db.exec_sql(QStringLiteral("INSERT INTO Club (Code_federal, Intitule) VALUES ('%1', 'CN Vannes')")
@@ -103,16 +81,10 @@ protected:
         app->state.club_code = kCode;
         app->state.club_name = QStringLiteral("CN Vannes");
     }
-    void TearDown() override
-    {
-        window.reset();
-        AppFixture::TearDown();
-    }
-
     QList<QMdiSubWindow*> subs(const QString& name) const
     {
         QList<QMdiSubWindow*> found;
-        for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
+        for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
             if (sub->objectName() == name)
                 found << sub;
         return found;
@@ -120,22 +92,22 @@ protected:
     // What the menus and the registry show when no child window is open.
     void expect_all_given_back(const QString& what)
     {
-        EXPECT_TRUE(window->mdi_area()->subWindowList().isEmpty()) << what.toStdString();
+        EXPECT_TRUE(main->mdi_area()->subWindowList().isEmpty()) << what.toStdString();
         EXPECT_EQ(app->state.busy_count, 0) << what.toStdString();
         EXPECT_TRUE(app->windows.open_windows().isEmpty()) << what.toStdString();
         for (const char* command : {"mnuBaseClubListe", "mnuLicListe", "mnuCompetListe", "mnuModelePiscineView",
                                     "mnuBaseProfilList", "mnuBaseClubConfigInfo"})
-            EXPECT_TRUE(window->action(QString::fromLatin1(command))->isEnabled())
+            EXPECT_TRUE(main->action(QString::fromLatin1(command))->isEnabled())
                 << what.toStdString() << ": " << command;
     }
     void leave(QMdiSubWindow* sub, const ChildWindow& w, Exit exit)
     {
         QWidget* inner = sub->widget();
         switch (exit) {
-        case Exit::CloseBox: sub->close(); break;
-        case Exit::InnerClose: inner->close(); break;
-        case Exit::Escape: QTest::keyClick(inner->focusWidget() ? inner->focusWidget() : inner, Qt::Key_Escape); break;
-        case Exit::OwnButton: {
+        case CloseBox: sub->close(); break;
+        case InnerClose: inner->close(); break;
+        case Escape: QTest::keyClick(inner->focusWidget() ? inner->focusWidget() : inner, Qt::Key_Escape); break;
+        case OwnButton: {
             auto* button = inner->findChild<QPushButton*>(QString::fromLatin1(w.button));
             ASSERT_NE(button, nullptr) << w.name << " " << w.button;
             button->click();
@@ -144,9 +116,6 @@ protected:
         }
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-
-    gui::QtServices qt;
-    std::unique_ptr<gui::MainWindow> window;
 };
 
 }  // namespace
@@ -154,72 +123,68 @@ protected:
 TEST_F(WindowExitsTest, EveryWayOutOfEveryChildWindowUnloadsItOnce)
 {
     for (const ChildWindow& w : kWindows) {
-        for (Exit exit : {Exit::CloseBox, Exit::InnerClose, Exit::Escape, Exit::OwnButton}) {
-            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.command), QLatin1String(exit_name(exit)));
-            window->trigger(QString::fromLatin1(w.command));
+        for (Exit exit : {CloseBox, InnerClose, Escape, OwnButton}) {
+            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.command), QLatin1String(kExitNames[exit]));
+            main->trigger(QString::fromLatin1(w.command));
             QList<QMdiSubWindow*> open = subs(QString::fromLatin1(w.name));
             ASSERT_EQ(open.size(), 1) << what.toStdString();
             EXPECT_EQ(app->state.busy_count, 1) << what.toStdString();
             // A second opening brings the same window to the front.
-            window->trigger(QString::fromLatin1(w.command));
+            main->trigger(QString::fromLatin1(w.command));
             ASSERT_EQ(subs(QString::fromLatin1(w.name)), open) << what.toStdString();
 
-            if (exit == Exit::Escape && !w.escape_closes) {
+            if (exit == Escape && !w.escape_closes) {
                 leave(open.first(), w, exit);
                 EXPECT_EQ(subs(QString::fromLatin1(w.name)), open) << what.toStdString();
                 EXPECT_EQ(app->state.busy_count, 1) << what.toStdString();
-                leave(open.first(), w, Exit::CloseBox);
+                leave(open.first(), w, CloseBox);
                 expect_all_given_back(what);
                 continue;
             }
 
             leave(open.first(), w, exit);
             expect_all_given_back(what);
-            if (!subs(QString::fromLatin1(w.name)).isEmpty()) {
-                // A window left behind would hide every later fault: clear it.
-                for (QMdiSubWindow* sub : subs(QString::fromLatin1(w.name)))
-                    delete sub;
-                continue;
-            }
+            // A window left behind would hide every later fault: clear it.
+            qDeleteAll(subs(QString::fromLatin1(w.name)));
         }
         // Opened again after all that, it is one window.
-        window->trigger(QString::fromLatin1(w.command));
+        main->trigger(QString::fromLatin1(w.command));
         EXPECT_EQ(subs(QString::fromLatin1(w.name)).size(), 1) << w.command;
         EXPECT_EQ(app->state.busy_count, 1) << w.command;
-        leave(subs(QString::fromLatin1(w.name)).first(), w, Exit::CloseBox);
+        leave(subs(QString::fromLatin1(w.name)).first(), w, CloseBox);
         expect_all_given_back(QString::fromLatin1(w.command));
     }
 }
 
 TEST_F(WindowExitsTest, TheMainWindowsPathsNeverLeaveAWindowWithoutItsBase)
 {
-    window->trigger(QStringLiteral("mnuLicSuppr"));
+    main->trigger(QStringLiteral("mnuLicSuppr"));
     ASSERT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
 
     // Fermer, Quitter and the close box refuse while the list is at work: the
     // list keeps its base and its locks.
-    window->trigger(QStringLiteral("mnuBaseClose"));
-    EXPECT_FALSE(window->close());
-    window->trigger(QStringLiteral("mnuExit"));
+    main->trigger(QStringLiteral("mnuBaseClose"));
+    EXPECT_FALSE(main->close());
+    main->trigger(QStringLiteral("mnuExit"));
     EXPECT_TRUE(app->db.is_open());
     EXPECT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
     EXPECT_EQ(app->state.busy_count, 1);
-    EXPECT_FALSE(window->action(QStringLiteral("mnuLicSuppr"))->isEnabled());
+    EXPECT_FALSE(main->action(QStringLiteral("mnuLicSuppr"))->isEnabled());
 
     // Annuler Opérations puts the saved base back in place of this one: the
     // list opened on it goes first.
     ui.answers.push_back(Button::Yes);
-    window->trigger(QStringLiteral("mnuBaseAnnuler"));
+    main->trigger(QStringLiteral("mnuBaseAnnuler"));
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ASSERT_TRUE(app->db.is_open());
     expect_all_given_back(QStringLiteral("Annuler Opérations"));
 
     // Then Fermer goes through, and Nouvelle opens another base with no window.
     ui.answers.push_back(Button::Yes);
-    window->trigger(QStringLiteral("mnuBaseClose"));
+    main->trigger(QStringLiteral("mnuBaseClose"));
     EXPECT_FALSE(app->db.is_open());
     ui.files.push_back(work_file(QStringLiteral("autre.mdb")));
-    window->trigger(QStringLiteral("mnuBaseNew"));
+    main->trigger(QStringLiteral("mnuBaseNew"));
     ASSERT_TRUE(app->db.is_open());
     expect_all_given_back(QStringLiteral("Nouvelle"));
 }
@@ -234,9 +199,9 @@ TEST_F(WindowExitsTest, TheWindowsOfAChosenCompetitionLeaveEveryWay)
                         {"Lieu", "Brest"}, {"Longueur", 50}, {"Visible", true}, {"Deroule", false}},
                        QStringLiteral("AutoNum"));
     for (const ChildWindow& w : kCompetitionWindows) {
-        for (Exit exit : {Exit::Escape, Exit::CloseBox, Exit::OwnButton}) {
-            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.name), QLatin1String(exit_name(exit)));
-            window->trigger(QString::fromLatin1(w.command));
+        for (Exit exit : {Escape, CloseBox, OwnButton}) {
+            const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.name), QLatin1String(kExitNames[exit]));
+            main->trigger(QString::fromLatin1(w.command));
             const QList<QMdiSubWindow*> lists = subs(QStringLiteral("Frm_liste_compet"));
             ASSERT_EQ(lists.size(), 1) << what.toStdString();
             auto* ok = lists.first()->widget()->findChild<QPushButton*>(QStringLiteral("Command1_2"));
@@ -249,10 +214,10 @@ TEST_F(WindowExitsTest, TheWindowsOfAChosenCompetitionLeaveEveryWay)
             EXPECT_TRUE(subs(QString::fromLatin1(w.name)).isEmpty()) << what.toStdString();
             EXPECT_EQ(app->state.busy_count, busy - 1) << what.toStdString();
             // The competition list, if it stayed, goes by its close box.
-            for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
-                leave(sub, w, Exit::CloseBox);
+            for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
+                leave(sub, w, CloseBox);
             expect_all_given_back(what);
-            for (QMdiSubWindow* sub : window->mdi_area()->subWindowList())
+            for (QMdiSubWindow* sub : main->mdi_area()->subWindowList())
                 delete sub;
         }
     }
@@ -269,7 +234,7 @@ TEST_F(WindowExitsTest, TheOperationWindowLeavesByEscapeAndGivesTheBaseBack)
         title = w->windowTitle();
         QTest::keyClick(w->focusWidget() ? w->focusWidget() : w, Qt::Key_Escape);
     });
-    window->trigger(QStringLiteral("mnuBaseClubExport"));
+    main->trigger(QStringLiteral("mnuBaseClubExport"));
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(title, QStringLiteral("Exporter Clubs"));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
