@@ -1,11 +1,9 @@
-// The model windows on Qt's offscreen platform: the model list reached from
-// the menu with its marks and its undo, the naming window left by each of its
-// ways, and the programme window with its sources.
+// The model windows: the list's marks and undo, the naming window left every
+// way, the programme window of a model, the model choice of the entry window.
 
 #include "gui/frame/view_window.h"
 #include "gui/frame/window_factory.h"
 #include "src/competitions/frm_prog.h"
-#include "src/competitions/utils_programme.h"
 #include "src/entries/liste_modele.h"
 #include "src/frame/keywords.h"
 #include "window_test.h"
@@ -17,10 +15,11 @@
 #include <QTreeView>
 
 using namespace plouvarine;
+using namespace plouvarine::testing;
 
 namespace {
 
-class ModelWindowsTest : public plouvarine::testing::WindowTest<> {
+class ModelWindowsTest : public WindowTest<> {
 protected:
     void SetUp() override
     {
@@ -41,22 +40,17 @@ TEST_F(ModelWindowsTest, DeletionListMarksAndGivesBackOnCancel)
 {
     model(QStringLiteral("Benjamins"));
     model(QStringLiteral("Poussins"));
-    main->trigger(QStringLiteral("mnuModeleEngagSuppr"));
-    QWidget* window = main.child_window(QStringLiteral("frm_liste_modele"));
+    QWidget* window = open(QStringLiteral("mnuModeleEngagSuppr"), QStringLiteral("frm_liste_modele"));
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Supprimer des modèles d'engagements"));
     auto* tree = window->findChild<QTreeView*>("Lsv_modele");
     ASSERT_EQ(tree->model()->rowCount(), 2);
-    auto* action = window->findChild<QPushButton*>("Command1_2");
-    EXPECT_EQ(action->text(), QStringLiteral("&Supprimer"));
     shoot(window, QStringLiteral("frm_liste_modele.png"));
     tree->setCurrentIndex(tree->model()->index(0, 0));
     QTest::keyClick(tree, Qt::Key_Delete);
     EXPECT_EQ(tree->model()->rowCount(), 1);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where Suppr = true")), 1);
-    window->findChild<QPushButton*>("Command1_1")->click();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(main.child_window(QStringLiteral("frm_liste_modele")), nullptr);
+    click(window, QStringLiteral("Command1_1"));
+    EXPECT_TRUE(gone(QStringLiteral("frm_liste_modele")));
     EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where Suppr = false")), 2);
     EXPECT_TRUE(main->action(QStringLiteral("mnuModeleEngagSuppr"))->isEnabled());
 }
@@ -89,11 +83,10 @@ TEST_F(ModelWindowsTest, NamingWindowIsLeftByItsButtonsEscapeAndCloseBox)
 
 TEST_F(ModelWindowsTest, ProgrammeOfAModelOffersItsSources)
 {
-    const QString m = model(QStringLiteral("Meeting"), QStringLiteral("Modele_prog"));
-    main->trigger(QStringLiteral("mnuModeleProgModif"));
-    QWidget* list = main.child_window(QStringLiteral("frm_liste_modele"));
+    model(QStringLiteral("Meeting"), QStringLiteral("Modele_prog"));
+    QWidget* list = open(QStringLiteral("mnuModeleProgModif"), QStringLiteral("frm_liste_modele"));
     ASSERT_NE(list, nullptr);
-    list->findChild<QPushButton*>("Command1_2")->click();
+    click(list, QStringLiteral("Command1_2"));
     QWidget* prog = main.child_window(QString(FrmProg::kName));
     ASSERT_NE(prog, nullptr);
     EXPECT_EQ(prog->windowTitle(), QStringLiteral("Modification du modèle de programme Meeting"));
@@ -105,14 +98,12 @@ TEST_F(ModelWindowsTest, ProgrammeOfAModelOffersItsSources)
     prog->resize(900, 560);
     shoot(prog, QStringLiteral("frm_prog_modele.png"));
     // A cancelled file dialog changes nothing.
-    prog->findChild<QPushButton*>("Cmd_lenex")->click();
+    click(prog, QStringLiteral("Cmd_lenex"));
     EXPECT_TRUE(ui.messages.empty());
     ASSERT_EQ(ui.file_requests.size(), 1u);
     EXPECT_EQ(ui.file_requests.back().title, QStringLiteral("Sélection d'un fichier Lenex"));
-    prog->findChild<QPushButton*>("Command1_1")->click();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(main.child_window(QString(FrmProg::kName)), nullptr);
-    Q_UNUSED(m);
+    click(prog, QStringLiteral("Command1_1"));
+    EXPECT_TRUE(gone(QString(FrmProg::kName)));
 }
 
 TEST_F(ModelWindowsTest, EntryWindowOpensTheModelChoice)
@@ -123,9 +114,7 @@ TEST_F(ModelWindowsTest, EntryWindowOpensTheModelChoice)
                         {"Lieu", "Brest"}, {"Longueur", 25}, {"Visible", true}, {"Deroule", false}},
                        QStringLiteral("AutoNum"));
     model(QStringLiteral("Benjamins"));
-    main->trigger(QStringLiteral("mnuEngagIndiv"));
-    main.child_window(QStringLiteral("Frm_liste_compet"))->findChild<QPushButton*>("Command1_2")->click();
-    QWidget* engag = main.child_window(QStringLiteral("frm_engag"));
+    QWidget* engag = open_chosen(QStringLiteral("mnuEngagIndiv"), QStringLiteral("frm_engag"));
     ASSERT_NE(engag, nullptr);
     auto* cmd = engag->findChild<QPushButton*>("Cmd_modele");
     ASSERT_TRUE(cmd->isVisible());
@@ -134,11 +123,8 @@ TEST_F(ModelWindowsTest, EntryWindowOpensTheModelChoice)
     cmd->click();
     QWidget* list = main.child_window(QStringLiteral("frm_liste_modele"));
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->windowTitle(), QStringLiteral("Choix d'un modèle d'engagements"));
     QTest::keyClick(list->findChild<QTreeView*>("Lsv_modele"), Qt::Key_Escape);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(main.child_window(QStringLiteral("frm_liste_modele")), nullptr);
-    engag->findChild<QPushButton*>("Command1_1")->click();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(main.child_window(QStringLiteral("frm_engag")), nullptr);
+    EXPECT_TRUE(gone(QStringLiteral("frm_liste_modele")));
+    click(engag, QStringLiteral("Command1_1"));
+    EXPECT_TRUE(gone(QStringLiteral("frm_engag")));
 }
