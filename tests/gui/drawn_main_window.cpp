@@ -6,11 +6,9 @@
 #include "support/scripted_services.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 
 namespace plouvarine::testing {

@@ -4,9 +4,7 @@
 #include "competitions/compet_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>

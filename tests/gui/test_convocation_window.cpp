@@ -4,9 +4,7 @@
 #include "entries/entries_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QToolButton>

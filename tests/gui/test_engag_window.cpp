@@ -4,11 +4,8 @@
 #include "entries/engag_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
 

@@ -5,11 +5,7 @@
 #include "src/clubs/club_hooks.h"
 #include "window_test.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>

@@ -7,12 +7,10 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTreeView>
 
 using namespace plouvarine;

@@ -20,7 +20,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTimer>
 
 using namespace plouvarine;

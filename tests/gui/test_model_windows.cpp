@@ -8,8 +8,6 @@
 #include "src/frame/keywords.h"
 #include "window_test.h"
 
-#include <QApplication>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>

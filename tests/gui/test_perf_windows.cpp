@@ -6,10 +6,8 @@
 #include "results/perf_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeView>

@@ -8,7 +8,6 @@
 #include "support/office_template.h"
 #include "support/pdf_pages.h"
 
-#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>

@@ -5,9 +5,7 @@
 #include "records/records_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>

@@ -4,8 +4,6 @@
 #include "results/results_test_base.h"
 #include "window_test.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>

@@ -6,10 +6,6 @@
 #include "gui/frame/window_factory.h"
 #include "window_test.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLineEdit>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QRadioButton>
 #include <QTimer>

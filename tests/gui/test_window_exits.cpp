@@ -1,15 +1,12 @@
 // Every way out of every child window runs the same unload: the window goes,
 // its menu locks and its place in busy_count come back once, and the next
-// opening gives one window again.
+// opening gives one window again. The tool windows are among them.
 
 #include "src/frame/components.h"
+#include "tools/points_fixture.h"
 #include "window_test.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDir>
 #include <QFileInfo>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
@@ -53,6 +50,10 @@ const ChildWindow kWindows[] = {
     {"mnuPerfView", "frm_view_perf", "cmd_1"},
     {"mnuPerfAjout", "frm_ajout_perf", "cmd_quitter"},
     {"mnuPerfAjoutRelais", "frm_ajout_perf_relais", "cmd_quitter"},
+    {"mnuOutilsCalculPoint", "frm_calpts", "cmd_quitter"},
+    {"mnuOutilsCalculTps", "frm_calTps", "cmd_Quitter"},
+    {"mnuOutilsCalculPointEquipe", "frm_PtsInter", "cmd_1"},
+    {"mnuPerfOrdiParam", "frmMonitorDef", "Command1_2"},
 };
 
 // The windows of a competition chosen in the competition list (its Ok).
@@ -80,6 +81,8 @@ protected:
                              .arg(kCode));
         app->state.club_code = kCode;
         app->state.club_name = QStringLiteral("CN Vannes");
+        app->state.profile_num = QStringLiteral("1");
+        install_points_component(*app);
     }
     QList<QMdiSubWindow*> subs(const QString& name) const
     {

@@ -9,7 +9,6 @@
 #include "src/subjects.h"
 #include "support/scripted_services.h"
 
-#include <QAbstractItemView>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -19,9 +18,7 @@
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTranslator>
