@@ -1,9 +1,8 @@
-// The day picker drawn by its window, and line edits bound to the date and
-// time keyboard rules.
+// The day picker drawn by its window; line edits bound to the date and time rules.
 
 #include "gui/frame/qt_services.h"
 #include "gui/frame/window_factory.h"
-#include "gui_application.h"
+#include "window_test.h"
 #include "src/frame/choose_date_view.h"
 #include "gui/frame/date_field_binding.h"
 #include "gui/frame/time_field_binding.h"
@@ -17,15 +16,16 @@
 #include <QTimer>
 
 using namespace plouvarine;
+using namespace plouvarine::testing;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class ChooseDateWindowTest : public plouvarine::testing::AppFixture {
+class ChooseDateWindowTest : public AppFixture {
 protected:
     void SetUp() override
     {
-        plouvarine::testing::ensure_application();
+        ensure_application();
         AppFixture::SetUp();
     }
     // Plays the modal picker opened on a date, then gives its result.
@@ -55,33 +55,29 @@ protected:
 
 TEST_F(ChooseDateWindowTest, TheYearAndMonthMoveTheCalendarAndOkGivesItsDay)
 {
-    QString title, february, paged;
-    QDate shown;
+    bool played = false;
     const QString result = pick(u"2004"_s, u"9"_s, u"16"_s, [&](QWidget* w) {
         ASSERT_TRUE(w);
-        title = w->windowTitle();
+        played = true;
+        EXPECT_EQ(w->windowTitle(), u"Sélection d'un jour"_s);
         auto* year = w->findChild<QLineEdit*>(u"txt_annee"_s);
         auto* month = w->findChild<QComboBox*>(u"Cb_mois"_s);
-        shown = w->findChild<QCalendarWidget*>(u"MonthView1"_s)->selectedDate();
-        february = month->itemText(1);
+        auto* calendar = w->findChild<QCalendarWidget*>(u"MonthView1"_s);
+        EXPECT_EQ(calendar->selectedDate(), QDate(2004, 9, 16));
+        EXPECT_EQ(month->itemText(1), u"Février"_s);
         year->selectAll();
         type(year, u"2x001"_s);  // letters do not get in
         month->setCurrentIndex(1);
         // The calendar's arrow moves the fields with it.
-        w->findChild<QCalendarWidget*>(u"MonthView1"_s)->showNextMonth();
-        paged = year->text() + u"/"_s + QString::number(month->currentIndex());
-        w->findChild<QPushButton*>(u"Cmd_0"_s)->click();
+        calendar->showNextMonth();
+        EXPECT_EQ(year->text() + u"/"_s + QString::number(month->currentIndex()), u"2001/2"_s);
+        click(w, u"Cmd_0"_s);
     });
-    EXPECT_EQ(title, u"Sélection d'un jour"_s);
-    EXPECT_EQ(february, u"Février"_s);
-    EXPECT_EQ(shown, QDate(2004, 9, 16));
-    EXPECT_EQ(paged, u"2001/2"_s);
+    EXPECT_TRUE(played);
     EXPECT_EQ(result, u"20010316"_s);
     EXPECT_FALSE(app->is_busy());
 
-    EXPECT_EQ(pick(QString(), QString(), QString(),
-                   [](QWidget* w) { w->findChild<QPushButton*>(u"Cmd_1"_s)->click(); }),
-              QString());
+    EXPECT_EQ(pick(QString(), QString(), QString(), [](QWidget* w) { click(w, u"Cmd_1"_s); }), QString());
 }
 
 TEST_F(ChooseDateWindowTest, BoundLineEditsFollowTheKeyboardRules)

@@ -3,7 +3,7 @@
 // spacing of a template's paragraphs at the size the word processor gave them.
 
 #include "gui/frame/qt_services.h"
-#include "gui_application.h"
+#include "window_test.h"
 #include "src/reports/rich_text.h"
 #include "support/office_template.h"
 #include "support/pdf_pages.h"

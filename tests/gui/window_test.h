@@ -3,7 +3,6 @@
 // the fixture's base, and the moves a person makes on a window.
 
 #include "drawn_main_window.h"
-#include "gui_application.h"
 #include "support/app_fixture.h"
 
 #include <QApplication>
@@ -13,6 +12,9 @@
 
 namespace plouvarine::testing {
 
+// The one QApplication of the window tests, its settings kept in a folder of
+// its own so that no test reads or writes the person's settings.
+void ensure_application();
 // The named child of `window`; a failure when there is none.
 template <typename T = QWidget>
 T* find(QWidget* window, const QString& name)
