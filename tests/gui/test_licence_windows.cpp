@@ -6,11 +6,10 @@
 
 #include <QAction>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPushButton>
+#include <QTest>
 #include <QTreeView>
 
 using namespace plouvarine;
@@ -18,25 +17,11 @@ using namespace plouvarine::testing;
 
 namespace {
 
-// Keys as the person types them: a named key, or each character of a text.
-void type(QWidget* target, const QString& text, int key = 0)
-{
-    for (const QString& part : key ? QStringList{QString()} : text.split(QString(), Qt::SkipEmptyParts)) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, part);
-        QApplication::sendEvent(target, &event);
-    }
-}
-
 void click_header(QTreeView* list, int section)
 {
     QHeaderView* header = list->header();
-    const QPoint at(header->sectionViewportPosition(section) + 4, header->height() / 2);
-    QMouseEvent down(QEvent::MouseButtonPress, at, header->viewport()->mapToGlobal(at), Qt::LeftButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(header->viewport(), &down);
-    QMouseEvent up(QEvent::MouseButtonRelease, at, header->viewport()->mapToGlobal(at), Qt::LeftButton,
-                   Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(header->viewport(), &up);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(section) + 4, header->height() / 2));
 }
 
 class LicenceWindowTest : public WindowTest<LicenceBase> {
@@ -73,7 +58,7 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
     EXPECT_EQ(column_texts(*list->model()), (QStringList{"DUPONT", "MARTIN"}));
     // The rows are plain items: the list itself refuses editing, F2 opens no editor.
     ASSERT_TRUE(list->currentIndex().isValid());
-    type(list, QString(), Qt::Key_F2);
+    QTest::keyClick(list, Qt::Key_F2);
     EXPECT_EQ(list->findChild<QLineEdit*>(), nullptr);
 
     click_header(list, 0);
@@ -82,17 +67,17 @@ TEST_F(LicenceWindowTest, TheListSortsSearchesAndOpensTheDetailThatSavesAChange)
 
     // Letters typed on the list go to the search field and find the row.
     list->setFocus();
-    type(list, QStringLiteral("ma"));
+    type_in(list, QStringLiteral("ma"));
     EXPECT_EQ(window->findChild<QLineEdit*>(QStringLiteral("txt_recherche"))->text(), QStringLiteral("ma"));
     EXPECT_EQ(list->currentIndex().row(), 0);
-    type(list, {}, Qt::Key_Return);
+    QTest::keyClick(list, Qt::Key_Return);
     QWidget* detail = child_window(QStringLiteral("det_licence"));
     ASSERT_NE(detail, nullptr);
     auto* nom = find<QLineEdit>(detail, QStringLiteral("text1_1"));
     EXPECT_EQ(nom->text(), QStringLiteral("MARTIN"));
 
     nom->selectAll();
-    type(nom, QStringLiteral("Mårtin-Noël"));
+    type_in(nom, QStringLiteral("Mårtin-Noël"));
     click(detail, QStringLiteral("Option_sexe_0"));
     click(detail, QStringLiteral("Command1_0"));
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Nageur modifié avec succès.")});
