@@ -108,6 +108,19 @@ protected:
         app->state.profile_num = QStringLiteral("1");
         install_points_component(*app);
     }
+    // Whether the title bar of `sub` shows its whole title.
+    static bool whole_title(QMdiSubWindow* sub)
+    {
+        QStyleOptionTitleBar bar;
+        bar.initFrom(sub);
+        bar.rect = QRect(0, 0, sub->width(), sub->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, sub));
+        bar.titleBarFlags = sub->windowFlags();
+        bar.subControls = QStyle::SC_All;
+        const QRect label = sub->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, sub);
+        QFont bold = QApplication::font("QMdiSubWindowTitleBar");
+        bold.setBold(true);  // as the title bar draws it
+        return label.width() >= QFontMetrics(bold).horizontalAdvance(sub->windowTitle());
+    }
     void look_at(QWidget* window, const QString& name) { shoot(window, name + QStringLiteral(".png")); }
     QList<QMdiSubWindow*> subs(const QString& name) const
     {
@@ -157,6 +170,8 @@ TEST_F(ChildWindowsTest, EveryWayOutOfEveryChildWindowUnloadsItOnce)
             QList<QMdiSubWindow*> open = subs(QString::fromLatin1(w.name));
             ASSERT_EQ(open.size(), 1) << what.toStdString();
             EXPECT_EQ(app->state.busy_count, 1) << what.toStdString();
+            // At its first size the title bar shows the whole title.
+            EXPECT_TRUE(whole_title(open.first())) << what.toStdString();
             // A second opening brings the same window to the front.
             main->trigger(QString::fromLatin1(w.command));
             ASSERT_EQ(subs(QString::fromLatin1(w.name)), open) << what.toStdString();
@@ -424,29 +439,6 @@ TEST_F(ChildWindowsTest, TeamPointsShowTheirSheets)
     look_at(window, QStringLiteral("frm_PtsInter"));
     click(window, QStringLiteral("cmd_2"));
     EXPECT_EQ(ui.printed.size(), 1u);
-}
-
-TEST_F(ChildWindowsTest, EachToolWindowShowsItsWholeTitleAtItsFirstSize)
-{
-    for (const char* command : {"mnuOutilsCalculPoint", "mnuOutilsCalculTps", "mnuOutilsCalculPointEquipe",
-                                "mnuPerfOrdiParam"}) {
-        main->trigger(QLatin1String(command));
-        QMdiSubWindow* s = main->mdi_area()->activeSubWindow();
-        ASSERT_NE(s, nullptr) << command;
-        QStyleOptionTitleBar bar;
-        bar.initFrom(s);
-        bar.rect = QRect(0, 0, s->width(), s->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, s));
-        bar.titleBarFlags = s->windowFlags();
-        bar.subControls = QStyle::SC_All;
-        const QRect label = s->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, s);
-        QFont bold = QApplication::font("QMdiSubWindowTitleBar");
-        bold.setBold(true);  // as the title bar draws it
-        EXPECT_GE(label.width(), QFontMetrics(bold).horizontalAdvance(s->windowTitle())) << command;
-        if (s->objectName() == QLatin1String("frmMonitorDef"))
-            look_at(s->widget(), s->objectName());
-        s->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
 }
 
 TEST_F(ChildWindowsTest, TheMonitorShowsItsFiguresAboveTheOtherWindowsWhereTheProfileWants)
