@@ -30,10 +30,6 @@ protected:
         app->state.profile_num = QStringLiteral("1");
         open_main();
     }
-    void type_in(QWidget* window, const char* field, const QString& text)
-    {
-        plouvarine::testing::type_in(find<QLineEdit>(window, field), text);
-    }
     QString model(const QString& name, const QString& table = QStringLiteral("Modele_engag"))
     {
         return app->db.append_row(table, {{"Nom_modele", name}, {"Num_profil", 1}}, QStringLiteral("NumAuto"));
@@ -46,12 +42,9 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
 {
     QWidget* det = open(QStringLiteral("mnuCompetNew"), QStringLiteral("det_compet"));
     ASSERT_NE(det, nullptr);
-    const std::pair<const char*, const char*> typed[] = {
-        {"text1_0", "Meeting de Brest"}, {"text1_1", "b-25"},       {"text1_2", "Brest"},
-        {"txt_date_0", "12"},            {"txt_date_1", "04"},      {"txt_date_2", "2025"},
-        {"txt_date_10", "13"},           {"txt_date_11", "04"},     {"txt_date_12", "2025"}};
-    for (const auto& [field, text] : typed)
-        type_in(det, field, QString::fromUtf8(text));
+    fill(det, {{"text1_0", "Meeting de Brest"}, {"text1_1", "b-25"}, {"text1_2", "Brest"}, {"txt_date_0", "12"},
+               {"txt_date_1", "04"}, {"txt_date_2", "2025"}, {"txt_date_10", "13"}, {"txt_date_11", "04"},
+               {"txt_date_12", "2025"}});
     EXPECT_EQ(det->findChild<QLineEdit*>("text1_1")->text(), "B25");
     click(det, "Option1_1");  // interclubs: 25 m and Animation, locked
     EXPECT_TRUE(det->findChild<QRadioButton*>("Op_d_2")->isChecked());
@@ -91,7 +84,7 @@ TEST_F(CompetWindowTest, ProgrammeIsChosenFromTheListThenSaved)
     ASSERT_EQ(days->count(), 2);
     days->setCurrentIndex(1);
     Q_EMIT days->activated(1);  // as a choice in the drop-down does
-    type_in(prog, "txtordre", "4");
+    fill(prog, {{"txtordre", "4"}});
     click(prog, "Command1_0");
     EXPECT_TRUE(gone(QStringLiteral("frm_prog")));
     EXPECT_EQ(dump("select Code_epreuve, JourCourse, Type, Nb_finales, Type_finale, Num_ordre from Pcomp where "
