@@ -204,11 +204,17 @@ TEST_F(ChildWindowsTest, TheMainWindowsPathsNeverLeaveAWindowWithoutItsBase)
     main->trigger(QStringLiteral("mnuLicSuppr"));
     ASSERT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
 
-    // Fermer, Quitter and the close box refuse while the list is at work: the
-    // list keeps its base and its locks.
-    main->trigger(QStringLiteral("mnuBaseClose"));
-    EXPECT_FALSE(main->close());
-    main->trigger(QStringLiteral("mnuExit"));
+    // Fermer, Quitter and the close box refuse while the list is at work,
+    // with no question and why in the status bar: the list keeps its base and its locks.
+    for (const char* way : {"mnuBaseClose", "mnuExit", ""}) {
+        ui.clear();
+        if (*way)
+            main->trigger(QLatin1String(way));
+        else
+            EXPECT_FALSE(main->close());
+        EXPECT_TRUE(ui.messages.empty()) << way;
+        EXPECT_EQ(ui.status[2], QStringLiteral("Fermez d'abord les fenêtres ouvertes.")) << way;
+    }
     EXPECT_TRUE(app->db.is_open());
     EXPECT_EQ(subs(QStringLiteral("frm_liste_licence")).size(), 1);
     EXPECT_EQ(app->state.busy_count, 1);
