@@ -242,7 +242,6 @@ TEST_F(ChildWindowsTest, TheWindowsOfAChosenCompetitionLeaveEveryWay)
 {
     install_template_component();
     app->clock.set_today(QDate(2025, 3, 10));
-    app->state.profile_num = QStringLiteral("1");
     app->db.append_row(QStringLiteral("Rcomp"),
                        {{"Num", "IC1"}, {"Nom", "Interclubs"}, {"Debut", "20250405"}, {"Fin", "20250405"},
                         {"Lieu", "Brest"}, {"Longueur", 50}, {"Visible", true}, {"Deroule", false}},
@@ -250,12 +249,7 @@ TEST_F(ChildWindowsTest, TheWindowsOfAChosenCompetitionLeaveEveryWay)
     for (const ChildWindow& w : kCompetitionWindows) {
         for (Exit exit : {Escape, CloseBox, OwnButton}) {
             const QString what = QStringLiteral("%1 by %2").arg(QLatin1String(w.name), QLatin1String(kExitNames[exit]));
-            main->trigger(QString::fromLatin1(w.command));
-            const QList<QMdiSubWindow*> lists = subs(QStringLiteral("Frm_liste_compet"));
-            ASSERT_EQ(lists.size(), 1) << what.toStdString();
-            auto* ok = lists.first()->widget()->findChild<QPushButton*>(QStringLiteral("Command1_2"));
-            ASSERT_NE(ok, nullptr) << what.toStdString();
-            ok->click();
+            ASSERT_NE(open_chosen(QLatin1String(w.command), QLatin1String(w.name)), nullptr) << what.toStdString();
             const QList<QMdiSubWindow*> open = subs(QString::fromLatin1(w.name));
             ASSERT_EQ(open.size(), 1) << what.toStdString();
             const int busy = app->state.busy_count;

@@ -318,10 +318,6 @@ TEST_F(MainWindowTest, TheFeeMenuAndTheStatusPanels)
     for (QAction* a : window->tarifs_menu()->actions())
         lines << a->text() + (a->isChecked() ? QStringLiteral("*") : QString());
     EXPECT_EQ(lines, (QStringList{"Aucun", "Adulte", "Jeune*"}));
-    int chosen = -1;
-    window->on_tarif_chosen = [&](int i) { chosen = i; };
-    window->tarifs_menu()->actions().at(1)->trigger();
-    EXPECT_EQ(chosen, 1);
 
     window->show_status(1, QStringLiteral("Profil : Secrétariat (ASN)"));
     window->show_status(2, QStringLiteral("Compactage"));
