@@ -32,7 +32,7 @@ protected:
                             "VALUES (%1, 52, 25, 1.0512, 'Abgrall', 'Yann', '20200512', 'Brest')").arg(cat));
         swim(swimmer(QStringLiteral("Corre"), QStringLiteral("20110101")), 52, 25, 1.0450, QStringLiteral("20250301"));
     }
-    // Plays the modal proposals that `button` of `window` opens with `play`.
+    // Plays with `play` the modal proposals that "Chercher" of `window` opens.
     void with_proposals(QWidget* window, const std::function<void(QWidget*)>& play)
     {
         bool played = false;
