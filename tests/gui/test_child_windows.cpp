@@ -390,6 +390,7 @@ TEST_F(ChildWindowsTest, TableCotationDrawsItsTable)
     click(window, QStringLiteral("Opt_bassin_50"));
     fill(window, {{"Txt_Time_0", "1.05"}});
     click(window, QStringLiteral("Cmd_calpts"));
+    EXPECT_EQ(find<QLineEdit>(window, "Txt_Time_0")->text(), QStringLiteral("1.05"));
     EXPECT_EQ(window->findChild<QLabel*>("lblPtsCal")->text(), QStringLiteral("503"));
     fill(window, {{"Txt_pts_1", "600"}, {"Txt_pts_2", "620"}});
     click(window, QStringLiteral("Cmd_TablePts"));

@@ -57,6 +57,7 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
 
     QWidget* list = open(QStringLiteral("mnuCompetListe"), QStringLiteral("Frm_liste_compet"));
     ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->windowTitle(), QStringLiteral("Liste des compétitions à venir"));
     auto* view = find<QTreeView>(list, "lsv_compet");
     EXPECT_EQ(view->model()->index(0, 1).data().toString(), "Meeting de Brest");
     EXPECT_FALSE(list->findChild<QPushButton*>("Command1_2")->isVisible());
@@ -99,6 +100,8 @@ TEST_F(CompetWindowTest, DeletionListMarksAndGivesBackOnCancel)
     model(QStringLiteral("Poussins"));
     QWidget* window = open(QStringLiteral("mnuModeleEngagSuppr"), QStringLiteral("frm_liste_modele"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Supprimer des modèles d'engagements"));
+    EXPECT_EQ(find<QPushButton>(window, "Command1_2")->text(), QStringLiteral("&Supprimer"));
     auto* tree = window->findChild<QTreeView*>("Lsv_modele");
     ASSERT_EQ(tree->model()->rowCount(), 2);
     shoot(window, QStringLiteral("frm_liste_modele.png"));

@@ -77,6 +77,11 @@ TEST_F(EntryWindowsTest, ASwimmerIsEnteredTickedLeftAndFoundAsSaved)
     EXPECT_FALSE(find<QCheckBox>(w, "Check1_20")->isEnabled());  // 25 m only, in a 50 m pool
     find<QCheckBox>(w, "Check1_2")->click();
     find<QCheckBox>(w, "Check1_3")->click();
+    // The proposal of her best time shown in the line of the event.
+    EXPECT_EQ(find<QLineEdit>(w, "txt_temps_2")->text(), QStringLiteral("1.0500"));
+    EXPECT_EQ(find<QLineEdit>(w, "text1_2")->text(), QStringLiteral("Morlaix"));
+    EXPECT_EQ(find<QLineEdit>(w, "txt_description_102")->text(), QStringLiteral("2024"));
+    EXPECT_TRUE(find<QRadioButton>(w, "Option1_53")->isChecked());
     // The proposal overtyped: the time rule takes the keys, leaving rewrites it.
     auto* temps = find<QLineEdit>(w, "txt_temps_3");
     overtype(temps, QStringLiteral("2.18"));
@@ -144,6 +149,7 @@ TEST_F(EntryWindowsTest, ATeamsRelaysAreCountedComposedAndTimed)
     EXPECT_EQ(events->model()->index(free100[0].row(), 1).data().toString(), "2");
 
     click(relay, "Cmd_composition");
+    EXPECT_EQ(relay->findChild<QPushButton*>("Cmd_composition")->text(), QStringLiteral("&Sélection"));
     auto* members = relay->findChild<QTreeView*>("lsv_nageurs");
     auto* composed = relay->findChild<QTreeView*>("lsv_engag_relais");
     ASSERT_EQ(members->model()->rowCount(), 4);

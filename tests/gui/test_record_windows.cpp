@@ -6,6 +6,7 @@
 #include "window_test.h"
 
 #include <QComboBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
@@ -52,6 +53,7 @@ TEST_F(RecordWindowsTest, BandsAreTypedAndSaved)
 {
     QWidget* window = open(QStringLiteral("mnuPerfRecModifier"), QStringLiteral("det_categorie_record_club"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Définition des catégories"));
     fill(window, {{"txt_libelle", "Minimes"}, {"txt_age_0", "13a"}, {"txt_age_1", "14"}});  // digits only
     click(window, QStringLiteral("Opt_sexe_0"));
     click(window, QStringLiteral("Cmd_def_0"));
@@ -78,6 +80,7 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     seed();
     QWidget* window = open(QStringLiteral("mnuPerfRecView"), QStringLiteral("frm_view_record"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Records du club"));
     // Tab goes as the window is drawn: the events on the left, then the tabs.
     EXPECT_EQ(tab_order(window, {"LsvNage", "tabs"}), QStringLiteral("LsvNage tabs"));
     auto* nages = find<QTreeView>(window, "LsvNage");
@@ -90,6 +93,7 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     auto* records = find<QTreeView>(window, "lsvRecords");
     ASSERT_EQ(records->model()->rowCount(), 5);
     EXPECT_EQ(records->model()->index(4, 1).data().toString(), QStringLiteral("Abgrall Yann"));
+    EXPECT_EQ(find<QComboBox>(window, "Cbo_search")->count(), 1);
     window->resize(980, 620);
     shoot(window, QStringLiteral("records_list.png"));
 
@@ -101,9 +105,11 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     auto* nom = find<QLineEdit>(window, "txt_info_0");
     EXPECT_EQ(nom->text(), QStringLiteral("Abgrall"));
     EXPECT_TRUE(nom->isReadOnly());
+    EXPECT_FALSE(find<QPushButton>(window, "Cmd_def_0")->isEnabled());
     click(window, QStringLiteral("Cmd_def_1"));
     EXPECT_FALSE(nom->isReadOnly());
     EXPECT_FALSE(tabs->isTabEnabled(0));
+    EXPECT_FALSE(find<QPushButton>(window, "Cmd_def_3")->isEnabled());
     fill(window, {{"txt_info_0", "Bihan"}, {"txt_info_2", "1.0500"}, {"txt_date_0", "3"}, {"txt_date_1", "2"},
                   {"txt_date_2", "2025"}, {"txt_info_3", "Quimper"}});
     shoot(window, QStringLiteral("records_entry.png"));
@@ -111,11 +117,14 @@ TEST_F(RecordWindowsTest, RecordsAreShownTypedAndFoundInTheHistory)
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_TRUE(nom->isReadOnly());
     EXPECT_TRUE(tabs->isTabEnabled(0));
+    EXPECT_EQ(nom->text(), QStringLiteral("Bihan"));
 
     // The history's swim beats the new record: proposed, then accepted.
     with_proposals(window, [&](QWidget* finder) {
+        EXPECT_EQ(finder->windowTitle(), QStringLiteral("Records à valider"));
         auto* list = find<QTreeView>(finder, "lsv_propositions");
         EXPECT_EQ(list->model()->rowCount(), 1);
+        EXPECT_EQ(list->model()->index(0, 7).data().toString(), QStringLiteral("1:05.00"));
         finder->resize(880, 380);
         shoot(finder, QStringLiteral("records_finder.png"));
         click(finder, QStringLiteral("cmd_0"));

@@ -58,6 +58,7 @@ TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
 {
     QWidget* window = open(QStringLiteral("mnuCompetVoirResult"), QStringLiteral("frm_view_result"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Résultats des compétitions"));
     EXPECT_FALSE(main->action(QStringLiteral("mnuCompetSuppr"))->isEnabled());
 
     auto* nages = find<QTreeView>(window, "LsvNage");
@@ -124,6 +125,7 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
 
     QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Performances des licenciés"));
     auto* swimmers = window->findChild<QTreeView*>("LsvNageur");
     ASSERT_EQ(swimmers->model()->rowCount(), 1);  // only those with a swim
     swimmers->model()->setData(swimmers->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
@@ -145,6 +147,7 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
     perfs->setCurrentIndex(perfs->model()->index(3, 0));
     auto* chart_button = window->findChild<QPushButton*>("cmd_progression");
     ASSERT_TRUE(chart_button->isEnabled());
+    EXPECT_TRUE(window->findChild<QPushButton*>("cmd_4")->isEnabled());
     snapshot(window, QStringLiteral("perf_view.png"), QSize(1100, 640));
 
     chart_button->click();
@@ -205,6 +208,7 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
     const QString anne = swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
     QWidget* window = open(QStringLiteral("mnuPerfAjout"), QStringLiteral("frm_ajout_perf"));
     ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Ajout manuel de performances"));
     auto* licences = window->findChild<QTreeView*>("lsv_licence");
     ASSERT_EQ(licences->model()->rowCount(), 1);
     licences->setCurrentIndex(licences->model()->index(0, 0));
