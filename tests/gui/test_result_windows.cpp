@@ -1,26 +1,38 @@
-// The performance windows on Qt's offscreen platform, reached from the menu:
-// the history shown for a ticked swimmer, its progression chart drawn, saved
-// as PNG and PDF, printed and left every way; the manual forms typed into and
-// saved. Each is grabbed as a picture (PLOUVARINE_KEEP_SCREENSHOTS=<folder>).
+// The results window on the fixed meet: its boxes, option buttons, "Voir" and
+// "Epreuve :" wired to the view, the list drawn from its top, the menu locked.
+// The performance windows: the history of a ticked swimmer and its progression
+// chart, saved, printed and left every way; the manual forms typed and saved.
 
-#include "gui/frame/main_window.h"
 #include "results/perf_test_base.h"
-#include "src/results/view_perf.h"
+#include "results/results_test_base.h"
 #include "window_test.h"
 
-#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QTreeView>
 
 using namespace plouvarine;
+using namespace plouvarine::testing;
 
 namespace {
 
-class PerfWindowsTest : public plouvarine::testing::WindowTest<plouvarine::testing::PerfBase> {
+const QString kChart = QStringLiteral("frm_perf_progression");
+
+class ResultWindowTest : public WindowTest<ResultsBase> {
+protected:
+    void SetUp() override
+    {
+        WindowTest::SetUp();
+        open_main();
+    }
+};
+
+class PerfWindowsTest : public WindowTest<PerfBase> {
 protected:
     void SetUp() override
     {
@@ -35,23 +47,71 @@ protected:
         QApplication::processEvents();
         shoot(window, name);
     }
-    QWidget* open(const QString& command, const QString& name)
-    {
-        main->trigger(command);
-        return main.child_window(name);
-    }
-    void gone(const QString& name)
-    {
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_EQ(main.child_window(name), nullptr) << name.toStdString();
-        EXPECT_FALSE(app->windows.is_open(name)) << name.toStdString();
-    }
     QString first_bytes(const QString& path, int n)
     {
         QFile f(path);
         return f.open(QIODevice::ReadOnly) ? QString::fromLatin1(f.read(n)) : QString();
     }
 };
+
+TEST_F(ResultWindowTest, ShowsTheMeetByEventWithTheChosenColumns)
+{
+    QWidget* window = open(QStringLiteral("mnuCompetVoirResult"), QStringLiteral("frm_view_result"));
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Résultats des compétitions"));
+    EXPECT_FALSE(main->action(QStringLiteral("mnuCompetSuppr"))->isEnabled());
+
+    auto* nages = find<QTreeView>(window, "LsvNage");
+    ASSERT_EQ(nages->model()->rowCount(), 5);
+    find<QCheckBox>(window, "Chk_all")->click();
+    EXPECT_EQ(nages->model()->index(3, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+
+    auto* print = find<QPushButton>(window, "cmd_2");
+    auto* voir = find<QPushButton>(window, "cmd_0");
+    auto* lanes = find<QRadioButton>(window, "Opt_PresSerie_1");
+    auto* inter = find<QCheckBox>(window, "Chk_tps_inter");
+    EXPECT_FALSE(print->isEnabled());
+    EXPECT_FALSE(inter->isEnabled());
+    find<QPushButton>(window, "Cmd_option_0")->click();
+    EXPECT_FALSE(voir->isEnabled());
+    EXPECT_FALSE(lanes->isEnabled()) << "by type of race, lanes are no choice";
+    find<QRadioButton>(window, "Opt_typeAffich_1")->click();
+    EXPECT_TRUE(lanes->isEnabled());
+    inter->click();
+    find<QCheckBox>(window, "Chk_nationalite")->click();
+    find<QPushButton>(window, "Cmd_option_1")->click();
+    EXPECT_TRUE(voir->isEnabled());
+    EXPECT_FALSE(inter->isEnabled());
+
+    voir->click();
+    auto* results = find<QTreeView>(window, "LsvResults");
+    EXPECT_GT(results->model()->rowCount(), 40);
+    // The list starts at its top, with no blank row drawn as chosen.
+    EXPECT_EQ(results->indexAt(QPoint(1, 1)).row(), 0);
+    EXPECT_FALSE(results->selectionModel()->hasSelection());
+    EXPECT_EQ(results->model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("Nat"));
+    EXPECT_TRUE(print->isEnabled());
+    auto* search = find<QComboBox>(window, "Cbo_search");
+    ASSERT_EQ(search->count(), 5);
+    search->setCurrentIndex(2);
+    search->activated(2);
+    EXPECT_EQ(results->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("1500m n.l. Dames"));
+    // Changing the options leaves the list where the person scrolled it.
+    results->scrollToTop();
+    QApplication::processEvents();
+    const int top = results->indexAt(QPoint(1, 1)).row();
+    find<QPushButton>(window, "Cmd_option_0")->click();
+    find<QPushButton>(window, "Cmd_option_2")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(results->indexAt(QPoint(1, 1)).row(), top);
+
+    window->resize(1300, 760);
+    shoot(window, QStringLiteral("resultats.png"));
+
+    find<QPushButton>(window, "cmd_1")->click();
+    EXPECT_EQ(main.child_window(QStringLiteral("frm_view_result")), nullptr);
+    EXPECT_TRUE(main->action(QStringLiteral("mnuCompetSuppr"))->isEnabled());
+}
 
 TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
 {
@@ -71,18 +131,17 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
     swimmers->model()->setData(swimmers->model()->index(0, 0), Qt::Checked, Qt::CheckStateRole);
     auto* print = window->findChild<QPushButton*>("cmd_2");
     EXPECT_FALSE(print->isEnabled());
-    window->findChild<QPushButton*>("cmd_0")->click();
+    click(window, QStringLiteral("cmd_0"));
     auto* perfs = window->findChild<QTreeView*>("LsvPerf");
     ASSERT_EQ(perfs->model()->rowCount(), 4);
-    EXPECT_EQ(perfs->model()->index(3, 0).data().toString(), QStringLiteral("1:08.20"));
     EXPECT_TRUE(print->isEnabled());
     // Options are changed only between "&Modifier" and "&Valider".
     auto* tri = window->findChild<QWidget*>("Opt_tri_0");
     EXPECT_FALSE(tri->isEnabled());
-    window->findChild<QPushButton*>("Cmd_option_0")->click();
+    click(window, QStringLiteral("Cmd_option_0"));
     EXPECT_TRUE(tri->isEnabled());
     EXPECT_FALSE(window->findChild<QPushButton*>("cmd_0")->isEnabled());
-    window->findChild<QPushButton*>("Cmd_option_2")->click();
+    click(window, QStringLiteral("Cmd_option_2"));
     EXPECT_FALSE(tri->isEnabled());
 
     perfs->setCurrentIndex(perfs->model()->index(3, 0));
@@ -92,35 +151,36 @@ TEST_F(PerfWindowsTest, HistoryAndItsProgressionChart)
     snapshot(window, QStringLiteral("perf_view.png"), QSize(1100, 640));
 
     chart_button->click();
-    QWidget* chart = main.child_window(QStringLiteral("frm_perf_progression"));
+    QWidget* chart = main.child_window(kChart);
     ASSERT_NE(chart, nullptr);
     EXPECT_EQ(chart->windowTitle(), QStringLiteral("Progression : Abgrall Anne - 100m n.l. Dames"));
     snapshot(chart, QStringLiteral("perf_chart.png"), QSize(900, 560));
-
     const QString png = work_file(QStringLiteral("progression.png"));
     const QString pdf = work_file(QStringLiteral("progression.pdf"));
     ui.files = {png, pdf};
-    chart->findChild<QPushButton*>("cmd_enregistrer")->click();
-    chart->findChild<QPushButton*>("cmd_enregistrer")->click();
+    click(chart, QStringLiteral("cmd_enregistrer"));
+    click(chart, QStringLiteral("cmd_enregistrer"));
     EXPECT_EQ(first_bytes(png, 4), QStringLiteral("\x89PNG"));
     EXPECT_EQ(first_bytes(pdf, 4), QStringLiteral("%PDF"));
-    chart->findChild<QPushButton*>("cmd_imprimer")->click();
+    click(chart, QStringLiteral("cmd_imprimer"));
     ASSERT_EQ(ui.printed.size(), 1u);
     EXPECT_TRUE(ui.printed[0].text.startsWith(QStringLiteral("Progression : Abgrall Anne")));
 
     // Its own button, Escape and the close box.
-    chart->findChild<QPushButton*>("cmd_quitter")->click();
-    gone(QStringLiteral("frm_perf_progression"));
-    chart_button->click();
-    chart = main.child_window(QStringLiteral("frm_perf_progression"));
-    ASSERT_NE(chart, nullptr);
-    QTest::keyClick(chart, Qt::Key_Escape);
-    gone(QStringLiteral("frm_perf_progression"));
-    chart_button->click();
-    chart = main.child_window(QStringLiteral("frm_perf_progression"));
-    ASSERT_NE(chart, nullptr);
-    chart->parentWidget()->close();
-    gone(QStringLiteral("frm_perf_progression"));
+    for (int way = 0; way < 3; ++way) {
+        if (way > 0)
+            chart_button->click();
+        chart = main.child_window(kChart);
+        ASSERT_NE(chart, nullptr) << way;
+        if (way == 0)
+            click(chart, QStringLiteral("cmd_quitter"));
+        else if (way == 1)
+            QTest::keyClick(chart, Qt::Key_Escape);
+        else
+            chart->parentWidget()->close();
+        EXPECT_TRUE(gone(kChart)) << way;
+        EXPECT_FALSE(app->windows.is_open(kChart)) << way;
+    }
     EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
 }
 
@@ -131,9 +191,7 @@ TEST_F(PerfWindowsTest, TheSwimmersListShowsItsColumnsWholeAtTheFirstSize)
                                             {"Prenom", "Anne-Sophie"}, {"Sexe", "F"}, {"Date_Naissance", "20051107"},
                                             {"Visible", true}},
                                            QStringLiteral("Num"));
-    app->db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, "
-                                    "Lieu, Num_compet, NumManuel) VALUES (2, '%1', %2, 25, '20250110', 1.082, 'Brest', 0, 0)")
-                         .arg(kClub, num));
+    perf(num, 2, QStringLiteral("20250110"), QStringLiteral("1.082"));
     QWidget* window = open(QStringLiteral("mnuPerfView"), QStringLiteral("frm_view_perf"));
     ASSERT_NE(window, nullptr);
     QApplication::processEvents();
@@ -142,11 +200,7 @@ TEST_F(PerfWindowsTest, TheSwimmersListShowsItsColumnsWholeAtTheFirstSize)
     // Name, licence and birth date in view without scrolling sideways.
     EXPECT_LE(swimmers->header()->length(), swimmers->viewport()->width());
     // Tab goes down the window as it is drawn: the search above the list.
-    QStringList order;
-    for (QWidget* w = window->nextInFocusChain(); w != window; w = w->nextInFocusChain())
-        if (w->objectName() == QLatin1String("txt_recherche") || w == swimmers)
-            order << w->objectName();
-    EXPECT_EQ(order.join(u' ').toStdString(), "txt_recherche LsvNageur");
+    EXPECT_EQ(tab_order(window, {"txt_recherche", "LsvNageur"}), QStringLiteral("txt_recherche LsvNageur"));
 }
 
 TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
@@ -163,49 +217,37 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
     ASSERT_GT(nages->model()->rowCount(), 0);
     nages->setCurrentIndex(nages->model()->index(1, 0));  // 50m n.l. Dames
     QTest::keyClick(nages, Qt::Key_Return);
-    auto* time = window->findChild<QLineEdit*>("txt_info_0");
-    QTest::keyClicks(time, QStringLiteral("0.3123"));
-    const std::pair<const char*, const char*> typed[] = {
-        {"txt_info_1", "Brest"}, {"txt_info_3", "01"}, {"txt_info_4", "03"}, {"txt_info_5", "2025"}};
-    for (const auto& [field, text] : typed)
-        QTest::keyClicks(window->findChild<QLineEdit*>(field), QString::fromUtf8(text));
+    fill(window, {{"txt_info_0", "0.3123"}, {"txt_info_1", "Brest"}, {"txt_info_3", "01"}, {"txt_info_4", "03"},
+                  {"txt_info_5", "2025"}});
     window->findChild<QWidget*>("Op_f_0")->setFocus();
-    qobject_cast<QAbstractButton*>(window->findChild<QWidget*>("Op_f_0"))->click();
+    click(window, QStringLiteral("Op_f_0"));
     snapshot(window, QStringLiteral("perf_ajout.png"), QSize(820, 600));
-
     ui.answers.push_back(Button::Yes);
-    window->findChild<QPushButton*>("Cmd_def_0")->click();
-    EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic, Tps, Date_perf, Codif_Fede, NumManuel FROM Liffn")).first(4),
-              QStringLiteral("1"));
+    click(window, QStringLiteral("Cmd_def_0"));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Num_Lic FROM Liffn")).first(), anne);
-    EXPECT_TRUE(time->text().isEmpty());
+    EXPECT_TRUE(window->findChild<QLineEdit*>("txt_info_0")->text().isEmpty());
 
     // The next event reached by the keyboard is the one the next swim goes to.
     nages->setFocus();
     QTest::keyClick(nages, Qt::Key_Down);
     ASSERT_EQ(nages->currentIndex().siblingAtColumn(1).data().toString(), QStringLiteral("100m n.l. Dames"));
-    const char* fields[][2] = {{"txt_info_0", "1.0850"}, {"txt_info_1", "Brest"}, {"txt_info_3", "02"},
-                               {"txt_info_4", "03"}, {"txt_info_5", "2025"}};
-    for (const auto& f : fields) {
-        auto* edit = window->findChild<QLineEdit*>(QLatin1String(f[0]));
-        edit->clear();
-        QTest::keyClicks(edit, QLatin1String(f[1]));
-    }
+    fill(window, {{"txt_info_0", "1.0850"}, {"txt_info_1", "Brest"}, {"txt_info_3", "02"}, {"txt_info_4", "03"},
+                  {"txt_info_5", "2025"}});
     ui.answers.push_back(Button::Yes);
-    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    click(window, QStringLiteral("Cmd_def_0"));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT group_concat(Code_epreuve, ' ') FROM (SELECT Code_epreuve FROM "
                                                "Liffn ORDER BY NumManuel)"))
                   .first(),
               QStringLiteral("1 2"));
-    window->findChild<QPushButton*>("cmd_quitter")->click();
-    gone(QStringLiteral("frm_ajout_perf"));
+    click(window, QStringLiteral("cmd_quitter"));
+    EXPECT_TRUE(gone(QStringLiteral("frm_ajout_perf")));
 }
 
-TEST_F(PerfWindowsTest, TheRelayDrawnAsChosenIsTheOneWhoseSwimmersAreListed)
+TEST_F(PerfWindowsTest, ManualRelayListsTheSwimmersOfTheEventReachedThenIsComposedAndSaved)
 {
-    swimmer(QStringLiteral("Abgrall"), QStringLiteral("F"));
-    swimmer(QStringLiteral("Bihan"), QStringLiteral("F"));
-    swimmer(QStringLiteral("Cozic"), QStringLiteral("M"));
+    for (const char* name : {"Abgrall", "Bihan", "Cozic", "Derrien"})
+        swimmer(QLatin1String(name), QStringLiteral("F"));
+    swimmer(QStringLiteral("Ezanno"), QStringLiteral("M"));
     QWidget* window = open(QStringLiteral("mnuPerfAjoutRelais"), QStringLiteral("frm_ajout_perf_relais"));
     ASSERT_NE(window, nullptr);
     auto* nages = window->findChild<QTreeView*>("LsvNage");
@@ -223,33 +265,23 @@ TEST_F(PerfWindowsTest, TheRelayDrawnAsChosenIsTheOneWhoseSwimmersAreListed)
         else if (label.endsWith(QLatin1String("Dames")))
             women = licences->model()->rowCount();
     }
-    EXPECT_EQ(mixed, 3);
-    EXPECT_EQ(women, 2);
-}
+    EXPECT_EQ(mixed, 5);
+    EXPECT_EQ(women, 4);
 
-TEST_F(PerfWindowsTest, ManualRelayComposedAndSaved)
-{
-    for (const char* name : {"Abgrall", "Bihan", "Cozic", "Derrien"})
-        swimmer(QLatin1String(name), QStringLiteral("F"));
-    QWidget* window = open(QStringLiteral("mnuPerfAjoutRelais"), QStringLiteral("frm_ajout_perf_relais"));
-    ASSERT_NE(window, nullptr);
-    auto* nages = window->findChild<QTreeView*>("LsvNage");
-    int row = 0;
-    while (row < nages->model()->rowCount() && nages->model()->index(row, 0).data().toString() != QLatin1String("8"))
-        ++row;
-    nages->setCurrentIndex(nages->model()->index(row, 0));
+    const QModelIndexList event8 =
+        nages->model()->match(nages->model()->index(0, 0), Qt::DisplayRole, "8", 1, Qt::MatchExactly);
+    ASSERT_EQ(event8.size(), 1);
+    nages->setCurrentIndex(event8[0]);
     QTest::keyClick(nages, Qt::Key_Return);
     auto* add = window->findChild<QPushButton*>("Cmd_add_0");
     for (int i = 0; i < 4; ++i)
         add->click();
     EXPECT_FALSE(add->isEnabled());
-    const std::pair<const char*, const char*> typed[] = {
-        {"txt_info_0", "4.1"}, {"txt_info_1", "Quimper"}, {"txt_info_3", "1"}, {"txt_info_4", "3"}, {"txt_info_5", "2025"}};
-    for (const auto& [field, text] : typed)
-        QTest::keyClicks(window->findChild<QLineEdit*>(field), QString::fromUtf8(text));
+    fill(window, {{"txt_info_0", "4.1"}, {"txt_info_1", "Quimper"}, {"txt_info_3", "1"}, {"txt_info_4", "3"},
+                  {"txt_info_5", "2025"}});
     snapshot(window, QStringLiteral("perf_ajout_relais.png"), QSize(1040, 740));
     ui.answers.push_back(Button::Yes);
-    window->findChild<QPushButton*>("Cmd_def_0")->click();
+    click(window, QStringLiteral("Cmd_def_0"));
     EXPECT_EQ(app->db.load_rows(QStringLiteral("SELECT Tps, Relayeur5 FROM Liffn_relais")).first(1),
               app->state.num_lic_nulle);
     EXPECT_TRUE(ui.titled(QStringLiteral("Erreur")).empty()) << ui.texts().join(u'\n').toStdString();
