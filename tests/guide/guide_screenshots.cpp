@@ -278,11 +278,12 @@ int main(int argc, char** argv)
                [&] { shoot.click(u"frm_view_record"_s, u"cmd_chercher"_s); });
     shoot.menu("table-cotation", "mnuOutilsCalculPoint", [&] {
         shoot.pick(u"frm_calpts"_s, u"LsvNage"_s, 2);
-        shoot.type(u"frm_calpts"_s, u"Txt_Time_0"_s, u"1:12.50"_s);
+        // Time fields take M.SSCC: digits and one point, as a person types them.
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_0"_s, u"1.1250"_s);
         shoot.click(u"frm_calpts"_s, u"Cmd_calpts"_s);
-        shoot.type(u"frm_calpts"_s, u"Txt_Time_1"_s, u"1:10.00"_s);
-        shoot.type(u"frm_calpts"_s, u"Txt_Time_2"_s, u"1:15.00"_s);
-        shoot.click(u"frm_calpts"_s, u"Cmd_TablePts"_s);
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_1"_s, u"1.1000"_s);
+        shoot.type(u"frm_calpts"_s, u"Txt_Time_2"_s, u"1.1500"_s);
+        shoot.click(u"frm_calpts"_s, u"Cmd_TableTps"_s);
     });
     shoot.menu("calculatrice-temps", "mnuOutilsCalculTps", [&] {
         for (const char* time : {"0.3215", "0.3540", "0.3387", "0.3192"}) {
