@@ -16,7 +16,7 @@ namespace {
 struct Swim {
     int code = 0;
     double time = 0;
-    bool first_leg = false;
+    PerfMarks marks;
 };
 
 struct RelaySwim {
@@ -55,6 +55,16 @@ bool is_time(double t)
 
 }  // namespace
 
+QString perf_comment(PerfMarks marks)
+{
+    QStringList parts;
+    if (marks.first_leg)
+        parts.append(QString::fromUtf8(kFirstLegComment));
+    if (marks.intermediate)
+        parts.append(QString::fromUtf8(kIntermediateComment));
+    return parts.join(QStringLiteral(", "));
+}
+
 int export_performances(Database& db, const QString& club_code, bool all_clubs, const QString& path,
                         exchange::Trace& trace, OperationProgress& progress)
 {
@@ -69,7 +79,7 @@ int export_performances(Database& db, const QString& club_code, bool all_clubs, 
     };
     int rows = 0, skipped = 0;
     Statement swims(db, QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
-                                       "Passage_relais FROM Liffn") + where);
+                                       "Passage_relais, Tps_inter FROM Liffn") + where);
     Statement relays(db, QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
                                         "Relayeur1, Relayeur2, Relayeur3, Relayeur4, Relayeur5, Relayeur6, Relayeur7, "
                                         "Relayeur8, Relayeur9, Relayeur10 FROM Liffn_relais") + where);
@@ -90,7 +100,7 @@ int export_performances(Database& db, const QString& club_code, bool all_clubs, 
         MeetPart& m = meet_of(swims.text(6), swims.text(4), swims.integer(3));
         m.codes.insert(swims.integer(0));
         m.clubs[swims.text(1)].swims[swims.integer(2)].append(
-            {swims.integer(0), swims.real(5), swims.text(7).trimmed() == QLatin1String("R")});
+            {swims.integer(0), swims.real(5), {swims.text(7).trimmed() == QLatin1String("R"), swims.integer(8) != 0}});
         ++rows;
     }
     std::set<int> people;
@@ -186,8 +196,7 @@ int export_performances(Database& db, const QString& club_code, bool all_clubs, 
                         xml.writeStartElement(QStringLiteral("RESULT"));
                         xml.writeAttribute(QStringLiteral("eventid"), QString::number(s.code));
                         xml.writeAttribute(QStringLiteral("swimtime"), format_swimtime(s.time));
-                        if (s.first_leg)
-                            xml.writeAttribute(QStringLiteral("comment"), QLatin1String(kFirstLegComment));
+                        attribute(xml, "comment", perf_comment(s.marks));
                         xml.writeEndElement();
                     }
                     xml.writeEndElement();

@@ -20,6 +20,20 @@ int age_on(const QString& birthdate, const QString& date)
     return std::max(age, 0);
 }
 
+PerfMarks perf_marks(const QString& comment)
+{
+    PerfMarks marks;
+    for (const QString& part : comment.split(QStringLiteral(", "))) {
+        if (part == QString::fromUtf8(kFirstLegComment))
+            marks.first_leg = true;
+        else if (part == QString::fromUtf8(kIntermediateComment))
+            marks.intermediate = true;
+        else
+            return {};
+    }
+    return marks;
+}
+
 namespace {
 
 QString time_key(double t)
@@ -43,14 +57,12 @@ public:
                                     "Codif_Depart, Num_compet, NumManuel) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
                                     "?, ?, ?, ?, ' ', ' ', ' ', ' ', 0, 0)"))
     {
-        Statement s(db, QStringLiteral("SELECT Code_epreuve, Num_Lic, Type_bassin, Date_perf, Tps, Passage_relais FROM Liffn"));
+        Statement s(db, QStringLiteral("SELECT Code_epreuve, Num_Lic, Type_bassin, Date_perf, Tps, Passage_relais, "
+                                       "Tps_inter FROM Liffn"));
         s.query();
         while (s.next())
-            seen_.insert(QStringLiteral("%1|%2|%3|%4|%5|%6")
-                             .arg(s.integer(0))
-                             .arg(s.integer(1))
-                             .arg(s.integer(2))
-                             .arg(s.text(3), time_key(s.real(4)), s.text(5).trimmed()));
+            seen_.insert(swim_key(s.integer(0), s.integer(1), s.integer(2), s.text(3), s.real(4),
+                                  {s.text(5).trimmed() == QLatin1String("R"), s.integer(6) != 0}));
         Statement r(db, QStringLiteral("SELECT Code_epreuve, Code_club, Type_bassin, Date_perf, Tps, Relayeur1, "
                                        "Relayeur2, Relayeur3, Relayeur4 FROM Liffn_relais"));
         r.query();
@@ -96,6 +108,18 @@ public:
     PerfCounts counts;
 
 private:
+    // An intermediate time and a full performance of the same time are two
+    // performances, as are a first leg's time and a swim of its own.
+    static QString swim_key(int code, int num, int pool, const QString& date, double tps, PerfMarks marks)
+    {
+        return QStringLiteral("%1|%2|%3|%4|%5|%6%7")
+            .arg(code)
+            .arg(num)
+            .arg(pool)
+            .arg(date, time_key(tps), marks.first_leg ? QStringLiteral("R") : QString(),
+                 marks.intermediate ? QStringLiteral("I") : QString());
+    }
+
     static QString relay_key(int code, const QString& club, int pool, const QString& date, double tps,
                              const std::array<int, 4>& legs)
     {
@@ -110,23 +134,20 @@ private:
             .arg(legs[3]);
     }
 
-    void add_swim(int code, const QString& club, int num, const QString& date, double tps, bool first_leg,
-                  bool splits)
+    // A result's splits are times inside its own race, not performances:
+    // only a result marked as one is an intermediate time.
+    void add_swim(int code, const QString& club, int num, const QString& date, double tps, PerfMarks marks)
     {
-        const QString passage = first_leg ? QStringLiteral("R") : QStringLiteral(" ");
-        const QString k = QStringLiteral("%1|%2|%3|%4|%5|%6")
-                              .arg(code)
-                              .arg(num)
-                              .arg(pool_)
-                              .arg(date, time_key(tps), passage.trimmed());
+        const QString k = swim_key(code, num, pool_, date, tps, marks);
         if (seen_.contains(k)) {
             ++counts.already;
             return;
         }
         seen_.insert(k);
-        swim_.run({code, club, num, pool_, date, tps, meet_->city, passage, splits,
+        swim_.run({code, club, num, pool_, date, tps, meet_->city,
+                   marks.first_leg ? QStringLiteral("R") : QStringLiteral(" "), marks.intermediate,
                    age_on(swimmers_.birthdate_of(num), date)});
-        ++(first_leg ? counts.first_legs : counts.swims);
+        ++(marks.first_leg ? counts.first_legs : counts.swims);
     }
 
     void athlete(const Athlete& a, const QString& club_code, int num)
@@ -161,8 +182,7 @@ private:
             if (code < 0 || e->style.relaycount > 1)
                 continue;
             guarded(r, [&] {
-                add_swim(code, club, num, e->date, r.time, r.comment == QLatin1String(kFirstLegComment),
-                         !r.splits.isEmpty());
+                add_swim(code, club, num, e->date, r.time, perf_marks(r.comment));
             });
         }
     }
@@ -200,7 +220,7 @@ private:
                         const int num = nums.value(first->athleteid);
                         guarded(r, [&] {
                             add_swim(leg_code, club_code.isEmpty() ? swimmers_.club_of(num) : club_code, num,
-                                     e->date, s.time, true, false);
+                                     e->date, s.time, {.first_leg = true});
                         });
                     }
                 }

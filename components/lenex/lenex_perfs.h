@@ -18,6 +18,19 @@ namespace plouvarine::lenex {
 
 // The comment of a result that stands for a relay's first leg (Passage_relais "R").
 inline constexpr char kFirstLegComment[] = "Premier relayeur";
+// The comment of a result that stands for an intermediate time (Tps_inter):
+// a split kept as a performance at its own distance.
+inline constexpr char kIntermediateComment[] = "Temps intermédiaire";
+
+// The marks of a performance that a result's comment carries: none for a full
+// performance, one of the comments above, or both joined by ", " (a first
+// leg's time that is itself an intermediate time).
+struct PerfMarks {
+    bool first_leg = false, intermediate = false;
+};
+QString perf_comment(PerfMarks marks);
+// Any other comment (an organiser's free text) marks nothing.
+PerfMarks perf_marks(const QString& comment);
 
 struct PerfCounts {
     int swims = 0, first_legs = 0, relays = 0;

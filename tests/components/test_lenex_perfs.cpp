@@ -67,6 +67,8 @@ TEST_P(RealPerformances, TheTimedSwimsOfTheBaseSwimmersComeInOnceAndNobodyIsAdde
     EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Type_bassin NOT IN (25, 50) OR Lieu = '' "
                                    "OR length(Date_perf) <> 8 OR Age_perf <= 0 OR Tps <= 0 OR Tps >= 91")),
               0);
+    // A result's splits do not make it an intermediate time.
+    EXPECT_EQ(count(QStringLiteral("SELECT count(*) FROM Liffn WHERE Tps_inter")), 0);
 
     const int before = total();
     import_perfs(file);
@@ -83,9 +85,10 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     const QString file = lenex_file(QStringLiteral("38468.lxf"));
     seed_athletes(file);
     import_perfs(file);
-    // Liffn without Tps_inter, which the exported file does not carry.
+    // Liffn without the codifications, which the exported file does not carry.
     const QString swims = QStringLiteral("SELECT Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
-                                         "Passage_relais, Age_perf, Num_compet FROM Liffn ORDER BY 1, 2, 3, 4, 5, 6, 8");
+                                         "Passage_relais, Tps_inter, Age_perf, Num_compet FROM Liffn "
+                                         "ORDER BY 1, 2, 3, 4, 5, 6, 8, 9");
     const QString relays = QStringLiteral("SELECT * FROM Liffn_relais ORDER BY 1, 2, 3, 4, 5, 6, 8");
     const QStringList swims_before = rows(swims), relays_before = rows(relays);
     ASSERT_GT(swims_before.size(), 1000);
@@ -130,6 +133,50 @@ TEST_F(Performances, ExportedPerformancesReadBackToTheSameRows)
     EXPECT_TRUE(trace().contains(QStringLiteral("Aucune performance à exporter.")));
 }
 
+TEST_F(Performances, IntermediateTimesAndFirstLegsKeepTheirMarksThroughTheExchange)
+{
+    db.exec_sql(QStringLiteral("INSERT INTO Licence (Code_club, Licence, Nom, Prenom, Sexe, Date_Naissance, Visible) "
+                               "VALUES ('0929001', '123456A', 'Le Goff', 'Anne', 'F', '20100504', true)"));
+    // The same time four ways: a full performance, a first leg, an intermediate
+    // time, and an intermediate time within a first leg.
+    db.exec_sql(QStringLiteral("INSERT INTO Liffn (Code_epreuve, Code_club, Num_Lic, Type_bassin, Date_perf, Tps, Lieu, "
+                               "Codif_Fede, Codif_Inter, Codif_Reg, Codif_Depart, Passage_relais, Tps_inter, Age_perf, "
+                               "Num_compet, NumManuel) SELECT 2, '0929001', Num, 25, '20250110', 1.0512, 'Quimper', ' ', "
+                               "' ', ' ', ' ', m.passage, m.inter, 14, 0, 0 FROM Licence, (SELECT ' ' AS passage, false "
+                               "AS inter UNION SELECT 'R', false UNION SELECT ' ', true UNION SELECT 'R', true) m"));
+    const QString marks = QStringLiteral("SELECT Passage_relais, Tps_inter, Tps FROM Liffn ORDER BY 1, 2");
+    const QStringList expected = {QStringLiteral(" |Faux|1.0512"), QStringLiteral(" |Vrai|1.0512"),
+                                  QStringLiteral("R|Faux|1.0512"), QStringLiteral("R|Vrai|1.0512")};
+    ASSERT_EQ(rows(marks), expected);
+
+    ExchangeCall out;
+    out.option = false;
+    ASSERT_TRUE(run(QStringLiteral("expperf"), QStringLiteral("bexport_performance"), out)) << trace().toStdString();
+    const QString exported = path(QStringLiteral("marks.lef"));
+    ASSERT_TRUE(QFile::rename(path(QStringLiteral("tmpexpimp/performances.lef")), exported));
+    // Back into the base that has them: each is already there.
+    import_perfs(exported);
+    EXPECT_EQ(rows(marks), expected);
+    EXPECT_TRUE(trace().contains(QStringLiteral("4 déjà présente(s)"))) << trace().toStdString();
+
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
+    import_perfs(exported);
+    EXPECT_EQ(rows(marks), expected) << trace().toStdString();
+    import_perfs(exported);
+    EXPECT_EQ(rows(marks), expected);
+
+    // An organiser's own comment marks nothing.
+    db.exec_sql(QStringLiteral("DELETE FROM Liffn"));
+    const QString other = path(QStringLiteral("other.lef"));
+    QByteArray bytes = lenex_bytes(exported);
+    ASSERT_EQ(bytes.count(QByteArray("comment=\"Temps intermédiaire\"")), 1);
+    bytes.replace(QByteArray("comment=\"Temps intermédiaire\""), QByteArray("comment=\"Temps intermédiaire 50 m\""));
+    bytes.replace(QByteArray("comment=\"Premier relayeur, Temps intermédiaire\""), QByteArray("comment=\"Premier relayeur, chrono manuel\""));
+    write_bytes(other, bytes);
+    import_perfs(other);
+    EXPECT_EQ(rows(QStringLiteral("SELECT Passage_relais, Tps_inter FROM Liffn ORDER BY 1, 2")),
+              (QStringList{QStringLiteral(" |Faux"), QStringLiteral("R|Faux")}));
+}
 
 TEST_F(Performances, AFolderOfAThousandFilesWithABadOneTakesEveryGoodFile)
 {
