@@ -31,9 +31,13 @@ QString piscine_reference(Database& db)
     if (num.isEmpty()) {
         db.exec_sql(QStringLiteral("INSERT INTO Piscine (Nom) VALUES ('Null');"));
         num = db.load_rows(select).first();
+        if (num.isEmpty())
+            throw Error(0, QStringLiteral("Piscine de référence introuvable après sa création."));
+        // The competitions left on the row that went (it had another Num) had
+        // no pool: they fall on the new one, or the joins on Piscine lose them.
+        db.exec_sql(QStringLiteral("UPDATE Rcomp SET Num_Piscine = ") + sql_key(num) +
+                    QStringLiteral(" WHERE Num_Piscine NOT IN (SELECT Num FROM Piscine);"));
     }
-    if (num.isEmpty())
-        throw Error(0, QStringLiteral("Piscine de référence introuvable après sa création."));
     return num;
 }
 
