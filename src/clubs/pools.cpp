@@ -5,6 +5,7 @@
 #include "src/frame/keywords.h"
 #include "src/frame/list_helpers.h"
 #include "src/base/sql_text.h"
+#include "src/store/sentinels.h"
 
 #include <QStandardItem>
 
@@ -36,8 +37,9 @@ int number_or(const QString& text, int fallback)
 
 QString NumPiscineNulle(AppContext& app)
 {
-    return app.db.load_rows(QStringLiteral("select Num from Piscine where Nom = ") + quote_sql(kNullPool))
-        .first();
+    // A base from elsewhere, or one edited by hand, may lack the row: it is
+    // made again rather than leaving competitions without a pool to fall on.
+    return piscine_reference(app.db);
 }
 
 QString AjoutePiscine(AppContext& app, const Pool& pool)

@@ -22,7 +22,8 @@ struct Pool {
     int bassin = 25;    // 25 or 50 metres
 };
 
-// The Num of the reference pool "Null".
+// The Num of the reference pool "Null", made again when the base lacks it;
+// throws on a base error.
 QString NumPiscineNulle(AppContext& app);
 // Adds the pool and gives its new Num, or the empty text on failure.
 QString AjoutePiscine(AppContext& app, const Pool& pool);

@@ -13,7 +13,11 @@ class Services;
 // Gives Licence.Num of the sentinel swimmer, creating it under the current club
 // when missing; the empty text after an error (already reported).
 QString check_licence_nulle(Database& db, Services& ui, const QString& club_code);
-// Creates the reference pool when missing.
+// Gives Piscine.Num of the reference pool, creating it when missing (the
+// competitions whose pool no longer exists are put on it); throws when the
+// base cannot be read or written.
+QString piscine_reference(Database& db);
+// Creates the reference pool when missing; an error is reported.
 void check_piscine_reference(Database& db, Services& ui);
 
 }  // namespace plouvarine

@@ -87,6 +87,27 @@ TEST_F(PoolsTest, DeletingAPoolMovesItsCompetitionsToTheReference)
     EXPECT_FALSE(app->is_busy());
 }
 
+// A base without the reference row (from elsewhere, or edited by hand): the
+// deletion makes it again, once, and the competitions fall on it, those left
+// on the removed row too.
+TEST_F(PoolsTest, DeletingOnABaseWithoutTheReferenceMakesItAgain)
+{
+    exec(u"INSERT INTO Rcomp (Nom, Num_Piscine) VALUES ('Coupe', %1);"_s.arg(NumPiscineNulle(*app)));
+    exec(u"DELETE FROM Piscine WHERE Nom = 'Null';"_s);
+    const QString gone = add(u"Bréquigny"_s);
+    exec(u"INSERT INTO Rcomp (Nom, Num_Piscine) VALUES ('Meeting', %1);"_s.arg(gone));
+
+    PoolListView* list = open_list(QString(keyword::kSuppr));
+    ASSERT_NE(list, nullptr);
+    list->ok({0});
+    list->close_command();
+    EXPECT_TRUE(ui.messages.empty()) << ui.texts().join(u'|').toStdString();
+    EXPECT_EQ(ui.status[2], u"Suppression enregistrée"_s);
+    EXPECT_EQ(dump(u"select Nom, NbCouloir, Bassin from Piscine"_s), QStringList{u"Null::"_s});
+    const QString ref = NumPiscineNulle(*app);
+    EXPECT_EQ(dump(u"select Num_Piscine from Rcomp"_s), (QStringList{ref, ref}));
+}
+
 // Every text is written with characters that break a hand-made statement,
 // new and then changed.
 TEST_F(PoolsTest, TheDetailSavesNewAndChangedPoolsAsTyped)

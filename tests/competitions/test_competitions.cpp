@@ -176,11 +176,13 @@ TEST_F(CompetBase, InterclubsIsAlways25mAndAnimationAndTheKeyFilterKeepsCapitals
     EXPECT_EQ(loaded.codif, (std::array<int, 4>{2, 2, 2, 2}));
     EXPECT_EQ(loaded.lbl_piscine, "");
 
-    // Without the reference pool the join finds nothing: the fields stay empty.
+    // The reference pool removed by hand: the detail makes it again and the
+    // competition left on the old row still loads, on the new one.
     exec(u"delete from Piscine where Nom = 'Null'"_s);
     DetCompet orphan(*app, QString(keyword::kModif), num);
     orphan.load();
-    EXPECT_EQ(orphan.text1[DetCompet::kNom], "");
+    EXPECT_EQ(orphan.text1[DetCompet::kNom], "Meeting I1");
+    EXPECT_EQ(ChampCompet(*app, num, u"Num_Piscine"_s), NumPiscineNulle(*app));
 }
 
 TEST_F(CompetBase, ModifShortensTheProgrammeAndChoosesAPool)

@@ -432,6 +432,9 @@ TEST_F(ChildWindowsTest, TeamPointsShowTheirSheets)
                                     "Equipe_mixte, Tps) VALUES (1, %1, 57, 1, 1, 0, 1.5797)").arg(compet));
     QWidget* window = open(QStringLiteral("mnuOutilsCalculPointEquipe"), QStringLiteral("frm_PtsInter"));
     ASSERT_NE(window, nullptr);
+    // Tab goes down the left column as drawn, then to the sheets beside it.
+    EXPECT_EQ(tab_order(window, {"rich", "cmd_1", "cmd_2", "cmd_0", "chk_relais", "lsv_numauto"}),
+              QStringLiteral("lsv_numauto chk_relais cmd_0 cmd_2 cmd_1 rich"));
     auto* print = window->findChild<QPushButton*>("cmd_2");
     EXPECT_FALSE(print->isEnabled());
     click(window, QStringLiteral("cmd_0"));
