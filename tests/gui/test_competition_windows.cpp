@@ -47,7 +47,6 @@ TEST_F(CompetWindowTest, NewCompetitionIsTypedAndSavedThenListed)
                {"txt_date_12", "2025"}});
     EXPECT_EQ(det->findChild<QLineEdit*>("text1_1")->text(), "B25");
     click(det, "Option1_1");  // interclubs: 25 m and Animation, locked
-    EXPECT_TRUE(det->findChild<QRadioButton*>("Op_d_2")->isChecked());
     EXPECT_FALSE(det->findChild<QRadioButton*>("Op_bass_1")->isEnabled());
     click(det, "Command1_0");
     EXPECT_EQ(ui.texts(), QStringList{QStringLiteral("Compétition mémorisée avec succès.")});
