@@ -239,8 +239,6 @@ TEST_F(PerfWindowsTest, ManualSwimTypedAndSaved)
                                                "Liffn ORDER BY NumManuel)"))
                   .first(),
               QStringLiteral("1 2"));
-    click(window, QStringLiteral("cmd_quitter"));
-    EXPECT_TRUE(gone(QStringLiteral("frm_ajout_perf")));
 }
 
 TEST_F(PerfWindowsTest, ManualRelayListsTheSwimmersOfTheEventReachedThenIsComposedAndSaved)
